@@ -1,0 +1,13 @@
+# Warnings and sanitizers for every target of this project.
+# qxtools_options(<target>) is called once a target, right after it is made.
+function(qxtools_options target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion)
+  if(QXTOOLS_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(QXTOOLS_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${QXTOOLS_SANITIZE}
+                           -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${QXTOOLS_SANITIZE})
+  endif()
+endfunction()

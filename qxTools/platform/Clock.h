@@ -1,0 +1,25 @@
+/// @file
+/// The local date and time, from a replaceable source.
+#pragma once
+
+#include <qxTools/Export.h>
+#include <qxTools/runtime/Types.h>
+
+namespace qxTools {
+
+/// A clock. Tests, and hosts that want repeatable keys, plug in their own.
+class QXTOOLS_API ClockSource {
+ public:
+  virtual ~ClockSource();
+  /// The local date and time, to the microsecond or better where the system has it.
+  virtual TDateTime Now() = 0;
+};
+
+/// Plugs in a clock, which the caller keeps; null brings the system's clock back.
+/// @return the clock plugged in before, or null.
+QXTOOLS_API ClockSource* SetClockSource(ClockSource* source);
+
+/// The local date and time by the plugged-in clock, or by the system's.
+QXTOOLS_API TDateTime Now();
+
+}  // namespace qxTools

@@ -1,0 +1,24 @@
+/// @file
+/// Letter case for byte strings: ASCII letters only, every other byte kept, no locale asked.
+///
+/// On purpose: the second byte of a double-byte character is a byte like any other, so one in the
+/// range of the letters changes with them. Names in old data were compared and stored this way.
+#pragma once
+
+#include <qxTools/Export.h>
+
+#include <string>
+#include <string_view>
+
+namespace qxTools {
+
+constexpr char UpperChar(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+constexpr char LowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+/// `s` with a to z as A to Z.
+QXTOOLS_API std::string UpperCase(std::string_view s);
+
+/// `s` with A to Z as a to z.
+QXTOOLS_API std::string LowerCase(std::string_view s);
+
+}  // namespace qxTools

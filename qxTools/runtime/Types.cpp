@@ -1,0 +1,7 @@
+#include <qxTools/runtime/Types.h>
+
+namespace qxTools {
+
+TObject::~TObject() = default;
+
+}  // namespace qxTools
