@@ -1,0 +1,36 @@
+#include <fcntl.h>
+#include <qxTools/platform/linux/FileDescriptor.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+namespace qxTools {
+
+FileDescriptor::~FileDescriptor() {
+  if (IsOpen()) ::close(fd_);
+}
+
+FileDescriptor OpenFile(const std::string& fileName, int flags, unsigned mode) {
+  // The system would stop at a NUL and open another file.
+  if (fileName.find('\0') != std::string::npos) {
+    errno = EINVAL;
+    return FileDescriptor();
+  }
+  int fd = -1;
+  do fd = ::open(fileName.c_str(), flags | O_CLOEXEC, mode);
+  while (fd < 0 && errno == EINTR);
+  return FileDescriptor(fd);
+}
+
+bool LockFile(int fd, bool exclusive) {
+  return ::flock(fd, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+std::string FileErrorText(const char* what, const std::string& fileName) {
+  return std::string("Cannot ") + what + " file \"" + fileName + "\". " +
+         std::generic_category().message(errno);
+}
+
+}  // namespace qxTools

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace qxTools {
+
+/// An open file that is closed with its owner.
+class FileDescriptor {
+ public:
+  explicit FileDescriptor(int fd = -1) : fd_(fd) {}
+  FileDescriptor(FileDescriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    std::swap(fd_, other.fd_);
+    return *this;
+  }
+  ~FileDescriptor();
+
+  int Get() const { return fd_; }
+  bool IsOpen() const { return fd_ >= 0; }
+
+ private:
+  int fd_;
+};
+
+/// open(), tried again when a signal broke it off, and closed on exec; errno says why it failed.
+FileDescriptor OpenFile(const std::string& fileName, int flags, unsigned mode = 0);
+
+/// Takes an advisory lock without waiting. @return false only when somebody else holds one.
+bool LockFile(int fd, bool exclusive);
+
+/// `Cannot open file "NAME". REASON`, or create; the reason is that of errno.
+std::string FileErrorText(const char* what, const std::string& fileName);
+
+}  // namespace qxTools

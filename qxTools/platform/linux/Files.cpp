@@ -1,0 +1,194 @@
+#include <fcntl.h>
+#include <qxTools/platform/Files.h>
+#include <qxTools/platform/linux/FileDescriptor.h>
+#include <qxTools/runtime/Exceptions.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+
+namespace qxTools {
+
+namespace {
+
+constexpr std::size_t kPiece = std::size_t{1} << 20;
+constexpr int kMaxTries = 1000;
+
+[[noreturn]] void RaiseCannotCreate(const std::string& fileName) {
+  throw EFCreateError(FileErrorText("create", fileName));
+}
+
+void WriteAll(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) throw EWriteError("Stream write error");
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+void Flush(int fd) {
+  // A pipe or a device has no disk to be flushed to.
+  if (::fsync(fd) != 0 && errno != EINVAL && errno != ENOTSUP) throw EWriteError("Stream write error");
+}
+
+/// The file behind symbolic links; the name itself when nothing is there yet.
+std::string FollowLinks(const std::string& fileName) {
+  const std::unique_ptr<char, decltype(&std::free)> path(::realpath(fileName.c_str(), nullptr), &std::free);
+  return path != nullptr ? path.get() : fileName;
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+/// Makes a file that nobody else has, in the folder of `path`; its name goes to `name`.
+FileDescriptor MakeTemporary(const std::string& path, std::string& name) {
+  static std::atomic<unsigned> counter{0};
+  const std::string stem = FolderOf(path) + "/.qxtools-" + std::to_string(::getpid()) + "-";
+  for (int tries = 0; tries < kMaxTries; ++tries) {
+    name = stem + std::to_string(counter++) + ".tmp";
+    FileDescriptor file = OpenFile(name, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (file.IsOpen() || errno != EEXIST) return file;
+  }
+  return FileDescriptor();
+}
+
+bool IsLink(const std::string& path) {
+  struct stat info {};
+  return ::lstat(path.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+}
+
+/// Gives the new file the owner and the mode of the old one.
+bool TakeOver(int fd, const struct stat& old) {
+  struct stat made {};
+  if (::fstat(fd, &made) != 0) return false;
+  const bool sameOwner = made.st_uid == old.st_uid && made.st_gid == old.st_gid;
+  if (!sameOwner && ::fchown(fd, old.st_uid, old.st_gid) != 0) return false;
+  return ::fchmod(fd, old.st_mode & 07777) == 0;
+}
+
+}  // namespace
+
+std::string ReadWholeFile(const std::string& fileName) {
+  const FileDescriptor file = OpenFile(fileName, O_RDONLY);
+  if (!file.IsOpen()) throw EFOpenError(FileErrorText("open", fileName));
+  if (!LockFile(file.Get(), false)) throw EFOpenError(FileErrorText("open", fileName));
+  struct stat info {};
+  const bool sized = ::fstat(file.Get(), &info) == 0 && S_ISREG(info.st_mode);
+  std::string bytes;
+  // One byte more than the file has, so that its end is met without another piece.
+  std::size_t room = sized ? static_cast<std::size_t>(info.st_size) + 1 : kPiece;
+  for (std::size_t size = 0;;) {
+    if (size == room) room *= 2;
+    bytes.resize(room);
+    const ssize_t got = ::read(file.Get(), bytes.data() + size, room - size);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0 && errno == EISDIR) throw EFOpenError(FileErrorText("open", fileName));
+    if (got < 0) throw EReadError("Stream read error");
+    size += static_cast<std::size_t>(got);
+    if (got == 0) {
+      bytes.resize(size);
+      return bytes;
+    }
+  }
+}
+
+struct WholeFileWriter::Target {
+  std::string fileName;   // as given, for messages
+  std::string path;       // behind symbolic links
+  std::string temporary;  // empty when the bytes are gathered for writing in place
+  FileDescriptor old;     // the old file, locked; not open when there was none
+  FileDescriptor file;    // the temporary file
+  std::string gathered;
+
+  ~Target() {
+    if (!temporary.empty()) ::unlink(temporary.c_str());
+  }
+  void Open();
+  void OpenTemporary();
+  bool CanBeRenamedOver(struct stat& info) const;
+  void Rename();
+  void WriteInPlace();
+};
+
+void WholeFileWriter::Target::Open() {
+  path = FollowLinks(fileName);
+  old = OpenFile(path, O_WRONLY);
+  if (!old.IsOpen() && errno != ENOENT) RaiseCannotCreate(fileName);
+  if (old.IsOpen() && !LockFile(old.Get(), true)) RaiseCannotCreate(fileName);
+  OpenTemporary();
+}
+
+bool WholeFileWriter::Target::CanBeRenamedOver(struct stat& info) const {
+  return ::fstat(old.Get(), &info) == 0 && S_ISREG(info.st_mode) && info.st_nlink == 1;
+}
+
+void WholeFileWriter::Target::OpenTemporary() {
+  struct stat info {};
+  if (old.IsOpen() && !CanBeRenamedOver(info)) return;
+  if (!old.IsOpen() && IsLink(path)) return;  // a link to a file that is still to be made
+  file = MakeTemporary(path, temporary);
+  if (!file.IsOpen()) {
+    temporary.clear();
+    if (!old.IsOpen()) RaiseCannotCreate(fileName);
+    return;
+  }
+  if (!old.IsOpen() || TakeOver(file.Get(), info)) return;
+  ::unlink(temporary.c_str());
+  temporary.clear();
+  file = FileDescriptor();
+}
+
+void WholeFileWriter::Target::Rename() {
+  Flush(file.Get());
+  if (::rename(temporary.c_str(), path.c_str()) != 0) RaiseCannotCreate(fileName);
+  temporary.clear();
+  const FileDescriptor folder = OpenFile(FolderOf(path), O_RDONLY | O_DIRECTORY);
+  // The file is in its place; only a crash of the machine could still take the new name back.
+  if (folder.IsOpen()) ::fsync(folder.Get());
+}
+
+void WholeFileWriter::Target::WriteInPlace() {
+  if (!old.IsOpen()) old = OpenFile(path, O_WRONLY | O_CREAT, 0666);
+  if (!old.IsOpen()) RaiseCannotCreate(fileName);
+  struct stat info {};
+  const bool regular = ::fstat(old.Get(), &info) == 0 && S_ISREG(info.st_mode);
+  if (regular && ::ftruncate(old.Get(), 0) != 0) throw EWriteError("Stream write error");
+  WriteAll(old.Get(), gathered);
+  Flush(old.Get());
+}
+
+WholeFileWriter::WholeFileWriter(const std::string& fileName) : target_(std::make_unique<Target>()) {
+  target_->fileName = fileName;
+  target_->Open();
+}
+
+WholeFileWriter::~WholeFileWriter() = default;
+
+void WholeFileWriter::Write(std::string_view bytes) {
+  if (target_->temporary.empty())
+    target_->gathered += bytes;
+  else
+    WriteAll(target_->file.Get(), bytes);
+}
+
+void WholeFileWriter::Commit() {
+  if (target_->temporary.empty())
+    target_->WriteInPlace();
+  else
+    target_->Rename();
+}
+
+void SaveWholeFile(const std::string& fileName, std::string_view bytes) {
+  WholeFileWriter writer(fileName);
+  writer.Write(bytes);
+  writer.Commit();
+}
+
+}  // namespace qxTools

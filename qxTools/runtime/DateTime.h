@@ -1,0 +1,65 @@
+/// @file
+/// Dates and times of day as TDateTime, and their text in the format settings' short date format.
+///
+/// A TDateTime is rounded to the nearest millisecond before it is taken apart. Before 30 December 1899 the
+/// fraction still counts forward from midnight of the day that the truncated number names: -1.25 is 6 in the
+/// morning of 29 December 1899.
+#pragma once
+
+#include <qxTools/Export.h>
+#include <qxTools/runtime/Types.h>
+
+namespace qxTools {
+
+struct DateParts {
+  int Year = 0;  ///< 1 to 9999
+  int Month = 0;
+  int Day = 0;
+
+  friend bool operator==(const DateParts&, const DateParts&) = default;
+};
+
+struct TimeParts {
+  int Hour = 0;
+  int Minute = 0;
+  int Second = 0;
+  int Millisecond = 0;
+
+  friend bool operator==(const TimeParts&, const TimeParts&) = default;
+};
+
+/// Whether the calendar has that date, years 1 to 9999.
+QXTOOLS_API bool IsValidDate(int year, int month, int day);
+
+/// The days of `month` (1 to 12).
+QXTOOLS_API int DaysInMonth(int year, int month);
+
+/// Midnight of that day.
+/// @throws EConvertError on a date that the calendar does not have, or a year outside 1 to 9999.
+QXTOOLS_API TDateTime EncodeDate(int year, int month, int day);
+
+/// Year, month and day.
+/// @throws EConvertError for a moment outside the years 1 to 9999, or not a number.
+QXTOOLS_API DateParts DecodeDate(TDateTime date);
+
+/// The time of day.
+/// @throws EConvertError as DecodeDate.
+QXTOOLS_API TimeParts DecodeTime(TDateTime date);
+
+/// The date in the short date format; the time of day is dropped.
+/// @throws EConvertError as DecodeDate.
+QXTOOLS_API std::string DateToStr(TDateTime date);
+
+/// The date in the short date format, followed by a space and hh:nn:ss when it is not midnight.
+/// @throws EConvertError as DecodeDate.
+QXTOOLS_API std::string DateTimeToStr(TDateTime date);
+
+/// Reads three numbers in the order of the short date format, parted by the date separator; blanks around
+/// them are allowed. A year of one or two digits falls into the format settings' hundred years.
+/// @throws EConvertError "'TEXT' is not a valid date" for anything else, and for an impossible date.
+QXTOOLS_API TDateTime StrToDate(std::string_view text);
+
+/// Midnight of today, by the shared clock.
+QXTOOLS_API TDateTime Date();
+
+}  // namespace qxTools

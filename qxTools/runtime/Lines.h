@@ -1,0 +1,50 @@
+// Looking through a text for marks and lines, front to back and each byte once.
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace qxTools {
+
+/// Finds the nearest of two characters, again and again, front to back. Each one's next place is remembered
+/// and looked for again only once it has been passed, so a text that holds but one of them is not searched
+/// for the other at every step.
+template <class Char>
+class NearestOfTwo {
+ public:
+  NearestOfTwo(std::basic_string_view<Char> text, Char first, Char second)
+      : text_(text), first_(first), second_(second), nextFirst_(Find(first, 0)), nextSecond_(Find(second, 0)) {}
+
+  /// The nearest of both from `start` on, or the text's length. `start` must not go back.
+  std::size_t From(std::size_t start) {
+    if (nextFirst_ < start) nextFirst_ = Find(first_, start);
+    if (nextSecond_ < start) nextSecond_ = Find(second_, start);
+    return std::min(nextFirst_, nextSecond_);
+  }
+
+ private:
+  std::size_t Find(Char mark, std::size_t start) const { return std::min(text_.find(mark, start), text_.size()); }
+
+  std::basic_string_view<Char> text_;
+  Char first_;
+  Char second_;
+  std::size_t nextFirst_;
+  std::size_t nextSecond_;
+};
+
+/// The lines of a text, parted by CR LF, LF or CR. A break at the very end adds no empty line.
+template <class Char>
+std::vector<std::basic_string_view<Char>> SplitLines(std::basic_string_view<Char> text) {
+  std::vector<std::basic_string_view<Char>> lines;
+  NearestOfTwo<Char> breaks(text, Char('\r'), Char('\n'));
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = breaks.From(start);
+    lines.push_back(text.substr(start, end - start));
+    const bool pair = end + 1 < text.size() && text[end] == Char('\r') && text[end + 1] == Char('\n');
+    start = end + (pair ? 2 : 1);
+  }
+  return lines;
+}
+
+}  // namespace qxTools

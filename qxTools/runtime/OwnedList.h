@@ -1,0 +1,47 @@
+/// @file
+/// An ordered list that owns its items and hands out plain pointers to them.
+#pragma once
+
+#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/runtime/Types.h>
+
+#include <memory>
+#include <vector>
+
+namespace qxTools {
+
+/// Items keep their address until they are removed. A bad index raises EListError, "List index out of
+/// bounds (N)".
+template <class Item>
+class OwnedList {
+ public:
+  Integer GetCount() const { return static_cast<Integer>(items_.size()); }
+
+  Item* GetItems(Integer index) const { return items_[Checked(index)].get(); }
+
+  Item* Add(std::unique_ptr<Item> item) { return items_.emplace_back(std::move(item)).get(); }
+
+  void Insert(Integer index, std::unique_ptr<Item> item) {
+    if (index != GetCount()) Checked(index);
+    items_.insert(items_.begin() + index, std::move(item));
+  }
+
+  void Delete(Integer index) { items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(Checked(index))); }
+
+  /// Frees the items, last to first.
+  void Clear() {
+    while (!items_.empty()) items_.pop_back();
+  }
+
+  void Reserve(std::size_t count) { items_.reserve(count); }
+
+ private:
+  std::size_t Checked(Integer index) const {
+    if (index < 0 || index >= GetCount()) RaiseListIndex(index);
+    return static_cast<std::size_t>(index);
+  }
+
+  std::vector<std::unique_ptr<Item>> items_;
+};
+
+}  // namespace qxTools

@@ -1,0 +1,89 @@
+#include <qxTools/platform/Files.h>
+#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/runtime/Lines.h>
+#include <qxTools/runtime/StringList.h>
+
+namespace qxTools {
+
+namespace {
+
+constexpr std::string_view kLineBreak = "\r\n";
+
+}  // namespace
+
+TStrings::~TStrings() = default;
+
+TStrings& TStrings::operator=(const TStrings& other) {
+  Assign(other);
+  return *this;
+}
+
+std::string TStrings::GetText() const {
+  std::size_t size = 0;
+  for (const std::string& line : lines_) size += line.size() + kLineBreak.size();
+  std::string text;
+  text.reserve(size);
+  for (const std::string& line : lines_) text.append(line).append(kLineBreak);
+  return text;
+}
+
+void TStrings::SetText(std::string_view text) {
+  const auto lines = SplitLines(text);
+  lines_ = std::vector<std::string>(lines.begin(), lines.end());
+  Changed();
+}
+
+void TStrings::Assign(const TStrings& source) {
+  lines_ = source.lines_;
+  Changed();
+}
+
+void TStrings::LoadFromFile(const std::string& fileName) { SetText(ReadWholeFile(fileName)); }
+
+void TStrings::SaveToFile(const std::string& fileName) const { SaveWholeFile(fileName, GetText()); }
+
+const std::string& TStrings::GetStrings(Integer index) const { return lines_[Checked(index)]; }
+
+void TStrings::SetStrings(Integer index, std::string_view line) {
+  lines_[Checked(index)] = line;
+  Changed();
+}
+
+Integer TStrings::Add(std::string_view line) {
+  lines_.emplace_back(line);
+  Changed();
+  return GetCount() - 1;
+}
+
+void TStrings::Insert(Integer index, std::string_view line) {
+  if (index != GetCount()) Checked(index);
+  lines_.emplace(lines_.begin() + index, line);
+  Changed();
+}
+
+void TStrings::Delete(Integer index) {
+  lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(Checked(index)));
+  Changed();
+}
+
+void TStrings::Clear() {
+  if (lines_.empty()) return;
+  lines_.clear();
+  Changed();
+}
+
+void TStrings::EndUpdate() {
+  if (updates_ > 0) --updates_;
+  Changed();
+}
+
+std::size_t TStrings::Checked(Integer index) const {
+  if (index < 0 || index >= GetCount()) RaiseListIndex(index);
+  return static_cast<std::size_t>(index);
+}
+
+void TStrings::Changed() {
+  if (updates_ == 0 && onChange_) onChange_(this);
+}
+
+}  // namespace qxTools

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+#include <qxTools/runtime/StringList.h>
+
+#include "support/MessageOf.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using namespace qxTools;
+using test::MessageOf;
+
+TEST(StringList, TextSplitsAtEveryKindOfBreak) {
+  struct {
+    std::string text;
+    std::string joined;
+    Integer count;
+  } const cases[] = {
+      {"", "", 0},
+      {"a", "a\r\n", 1},
+      {"a\r\n", "a\r\n", 1},
+      {"\r\n", "\r\n", 1},
+      {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd\r\n", 4},
+      {"a\n\rb", "a\r\n\r\nb\r\n", 3},
+      {"a\r\r\nb\n\n", "a\r\n\r\nb\r\n\r\n", 4},
+      {std::string("\0\n\0", 3), std::string("\0\r\n\0\r\n", 6), 2},
+      {"\xA4\nX", "\xA4\r\nX\r\n", 2},
+  };
+  for (const auto& c : cases) {
+    TStringList list;
+    list.SetText(c.text);
+    EXPECT_EQ(list.GetText(), c.joined);
+    EXPECT_EQ(list.GetCount(), c.count) << c.joined;
+  }
+}
+
+TEST(StringList, EveryChangeFiresOnceAndABracketFiresAtItsEnd) {
+  TStringList list;
+  std::vector<Integer> counts;
+  list.SetOnChange([&](TObject* sender) {
+    EXPECT_EQ(sender, &list);
+    counts.push_back(list.GetCount());
+  });
+  list.Clear();  // nothing to clear is no change
+  list.Add("a");
+  list.Insert(0, "b");
+  list.SetStrings(1, "c");
+  list.SetText("x\ny\nz");
+  list.Delete(2);
+  EXPECT_EQ(counts, (std::vector<Integer>{1, 2, 2, 3, 2}));
+  counts.clear();
+  list.BeginUpdate();
+  list.BeginUpdate();
+  list.Add("in");
+  list.EndUpdate();
+  EXPECT_TRUE(counts.empty());
+  list.EndUpdate();
+  EXPECT_EQ(counts, std::vector<Integer>{3});
+  list.BeginUpdate();
+  list.EndUpdate();  // an empty bracket fires as well
+  EXPECT_EQ(counts.size(), 2U);
+}
+
+TEST(StringList, IndexesAreChecked) {
+  TStringList list{"a", "b"};
+  for (const Integer bad : {-1, 2}) {
+    const std::string message = "List index out of bounds (" + std::to_string(bad) + ")";
+    EXPECT_EQ(MessageOf([&] { list.GetStrings(bad); }), message);
+    EXPECT_EQ(MessageOf([&] { list.SetStrings(bad, ""); }), message);
+    EXPECT_EQ(MessageOf([&] { list.Delete(bad); }), message);
+  }
+  EXPECT_EQ(MessageOf([&] { list.Insert(3, ""); }), "List index out of bounds (3)");
+  list.Insert(2, "c");
+  EXPECT_EQ(list.GetText(), "a\r\nb\r\nc\r\n");
+}
+
+TEST(StringList, FilesAreBytes) {
+  const test::TemporaryFolder folder;
+  const std::string name = folder.Make("list.txt", std::string("\xEF\xBB\xBF\xA4\xA4\n\0\n", 8));
+  TStringList list;
+  list.LoadFromFile(name);
+  EXPECT_EQ(list.GetStrings(0), "\xEF\xBB\xBF\xA4\xA4");
+  list.SaveToFile(name);
+  EXPECT_EQ(test::BytesOf(name), std::string("\xEF\xBB\xBF\xA4\xA4\r\n\0\r\n", 10));
+  EXPECT_EQ(MessageOf([&] { list.LoadFromFile(folder.File("none")); }),
+            "Cannot open file \"" + folder.File("none") + "\". No such file or directory");
+  EXPECT_EQ(list.GetCount(), 2);
+}
+
+}  // namespace

@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+#include <qxTools/runtime/DateTime.h>
+#include <qxTools/runtime/FormatSettings.h>
+#include <qxTools/runtime/Variant.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "support/MessageOf.h"
+
+namespace {
+
+using namespace qxTools;
+using test::MessageOf;
+
+class Counted : public TInterfacedObject, public IInterface {
+ public:
+  QXTOOLS_INTERFACED_OBJECT
+ protected:
+  void* FindInterface(const GUID& iid) override {
+    return iid == IInterface::IID ? static_cast<IInterface*>(this) : nullptr;
+  }
+};
+
+TEST(Variant, EachTypeHasItsCodeAndItsTextForm) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  struct {
+    Variant value;
+    VarType type;
+    const char* text;
+  } const cases[] = {
+      {Variant(), varEmpty, ""},
+      {Variant::Null(), varNull, ""},
+      {std::int16_t{-5}, varSmallint, "-5"},
+      {std::int32_t{-2147483647 - 1}, varInteger, "-2147483648"},
+      {std::int8_t{-7}, varShortInt, "-7"},
+      {std::uint8_t{200}, varByte, "200"},
+      {std::uint16_t{65535}, varWord, "65535"},
+      {std::uint32_t{4294967295U}, varLongWord, "4294967295"},
+      {std::int64_t{1} << 62, varInt64, "4611686018427387904"},
+      {true, varBoolean, "True"},
+      {false, varBoolean, "False"},
+      {1.5F, varSingle, "1.5"},
+      {0.1F, varSingle, "0.1"},
+      {1234567.8F, varSingle, "1234568"},
+      {16777216.0F, varSingle, "16777220"},
+      {0.1 + 0.2, varDouble, "0.3"},
+      {100.0, varDouble, "100"},
+      {-0.0, varDouble, "0"},
+      {0.00001, varDouble, "0.00001"},
+      {0.00000015, varDouble, "1.5E-7"},
+      {123456789012345.0, varDouble, "123456789012345"},
+      {999999999999999.9, varDouble, "1E15"},
+      {1e15, varDouble, "1E15"},
+      {-1.25e300, varDouble, "-1.25E300"},
+      {infinity, varDouble, "INF"},
+      {-infinity, varDouble, "-INF"},
+      {std::nan(""), varDouble, "NAN"},
+      {Variant::FromCurrency(12345600), varCurrency, "1234.56"},
+      {Variant::FromCurrency(-1), varCurrency, "-0.0001"},
+      {Variant::FromCurrency(std::numeric_limits<std::int64_t>::min()), varCurrency, "-922337203685477.5808"},
+      {Variant::FromDate(EncodeDate(2003, 1, 2)), varDate, "2003/01/02"},
+      {Variant::FromDate(EncodeDate(2003, 1, 2) + 0.75), varDate, "2003/01/02 18:00:00"},
+      {Variant::FromDate(EncodeDate(2003, 1, 2) + 1 - 1e-10), varDate, "2003/01/03"},
+      {Variant::FromError(-2147467259), varError, "-2147467259"},
+      {"a\xA4\xA4", varString, "a\xA4\xA4"},  // a中
+      {u"a\u4E2D", varOleStr, "a\xA4\xA4"},   // a中
+      {std::string("a\0b\xFF", 4), varString, nullptr},
+      {Variant::OfType(varStrArg), varStrArg, ""},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(c.value.Type(), c.type);
+    EXPECT_EQ(c.value.AsString(), c.text != nullptr ? std::string(c.text) : std::string("a\0b\xFF", 4));
+  }
+}
+
+TEST(Variant, WhatHasNoTextOrNumberFormSaysSo) {
+  const Variant values[] = {Variant::NewArray(0, 3), Variant::FromUnknown(nullptr),
+                            Variant::FromDispatch(nullptr), Variant::OfType(varByRef | varInteger),
+                            Variant::OfType(varVariant)};
+  for (const Variant& value : values) {
+    EXPECT_THROW(static_cast<void>(value.AsString()), EVariantError) << value.Type();
+    EXPECT_THROW(static_cast<void>(value.AsInteger()), EVariantError) << value.Type();
+  }
+}
+
+TEST(Variant, IntegersAreRoundedToEvenAndKeptWithin32Bits) {
+  struct {
+    Variant value;
+    Integer want;
+  } const cases[] = {
+      {Variant(), 0},
+      {Variant::Null(), 0},
+      {true, -1},
+      {false, 0},
+      {2.5, 2},
+      {3.5, 4},
+      {-2.5, -2},
+      {2147483647.4, 2147483647},
+      {" -12", -12},
+      {u"+7", 7},
+      {Variant::FromCurrency(25000), 2},
+      {Variant::FromCurrency(-35000), -4},
+      {Variant::FromCurrency(25001), 3},
+      {Variant::FromDate(1.5), 2},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.value.AsInteger(), c.want) << c.value.AsString();
+  for (const Variant& value : {Variant(2147483647.5), Variant(std::int64_t{1} << 31), Variant(std::nan(""))})
+    EXPECT_THROW(static_cast<void>(value.AsInteger()), EVariantError) << value.AsString();
+  EXPECT_EQ(MessageOf([] { Variant("12 ").AsInteger(); }), "'12 ' is not a valid integer value");
+}
+
+TEST(Variant, BooleansComeFromNumbersAndFromTheirOwnTexts) {
+  EXPECT_TRUE(Variant(2).AsBoolean());
+  EXPECT_TRUE(Variant("true").AsBoolean());
+  EXPECT_TRUE(Variant("0.5").AsBoolean());
+  EXPECT_FALSE(Variant("FALSE").AsBoolean());
+  EXPECT_FALSE(Variant::Null().AsBoolean());
+}
+
+TEST(Variant, NumbersFollowTheDecimalSeparator) {
+  GetFormatSettings().DecimalSeparator = ',';
+  EXPECT_EQ(Variant(-1.5).AsString(), "-1,5");
+  EXPECT_EQ(Variant::FromCurrency(15000).AsString(), "1,5");
+  EXPECT_EQ(Variant("1,5").AsDouble(), 1.5);
+  EXPECT_THROW(static_cast<void>(Variant("1.5").AsDouble()), EConvertError);
+  GetFormatSettings() = FormatSettings();
+}
+
+TEST(Variant, ArraysAreSharedUntilOneCopyIsWritten) {
+  Variant first = Variant::NewArray(2, 4);
+  first.SetElement(2, "two");
+  first.SetElement(4, first);  // an array inside itself is a copy of what it was
+  Variant second = first;
+  second.SetElement(2, 22);
+  EXPECT_EQ(first.GetElement(2), Variant("two"));
+  EXPECT_EQ(second.GetElement(2), Variant(22));
+  EXPECT_EQ(first.GetElement(4).GetElement(2), Variant("two"));
+  EXPECT_NE(first, second);
+  EXPECT_EQ(first.Bounds(), (VarBounds{2, 4}));
+  for (const Integer index : {1, 5}) {
+    EXPECT_EQ(MessageOf([&] { first.GetElement(index); }), "Variant array index out of bounds");
+    EXPECT_THROW(first.SetElement(index, 1), EVariantError);
+  }
+  EXPECT_EQ(MessageOf([] { Variant(1).GetElement(0); }), "Variant is not an array");
+}
+
+TEST(Variant, ArraysHaveDimensionsAndBytesAreBytes) {
+  const std::array<VarBounds, 2> bounds{{{1, 2}, {-1, 1}}};
+  Variant table = Variant::NewArray(bounds, varByte);
+  EXPECT_EQ(table.Type(), varArray | varByte);
+  EXPECT_EQ(table.DimCount(), 2);
+  EXPECT_EQ(table.Bounds(2), (VarBounds{-1, 1}));
+  EXPECT_THROW(static_cast<void>(table.Bounds(3)), EVariantError);
+  const std::array<Integer, 2> last{2, 1};
+  table.SetElement(last, 0x1FF);
+  EXPECT_EQ(table.GetElement(last), Variant(std::uint8_t{0xFF}));
+  const Variant copy = table;
+  table.Bytes()[0] = 9;
+  EXPECT_EQ(copy.Bytes()[0], 0);
+  EXPECT_EQ(copy.Bytes()[5], 0xFF);
+  EXPECT_THROW(static_cast<void>(table.GetElement(1)), EVariantError);
+  EXPECT_THROW(static_cast<void>(Variant::NewArray(1, -1)), EVariantError);
+  EXPECT_THROW(static_cast<void>(Variant::NewArray(-2147483647 - 1, 2147483647)), EVariantError);
+}
+
+TEST(Variant, HoldsAReferenceToAnObject) {
+  auto* object = new Counted;
+  Variant value = Variant::FromUnknown(object);
+  Variant copy = value;
+  EXPECT_EQ(object->RefCount(), 2);
+  copy = Variant();
+  EXPECT_EQ(object->RefCount(), 1);
+  EXPECT_EQ(value.AsInterface(), static_cast<IInterface*>(object));  // freed with `value`
+}
+
+}  // namespace
