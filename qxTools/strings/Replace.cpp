@@ -1,0 +1,156 @@
+#include <qxTools/runtime/Ascii.h>
+#include <qxTools/strings/QXStrTools.h>
+#include <qxTools/strings/Search.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace qxTools::QXStrTools {
+
+namespace {
+
+// Replaces from left to right in one reading. That is exact as long as no replacement becomes part of a new
+// occurrence together with what stands around it; once one does, there is no result. `compared` is the form
+// of `s` in which `old` is looked for.
+std::optional<std::string> ReplaceInOneReading(std::string_view s, std::string_view compared,
+                                               std::string_view old, std::string_view replacement) {
+  const Automaton automaton(old);
+  std::string text;
+  text.reserve(s.size());
+  std::size_t done = 0;
+  std::size_t matched = 0;  // the beginning of an occurrence that ends the last replacement
+  bool joined = false;
+  VisitOccurrences(old, compared, 0, old.size(), [&](std::size_t offset) {
+    text.append(s, done, offset - done).append(replacement);
+    std::string_view before = compared.substr(done, offset - done);
+    if (before.size() >= old.size()) {
+      before.remove_prefix(before.size() - old.size() + 1);
+      matched = 0;
+    }
+    done = offset + old.size();
+    joined = automaton.Read(before, matched) || automaton.Read(replacement, matched);
+    std::size_t ahead = matched;
+    for (std::size_t i = done; i < compared.size() && ahead > i - done && !joined; ++i) {
+      ahead = automaton.Feed(ahead, compared[i]);
+      joined = ahead == old.size();
+    }
+    return !joined;
+  });
+  if (joined) return std::nullopt;
+  return text.append(s, done);
+}
+
+// Replaces the first occurrence again and again. Nothing before a replacement can become an occurrence but
+// the last bytes in front of it, so the search goes on there and never starts over.
+class Passes {
+ public:
+  Passes(std::string_view s, std::string_view compared, std::string_view old, std::string_view replacement)
+      : compared_(compared),
+        old_(old),
+        replacement_(replacement),
+        separate_(s.data() != compared.data()),
+        automaton_(old),
+        rest_{{s, compared}} {
+    shown_.reserve(s.size());
+  }
+
+  std::string Run() {
+    std::size_t passes = 0;
+    VisitOccurrences(old_, compared_, 0, 1, [&](std::size_t) {
+      ++passes;
+      return true;
+    });
+    while (passes-- > 0 && ReadToMatch()) PutIn();
+    for (; !rest_.empty(); rest_.pop_back()) shown_ += rest_.back().shown;
+    return std::move(shown_);
+  }
+
+ private:
+  struct Piece {
+    std::string_view shown;
+    std::string_view compared;
+  };
+
+  // Reads on until an occurrence ends what has been read.
+  bool ReadToMatch() {
+    while (!rest_.empty()) {
+      if (matched_ == 0 && rest_.size() == 1) return LeapToMatch();
+      const std::string_view piece = rest_.back().compared;
+      std::size_t i = 0;
+      while (i < piece.size() && matched_ < old_.size() && (matched_ > 0 || rest_.size() > 1)) {
+        matched_ = automaton_.Feed(matched_, piece[i++]);
+      }
+      Take(i);
+      if (matched_ == old_.size()) return true;
+    }
+    return false;
+  }
+
+  // With nothing but the end of the text left, and no occurrence begun.
+  bool LeapToMatch() {
+    std::size_t found = std::string_view::npos;
+    VisitOccurrences(old_, rest_.back().compared, 0, 1, [&](std::size_t offset) {
+      found = offset;
+      return false;
+    });
+    if (found == std::string_view::npos) return false;
+    Take(found + old_.size());
+    return true;
+  }
+
+  // Passes `count` bytes of the first piece of the rest.
+  void Take(std::size_t count) {
+    Piece& piece = rest_.back();
+    shown_ += piece.shown.substr(0, count);
+    if (separate_) passed_ += piece.compared.substr(0, count);
+    piece.shown.remove_prefix(count);
+    piece.compared.remove_prefix(count);
+    if (piece.shown.empty()) rest_.pop_back();
+  }
+
+  void PutIn() {
+    shown_.resize(shown_.size() - old_.size());
+    if (separate_) passed_.resize(shown_.size());
+    const std::string& passed = separate_ ? passed_ : shown_;
+    matched_ = 0;
+    const std::size_t tail = std::min(passed.size(), old_.size() - 1);
+    automaton_.Read(std::string_view(passed).substr(passed.size() - tail), matched_);
+    if (!replacement_.empty()) rest_.push_back({replacement_, replacement_});
+  }
+
+  std::string_view compared_;
+  std::string_view old_;
+  std::string_view replacement_;
+  bool separate_;       // the compared form is another text than the shown one
+  std::string shown_;   // what has been read, free of occurrences
+  std::string passed_;  // the same as compared, where that is another text
+  Automaton automaton_;
+  std::size_t matched_ = 0;
+  std::vector<Piece> rest_;  // what has not, the last piece first
+};
+
+std::string ReplaceAll(std::string_view s, std::string_view compared, std::string_view old,
+                       std::string_view replacement) {
+  std::optional<std::string> text = ReplaceInOneReading(s, compared, old, replacement);
+  return text ? std::move(*text) : Passes(s, compared, old, replacement).Run();
+}
+
+}  // namespace
+
+std::string ReplaceStr(std::string_view s, std::string_view old, std::string_view replacement,
+                       bool ignoreCase) {
+  const Integer position = ignoreCase ? At(UpperCase(old), UpperCase(s), 1) : At(old, s, 1);
+  if (position < 1) return std::string(s);
+  return std::string(s).replace(static_cast<std::size_t>(position - 1), old.size(), replacement);
+}
+
+std::string ReplaceAllStr(std::string_view s, std::string_view old, std::string_view replacement,
+                          bool ignoreCase) {
+  if (old.empty()) return std::string(s);
+  if (!ignoreCase) return ReplaceAll(s, s, old, replacement);
+  return ReplaceAll(s, UpperCase(s), UpperCase(old), replacement);
+}
+
+}  // namespace qxTools::QXStrTools

@@ -1,0 +1,18 @@
+#include <qxTools/strings/Search.h>
+
+namespace qxTools::QXStrTools {
+
+Automaton::Automaton(std::string_view sub) : sub_(sub), borders_(sub.size()) {
+  std::size_t matched = 0;
+  for (std::size_t i = 1; i < sub.size(); ++i) borders_[i] = matched = Feed(matched, sub[i]);
+}
+
+bool Automaton::Read(std::string_view text, std::size_t& matched) const {
+  for (const char c : text) {
+    matched = Feed(matched, c);
+    if (matched == sub_.size()) return true;
+  }
+  return false;
+}
+
+}  // namespace qxTools::QXStrTools

@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+#include <qxTools/platform/Random.h>
+#include <qxTools/runtime/Ascii.h>
+#include <qxTools/runtime/StrAlloc.h>
+#include <qxTools/strings/QXStrTools.h>
+#include <support/MessageOf.h>
+
+#include <cstring>
+#include <limits>
+#include <random>
+
+using namespace qxTools;
+using namespace qxTools::QXStrTools;
+using namespace std::string_literals;
+using test::MessageOf;
+
+namespace {
+
+constexpr Integer kMin = std::numeric_limits<Integer>::min();
+
+// --- The definitions, step by step ---
+
+Integer AtByDefinition(const std::string& sub, const std::string& s, Integer n) {
+  Integer pending = 0;
+  Integer count = 0;
+  for (std::size_t i = 1; n != 0 && i <= s.size(); ++i) {
+    if (s[i - 1] != sub[0]) continue;
+    if (sub.size() + i - 1 > s.size()) {
+      pending = -1;
+    } else if (s.compare(i - 1, sub.size(), sub) == 0 && ++count == n) {
+      return static_cast<Integer>(i);
+    }
+  }
+  return pending;
+}
+
+Integer OccursByDefinition(const std::string& sub, const std::string& s) {
+  Integer count = 0;
+  while (AtByDefinition(sub, s, count + 1) > 0) ++count;
+  return count;
+}
+
+std::string GetAtByDefinition(const std::string& sep, const std::string& s, Integer n) {
+  const Integer count = OccursByDefinition(sep, s);
+  if (count == 0) return s;
+  Integer from = 1;
+  if (n != 1) from = AtByDefinition(sep, s, count < n ? count : n - 1) + static_cast<Integer>(sep.size());
+  const Integer end = count < n ? static_cast<Integer>(s.size()) + 1 : AtByDefinition(sep, s, n);
+  return substr(s, from, end - from);
+}
+
+std::string ReplaceAllByDefinition(std::string s, std::string old, const std::string& replacement,
+                                   bool ignoreCase) {
+  std::string work = ignoreCase ? UpperCase(s) : s;
+  if (ignoreCase) old = UpperCase(old);
+  for (Integer pass = OccursByDefinition(old, work); pass > 0; --pass) {
+    const Integer p = AtByDefinition(old, work, 1);
+    if (p < 1) continue;
+    work.replace(static_cast<std::size_t>(p - 1), old.size(), replacement);
+    s.replace(static_cast<std::size_t>(p - 1), old.size(), replacement);
+  }
+  return s;
+}
+
+std::string RandomText(std::string_view alphabet, std::size_t least, std::size_t most) {
+  static std::mt19937 generator(20);
+  std::string text(std::uniform_int_distribution<std::size_t>(least, most)(generator), '\0');
+  for (char& c : text) c = alphabet[generator() % alphabet.size()];
+  return text;
+}
+
+TEST(QXStrTools, SearchesAgreeWithTheirDefinitions) {
+  for (int round = 0; round < 20000; ++round) {
+    const std::string_view alphabet = round % 2 ? "ab" : "abc";
+    const std::string sub = RandomText(alphabet, 1, round % 5 ? 3 : 9);
+    // Every tenth text is long enough for the quicker ways, its two parts for going over from one to another.
+    std::string s = RandomText(alphabet, 0, round % 10 ? 12 : 300);
+    if (round % 20 == 0) s += RandomText("c\0"s, 0, 900) + RandomText(alphabet, 0, 300);
+    ASSERT_EQ(Occurs(sub, s), OccursByDefinition(sub, s)) << sub << " in " << s;
+    for (const Integer n : {-2, -1, 0, 1, 2, 3, 9, 20}) {
+      const Integer at = AtByDefinition(sub, s, n);
+      ASSERT_EQ(At(sub, s, n), at) << sub << " in " << s << ", " << n;
+      ASSERT_EQ(GetAt(sub, s, n), GetAtByDefinition(sub, s, n)) << sub << " in " << s << ", " << n;
+      const std::size_t end = static_cast<std::size_t>(at) + sub.size() - 1;
+      ASSERT_EQ(GetAtLeft(sub, s, n), at > 0 ? s.substr(0, static_cast<std::size_t>(at - 1)) : s);
+      ASSERT_EQ(GetAtRight(sub, s, n), at > 0 ? s.substr(end) : s);
+    }
+  }
+}
+
+TEST(QXStrTools, ReplacingAllAgreesWithPassesFromTheStart) {
+  for (int round = 0; round < 60000; ++round) {
+    const std::string_view alphabet = round % 3 ? "abA" : "ab";
+    std::string old = RandomText(alphabet, 1, 4);
+    std::string s = RandomText(alphabet, 0, round % 50 ? 14 : 200);
+    if (round % 50 == 1) {
+      old = RandomText(alphabet, 20, 90);
+      s += Replicate(old + RandomText("a", 0, 3), 5) + s;
+    }
+    const std::string replacement = RandomText(round % 7 ? alphabet : "xy", 0, 6);
+    for (const bool ignoreCase : {false, true}) {
+      ASSERT_EQ(ReplaceAllStr(s, old, replacement, ignoreCase),
+                ReplaceAllByDefinition(s, old, replacement, ignoreCase))
+          << s << ": " << old << " by " << replacement << (ignoreCase ? ", any case" : "");
+    }
+  }
+}
+
+TEST(QXStrTools, SearchesSurviveTheWorstTexts) {
+  const std::string text(200000, 'a');
+  const std::string half(100000, 'a');
+  EXPECT_EQ(Occurs(half, text), 100001);
+  EXPECT_EQ(At(half + "b", text, 1), -1);
+  EXPECT_EQ(Occurs("b" + half, text), 0);
+  EXPECT_EQ(Occurs("aba", Replicate("ab", 100000)), 99999);
+  EXPECT_EQ(GetAt(half, text, 7), "");
+  const std::string knot = Replicate("a", 500) + "c" + Replicate("a", 500);
+  EXPECT_EQ(ReplaceAllStr(text + knot + knot, knot, "x", false), text + "xx");
+  EXPECT_EQ(Occurs(knot, text + knot + knot), 2);
+  EXPECT_EQ(ReplaceAllStr(text, "aa", "a", false), "a");
+  EXPECT_EQ(ReplaceAllStr(half + text, "a", "ba", false), Replicate("b", 300000) + half + text);
+}
+
+// Rows of what came out and what should; one that differs is named by its number.
+template <class T>
+void ExpectRows(const std::vector<std::pair<T, T>>& rows) {
+  for (std::size_t i = 0; i < rows.size(); ++i) EXPECT_EQ(rows[i].first, rows[i].second) << "row " << i;
+}
+
+// clang-format off
+TEST(QXStrTools, SearchesAndReplacementsHaveTheirOddCases) {
+  ExpectRows<Integer>({
+      {At("cd", "abc", 1), -1}, {At("abc", "ab", 1), -1}, {At("aa", "aaaa", 2), 2}, {At("\0b"s, "a\0b"s, 1), 2},
+      {At("@", "\xA4\x40", 1), 2},  // the second byte of 一 is a byte like any other
+      {At("", "abc", 1), 0}, {Occurs("", "abc"), 0},
+      {Atc("", ""), true}, {Atc("a\0"s, "a"), false}, {InList("", {}, true), false},
+      {InList("abc", {"x", "ABC"}, false), true}, {InList("abc", {"x", "ABC"}, true), false},
+  });
+  ExpectRows<std::string>({
+      {GetAt("", "a,b", 2), "a,b"}, {GetAtLeft("", "a,b", 1), "a,b"}, {GetAtRight("", "a,b", 1), "a,b"},
+      {ReplaceStr("Select a", "SELECT", "update", true), "update a"},
+      {ReplaceStr("Select a", "SELECT", "update", false), "Select a"},
+      {ReplaceStr("aaa", "a", "", false), "aa"}, {ReplaceStr("abc", "", "x", false), "abc"},
+      {ReplaceAllStr("abc", "", "x", true), "abc"}, {ReplaceAllStr("xAx", "x", "xx", false), "xxxAx"},
+      {ReplaceAllStr("ID, id", "id", "ID", true), "ID, id"},  // what was put in is found again
+  });
+}
+
+TEST(QXStrTools, TextIsTrimmedCutPaddedAndJoined) {
+  ExpectRows<std::string>({
+      {Trim("  a b  ", TrimOrign[tsTrimAll]), "a b"}, {Trim("  a b  ", TrimOrign[tsTrimLeft]), "a b  "},
+      {Trim("  a b  ", TrimOrign[tsTrimRight]), "  a b"}, {Trim(" x ", TrimOrign[tsNotTrim]), " x "},
+      {Trim("  a b  ", 3), "a b"}, {Trim("  ", 1), ""}, {Trim("  ", 2), ""}, {Trim(" \t ", 0), "\t"},
+      {GetRightStr("a = b=c "), "b=c"}, {GetRightStr("abc"), ""},
+      {substr("abc", 2, 2), "bc"}, {substr("abc", 3, 9), "c\0\0"s}, {substr("abc", 0, 2), "\0a"s},
+      {substr("abc", 2147483647, 2147483647), "\0\0\0"s}, {substr("abc", kMin, 2), "\0\0"s},
+      {substr("abc", 1, -1), ""}, {CommaAdd("", "a", ","), "a"}, {CommaAdd("a", "", ","), "a,"},
+      {Space(2) + Space(-1), "  "}, {Replicate("ab", 3) + Replicate("ab", kMin), "ababab"},
+      {IIF(true, "a", "b") + IIF(false, "a", "b"), "ab"},
+  });
+  EXPECT_EQ(IIF(false, 1, 2) + IIF(true, 1.5, 2.5), 3.5);
+  EXPECT_TRUE(Empty("") && Empty("  ") && !Empty(" \t"));
+}
+
+TEST(QXStrTools, NumbersAreReadAsFarAsTheyGoAndWrap) {
+  ExpectRows<Integer>({
+      {IntEx(""), 0}, {IntEx("abc"), 0}, {IntEx("-12"), -12}, {IntEx("12-3"), 123}, {IntEx("--5"), -5},
+      {IntEx("0-5"), -5}, {IntEx("+-+7"), -7}, {IntEx("12a34"), 12}, {IntEx(" 1"), 0},
+      {IntEx("4294967295"), -1}, {IntEx("2147483648"), kMin},
+      {IntEx("4294967296-7"), -7},  // wrapped back to 0, where "-" counts
+      {HexToInt('f') + HexToInt('A') + HexToInt('G'), 25},
+      {HexsToInt("1G2"), 18}, {HexsToInt("0x1F"), 31}, {HexsToInt("1FFFFFFFF"), -1},
+      {ModEx(10, 5), 5}, {ModEx(7, 5), 2}, {ModEx(0, 7), 7}, {ModEx(-7, 5), -2}, {ModEx(kMin, -1), -1},
+  });
+  EXPECT_EQ(StrEx(7, 3) + StrEx(1234, 2) + StrEx(0, 0) + StrEx(-7, 3) + StrEx(-7, -1), "00712340000");
+  EXPECT_EQ(MessageOf([] { ModEx(1, 0); }), "Division by zero");
+}
+
+TEST(QXStrTools, CodesAndMarkersAreFilledIn) {
+  ExpectRows<std::string>({
+      {SerialNO("A0099", 1), "A0100"}, {SerialNO("A99", 1), "A100"}, {SerialNO("ABC", 1), "ABC1"},
+      {SerialNO("", 1), "1"}, {SerialNO("INV-007", 5), "INV-012"}, {SerialNO("A1B", -1), "A1B"},
+      {SerialNO("A0005", -10), "A0000"}, {SerialNO("4294967296", 1), "0000000001"},
+      {SerialNO("2147483647", 1), "0000000000"},
+      {FormatEx("Name: #S, age #s", "x"), "Name: x, age x"}, {FormatEx("##S", "x"), "##S"},
+      {FormatEx("#", "x"), "#"}, {FormatEx("", "x"), ""}, {FormatEx("#x#S", "y"), "#xy"},
+      {FormatEx("#S#S", "#"), "##"}, {FormatEx("##S#S", "x"), "##Sx"},
+      {KeyToStr(8), "BackSpace"}, {KeyToStr(19), "NumLock"}, {KeyToStr(144), "NumLock"}, {KeyToStr(16), ""},
+      {KeyToStr(47) + KeyToStr(48) + KeyToStr(57) + KeyToStr(58), "09"},
+      {KeyToStr(64) + KeyToStr(65) + KeyToStr(90) + KeyToStr(91), "AZ"},
+      {KeyToStr(95) + KeyToStr(96) + KeyToStr(105), "Num Pad 0Num Pad 9"}, {KeyToStr(108), ""},
+      {KeyToStr(112) + KeyToStr(123) + KeyToStr(124), "F1F12"}, {KeyToStr(220) + KeyToStr(65535), "\\"},
+  });
+}
+// clang-format on
+
+TEST(QXStrTools, BuffersAreCopiedUpToTheirNul) {
+  char* dest = nullptr;
+  EXPECT_EQ(PCopyEx(dest, "a\0b"), 1);
+  EXPECT_STREQ(dest, "a");
+  StrDispose(dest);
+  EXPECT_EQ(PCopyEx(dest, "a\0b"s), 3);
+  EXPECT_EQ(std::memcmp(dest, "a\0b", 4), 0);
+  StrDispose(dest);
+  std::string text = SCopy("old\0") + SCopy(nullptr);
+  SCopyEx(text, "\0x\0\0z"s);
+  EXPECT_EQ(text, "oxd\0z"s);
+  SCopyEx(text, "new");
+  EXPECT_EQ(text, "new");
+}
+
+// The lowest numbers for the first twenty drawn, the highest for the others.
+class FixedSource : public RandomSource {
+  void Draw(std::uint32_t* numbers, std::size_t count) override {
+    for (std::size_t i = 0; i < count; ++i) numbers[i] = i < 20 ? 0 : 0xFFFFFFFF;
+  }
+};
+
+TEST(QXStrTools, EncodedTextIsLaidOutAndGivenBack) {
+  FixedSource source;
+  SetRandomSource(&source);
+  // 5 * 32 + character, then 5 * 32 + key, then 3 + 32, then the multipliers.
+  EXPECT_EQ(EDS("ab\xA4"), "257258324" + Replicate("192", 17) + Replicate("241277269257274", 4) + "03555555");
+  SetRandomSource(nullptr);
+  for (const std::string& s : {""s, "abc"s, "a\0 "s, "\xA4\xA4\xA4\xE5\xFF"s, Replicate("0123456789", 3)}) {
+    const std::string code = EDS(s);
+    EXPECT_NE(code, EDS(s));
+    EXPECT_EQ(DDS(code), s.substr(0, 20));
+  }
+}
+
+TEST(QXStrTools, DamagedCodesFailOnlyByLengthAndMultiplier) {
+  EXPECT_EQ(MessageOf([] { DDS(""); }), "EnCode Length <> 128");
+  for (const char* bad : {"0", "-", "x"}) {
+    EXPECT_EQ(MessageOf([=] { DDS(Replicate("9", 127) + bad); }), "Division by zero");
+  }
+  EXPECT_EQ(DDS(Replicate("?", 123) + "11111").size(), 0U);
+  EXPECT_EQ(DDS(Replicate("9", 128)).size(), 20U);
+}
+
+}  // namespace
