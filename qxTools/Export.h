@@ -1,5 +1,7 @@
 /// @file
-/// QXTOOLS_API marks the names that the shared library exports; all others stay hidden.
+/// QXTOOLS_API marks the names that the shared library exports; all others stay hidden. QXTOOLS_GLOBAL marks
+/// the units' global variables: they are made before every other object of a program and go after it, so that
+/// they can be read before any start and are still there when the package frame releases what they hold.
 #pragma once
 
 #if defined(QXTOOLS_STATIC)
@@ -12,4 +14,10 @@
 #endif
 #else
 #define QXTOOLS_API __attribute__((visibility("default")))
+#endif
+
+#if defined(__GNUC__)
+#define QXTOOLS_GLOBAL [[gnu::init_priority(200)]]
+#else
+#define QXTOOLS_GLOBAL
 #endif

@@ -49,8 +49,8 @@ void TStrings::SetStrings(Integer index, std::string_view line) {
   Changed();
 }
 
-Integer TStrings::Add(std::string_view line) {
-  lines_.emplace_back(line);
+Integer TStrings::Add(std::string&& line) {
+  lines_.push_back(std::move(line));
   Changed();
   return GetCount() - 1;
 }

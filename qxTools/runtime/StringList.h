@@ -42,7 +42,9 @@ class QXTOOLS_API TStrings : public TObject {
   void SetStrings(Integer index, std::string_view line);
   /// Appends a line as it stands, breaks in it included.
   /// @return its index.
-  Integer Add(std::string_view line);
+  Integer Add(std::string&& line);
+  Integer Add(std::string_view line) { return Add(std::string(line)); }
+  Integer Add(const char* line) { return Add(std::string(line)); }
   /// @throws EListError when `index` is outside 0 to the count.
   void Insert(Integer index, std::string_view line);
   void Delete(Integer index);

@@ -1,0 +1,55 @@
+#include <qxTools/runtime/Ascii.h>
+#include <qxTools/sql/NameScanner.h>
+
+namespace qxTools {
+
+void SetUpperName(std::string& upperName, std::string_view name) {
+  upperName.resize(name.size() + 1);
+  upperName[0] = '@';
+  std::transform(name.begin(), name.end(), upperName.begin() + 1, UpperChar);
+}
+
+bool NameScanner::SkipLiteral() {
+  const std::size_t close = text_.find('\'', position_ + 1);
+  position_ = close == std::string_view::npos ? text_.size() : close + 1;
+  return close != std::string_view::npos;
+}
+
+bool NameScanner::FindMark() {
+  for (position_ = marks_.From(position_); position_ < text_.size(); position_ = marks_.From(position_)) {
+    if (text_[position_] == '@') {
+      ++position_;
+      return true;
+    }
+    if (!SkipLiteral()) return false;
+  }
+  return false;
+}
+
+bool NameScanner::FindNameStart() {
+  if (!FindMark()) return false;
+  while (position_ < text_.size()) {
+    if (IsNameStart(text_[position_])) return true;
+    if (!IsQuote(position_))
+      ++position_;
+    else if (!SkipLiteral())
+      return false;
+  }
+  return false;
+}
+
+bool NameScanner::Next(std::string_view& name) {
+  while (FindNameStart()) {
+    const std::size_t start = position_;
+    while (position_ < text_.size() && IsNameChar(text_[position_])) ++position_;
+    const std::size_t end = position_;
+    if (end == text_.size()) return false;
+    if (text_[end] == '@') continue;  // the new mark discards the name in front of it
+    if (IsQuote(end) && !SkipLiteral()) return false;
+    name = text_.substr(start, end - start);
+    return true;
+  }
+  return false;
+}
+
+}  // namespace qxTools

@@ -1,0 +1,22 @@
+// The texts behind the stored-procedure set: comments out, macros and quotes in.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace qxTools::qxSqlStoreProc {
+
+/// A macro's name, brackets included, and its text.
+using Macro = std::pair<std::string, std::string>;
+
+std::u16string DropComments(std::u16string_view text);
+
+/// The text with macro after macro replaced, case counting.
+std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros);
+
+/// Two apostrophes for each one and for each "[##]".
+std::string DoubleQuotes(std::string_view text);
+
+}  // namespace qxTools::qxSqlStoreProc

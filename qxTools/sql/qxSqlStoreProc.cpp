@@ -1,0 +1,344 @@
+#include <qxTools/runtime/Ascii.h>
+#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/runtime/Numbers.h>
+#include <qxTools/sql/NameScanner.h>
+#include <qxTools/sql/QXSqlTools.h>
+#include <qxTools/sql/StoreProcText.h>
+#include <qxTools/sql/qxSqlStoreProc.h>
+#include <qxTools/strings/QXStrTools.h>
+
+#include <algorithm>
+
+namespace qxTools::qxSqlStoreProc {
+
+namespace {
+
+std::array<std::string, 15> TypeNames() {
+  return {"Unknown", "Bigint", "Bit",      "Char",        "NChar",   "Datetime",  "Decimal", "Float",
+          "Int",     "Money",  "Smallint", "Sql_variant", "Tinyint", "Varbinary", "Varchar"};
+}
+
+}  // namespace
+
+QXTOOLS_GLOBAL std::array<std::string, 15> StoreProcParamTypeStr = TypeNames();
+
+void FillGlobals() { StoreProcParamTypeStr = TypeNames(); }
+
+void ReleaseGlobals() { StoreProcParamTypeStr = {}; }
+
+namespace {
+
+constexpr int kTrimBoth = 0;
+constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::string_view kItemSeparator = " , ";
+
+std::string Trim(std::string_view s) { return QXStrTools::Trim(s, kTrimBoth); }
+
+template <class Char>
+bool IsBlank(std::basic_string_view<Char> text) {
+  return text.find_first_not_of(Char(' ')) == kNone;
+}
+
+/// With spAuto only @MM and @MM_... are parameters.
+bool IsKept(std::string_view upperName, TSearchParamType mode) {
+  return mode == spAll || upperName.substr(0, upperName.find('_')) == "@MM";
+}
+
+TStoreProcParamType FindType(std::string_view text) {
+  const std::string upper = UpperCase(text);
+  const auto found =
+      std::ranges::find_if(StoreProcParamTypeStr, [&](const auto& type) { return UpperCase(type) == upper; });
+  if (found == StoreProcParamTypeStr.end()) throw Exception("ParamStyle not Found");
+  return static_cast<TStoreProcParamType>(found - StoreProcParamTypeStr.begin());
+}
+
+/// The number between the first "(" and the first ")", which must stand behind it.
+Integer ReadLength(std::string_view type, std::size_t open) {
+  const std::size_t close = type.find(')');
+  return StrToInt(close == kNone || close < open ? "" : type.substr(open + 1, close - open - 1));
+}
+
+/// Drops the CR LF pairs that stand in the text; one that their going makes stays.
+std::string RemoveBreaks(std::string_view text) {
+  std::string kept;
+  kept.reserve(text.size());
+  for (std::size_t pair = text.find("\r\n"); pair != kNone; pair = text.find("\r\n")) {
+    kept.append(text, 0, pair);
+    text.remove_prefix(pair + 2);
+  }
+  return kept.append(text);
+}
+
+void Append(std::string& list, std::string_view item) {
+  if (!list.empty()) list += kItemSeparator;
+  list += item;
+}
+
+}  // namespace
+
+TStoreProcParamType VarToParamType(const Variant& value) {
+  switch (value.Type()) {
+    case varEmpty:
+    case varNull:
+    case varVariant:
+      return spSql_variant;
+    case varSmallint:
+      return spSmallint;
+    case varInteger:
+    case varWord:
+    case varLongWord:
+      return spInt;
+    case varSingle:
+      return spDecimal;
+    case varDouble:
+      return spFloat;
+    case varCurrency:
+      return spMoney;
+    case varDate:
+      return spDatetime;
+    case varBoolean:
+      return spBit;
+    case varShortInt:
+    case varByte:
+      return spTinyint;
+    case varInt64:
+      return spBigint;
+    case varOleStr:
+    case varStrArg:
+    case varString:
+      return spVarchar;
+    case varArray:
+      return spVarbinary;  // on purpose: the bare code, no typed array
+    default:
+      return spUnknown;
+  }
+}
+
+Integer VarLength(const Variant& value) {
+  if (value.Type() == varArray) return value.DimCount();
+  return value.IsString() ? static_cast<Integer>(value.AsString().size()) : 0;
+}
+
+// --- TQXSqlStoreProcItem -----------------------------------------------------------------------------
+
+TQXSqlStoreProcItem::~TQXSqlStoreProcItem() = default;
+
+void TQXSqlStoreProcItem::SetName(std::string_view name) {
+  if (index_ != nullptr) index_->Drop();
+  name_ = Trim(name);
+  upperName_ = UpperCase(name_);
+}
+
+void TQXSqlStoreProcItem::SetValue(const Variant& value) {
+  value_ = value;
+  if (!autoStyle_) return;
+  style_ = VarToParamType(value_);
+  length_ = VarLength(value_);
+}
+
+AnsiString TQXSqlStoreProcItem::GetSqlValue() const { return QXSqlTools::VarToSql(value_); }
+
+// --- The statement -----------------------------------------------------------------------------------
+
+TQXSqlStoreProc::TQXSqlStoreProc() {
+  statement_.SetOnChange([this](TObject* sender) { DoChange(sender); });
+}
+
+TQXSqlStoreProc::~TQXSqlStoreProc() { TQXSqlStoreProc::Clear(); }
+
+void TQXSqlStoreProc::LoadStoreProc(const TStrings* lines) { LoadStoreProc(BytesToWide(lines->GetText())); }
+
+void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) {
+  statement_.Clear();
+  statement_.BeginUpdate();
+  statement_.SetText(WideToBytes(ClearNote(text)));
+  statement_.EndUpdate();
+}
+
+void TQXSqlStoreProc::SetSearchParamType(TSearchParamType mode) {
+  searchMode_ = mode;
+  SearchAllParams();
+}
+
+void TQXSqlStoreProc::DoChange(TObject*) { SearchAllParams(); }
+
+void TQXSqlStoreProc::SearchAllParams() {
+  Clear();
+  const std::string text = statement_.GetText();
+  FindNames(text);
+  FindMacros(text);
+}
+
+void TQXSqlStoreProc::FindNames(std::string_view text) {
+  NameScanner scanner(text, Literals::kSkip);
+  std::string upperName;
+  for (std::string_view name; scanner.Next(name);) {
+    SetUpperName(upperName, name);
+    if (IsKept(upperName, searchMode_) && params_.Find(upperName) < 0) params_.Add("@" + std::string(name));
+  }
+}
+
+void TQXSqlStoreProc::FindMacros(std::string_view text) {
+  std::size_t close = text.find(']');
+  for (std::size_t open = text.find("[$"); open != kNone; open = text.find("[$", open + 1)) {
+    if (close < open) close = text.find(']', open);
+    if (close == kNone) return;
+    const std::string_view name = text.substr(open, close + 1 - open);
+    if (funcs_.Find(UpperCase(name)) < 0) funcs_.Add(name);
+  }
+}
+
+WideString TQXSqlStoreProc::ClearNote(std::u16string_view text) {
+  if (IsBlank(text)) return WideString(text);
+  WideString kept = DropComments(text);
+  if (kept.size() == text.size()) return kept;  // no comment was removed
+  const auto first = std::ranges::find_if(kept, [](char16_t c) { return c >= 33 && c <= 127; });
+  if (first != kept.end()) kept.erase(kept.begin(), first);
+  return kept;
+}
+
+// --- Parameters and macros ---------------------------------------------------------------------------
+
+TQXSqlStoreProcItem* TQXSqlStoreProc::NamedItems::Add(std::string_view name) {
+  TQXSqlStoreProcItem* const item = items.Add(std::make_unique<TQXSqlStoreProcItem>());
+  item->SetName(name);
+  item->index_ = &index;
+  index.Append(items.GetCount() - 1,
+               [this](Integer i) -> std::string_view { return items.GetItems(i)->upperName_; });
+  return item;
+}
+
+Integer TQXSqlStoreProc::NamedItems::Find(std::string_view upperName) const {
+  return index.Find(upperName, items.GetCount(),
+                    [this](Integer i) -> std::string_view { return items.GetItems(i)->upperName_; });
+}
+
+void TQXSqlStoreProc::NamedItems::Delete(Integer i) {
+  items.Delete(i);
+  index.Drop();
+}
+
+void TQXSqlStoreProc::NamedItems::Clear() {
+  items.Clear();
+  index.Drop();
+}
+
+void TQXSqlStoreProc::Clear() {
+  params_.Clear();
+  funcs_.Clear();
+}
+
+Integer TQXSqlStoreProc::FindParam(std::string_view name) const {
+  return params_.Find(Trim(UpperCase(name)));
+}
+
+Integer TQXSqlStoreProc::FindFunc(std::string_view name) const { return funcs_.Find(Trim(UpperCase(name))); }
+
+Variant TQXSqlStoreProc::GetValue(std::string_view name) const {
+  const TQXSqlStoreProcItem* const item = ItemByName(name);
+  return item != nullptr ? item->GetValue() : Variant();
+}
+
+void TQXSqlStoreProc::SetValue(std::string_view name, const Variant& value) {
+  TQXSqlStoreProcItem* const item = ItemByName(name);
+  if (item != nullptr) item->SetValue(value);
+}
+
+TQXSqlStoreProcItem* TQXSqlStoreProc::ItemByName(std::string_view name) const {
+  if (name.empty()) return nullptr;
+  if (name[0] == '@') return GetParams(name);
+  if (name[0] == '$' && name.find_first_of("[]") == kNone) return GetFuncs("[" + std::string(name) + "]");
+  if (name.starts_with("[$")) return GetFuncs(name);
+  throw Exception("Invalid Name " + std::string(name));
+}
+
+TQXSqlStoreProcItem* TQXSqlStoreProc::Add() { return params_.Add(""); }
+
+void TQXSqlStoreProc::Delete(Integer index) { params_.Delete(index); }
+
+void TQXSqlStoreProc::Delete(std::string_view name) {
+  const Integer index = FindParam(name);
+  if (index >= 0) Delete(index);
+}
+
+// --- Declarations ------------------------------------------------------------------------------------
+
+void TQXSqlStoreProc::LoadParams(const TStrings* lines) {
+  std::string joined;
+  for (Integer i = 0; i < lines->GetCount(); ++i) joined += lines->GetStrings(i) + " ";
+  LoadParams(BytesToWide(joined));
+}
+
+void TQXSqlStoreProc::LoadParams(std::u16string_view declarations) {
+  if (IsBlank(declarations)) return;
+  const std::string text = RemoveBreaks(WideToBytes(ClearNote(declarations)));
+  if (IsBlank(std::string_view(text))) return;
+  params_.Clear();
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find(',', start), text.size());
+    LoadDeclaration(Trim(std::string_view(text).substr(start, end - start)));
+    start = end + 1;
+  }
+}
+
+void TQXSqlStoreProc::LoadDeclaration(std::string_view piece) {
+  const std::size_t blank = piece.find(' ');
+  if (blank == kNone) throw Exception("Param Error");
+  const std::string name = Trim(piece.substr(0, blank));
+  std::string type = Trim(piece.substr(blank + 1));
+  Integer length = 0;
+  if (const std::size_t open = type.find('('); open != kNone) {
+    length = ReadLength(type, open);
+    type = Trim(std::string_view(type).substr(0, open));
+  }
+  const TStoreProcParamType style = FindType(type);
+  if (FindParam(name) >= 0) return;
+  TQXSqlStoreProcItem* const item = params_.Add(name);
+  item->SetStyle(style);
+  item->SetLength(length);
+  item->SetAutoStyle(false);
+}
+
+AnsiString TQXSqlStoreProc::Declarations() const {
+  std::string list;
+  for (Integer i = 0; i < GetParamCount(); ++i) {
+    const TQXSqlStoreProcItem& item = *GetItems(i);
+    Append(list, item.GetName() + " " + StoreProcParamTypeStr[item.GetStyle()]);
+    if (item.GetLength() != 0) list += "(" + std::to_string(item.GetLength()) + ")";
+  }
+  return list;
+}
+
+void TQXSqlStoreProc::SaveParams(WideString& declarations) const {
+  declarations = BytesToWide(Declarations());
+}
+
+void TQXSqlStoreProc::SaveParams(TStrings* lines) const { lines->SetText(Declarations()); }
+
+// --- The call ----------------------------------------------------------------------------------------
+
+TStrings* TQXSqlStoreProc::GetStoreProc() {
+  call_.Clear();
+  std::vector<Macro> macros;
+  for (Integer i = 0; i < GetFuncCount(); ++i)
+    macros.emplace_back(GetFuncItems(i)->GetName(), GetFuncItems(i)->GetValue().AsString());
+  std::string statement = statement_.GetText();
+  if (!macros.empty()) statement = ExpandMacros(statement, macros);
+  statement = DoubleQuotes(statement);
+  const std::string declarations = Declarations();
+  std::string values;
+  for (Integer i = 0; i < GetParamCount(); ++i) Append(values, GetItems(i)->GetSqlValue());
+
+  call_.Add("sp_executesql N'");
+  if (declarations.empty() || values.empty()) {
+    call_.Add(std::move(statement += "'"));
+  } else {
+    call_.Add(std::move(statement += "',"));
+    call_.Add("N'" + declarations + "', ");
+    call_.Add(std::move(values));
+  }
+  return &call_;
+}
+
+}  // namespace qxTools::qxSqlStoreProc
