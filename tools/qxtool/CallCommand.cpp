@@ -1,0 +1,106 @@
+// qxtool call: the sp_executesql call of a statement file.
+#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/sql/qxSqlStoreProc.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "Commands.h"
+#include "Edge.h"
+#include "TextTable.h"
+#include "Values.h"
+
+namespace qxtool {
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::qxSqlStoreProc;
+
+struct Options {
+  std::string file;
+  std::vector<std::string> set;
+  std::string declare;
+  bool all = false;
+  bool list = false;
+};
+
+void LoadStatement(TQXSqlStoreProc& procedure, const Options& options) {
+  procedure.SetSearchParamType(options.all ? spAll : spAuto);
+  TStringList lines;
+  lines.SetText(ReadInput(options.file));
+  procedure.LoadStoreProc(&lines);
+}
+
+/// A declaration list from a file of that name, or else the argument itself.
+void LoadDeclarations(TQXSqlStoreProc& procedure, const std::string& argument) {
+  if (argument.empty()) return;
+  std::error_code ignored;
+  const bool isFile = std::filesystem::exists(argument, ignored);
+  Naming("--declare " + argument, [&] {
+    TStringList lines;
+    lines.SetText(isFile ? ReadInput(argument) : FromArgument(argument));
+    procedure.LoadParams(&lines);
+  });
+}
+
+bool IsKnown(const TQXSqlStoreProc& procedure, const std::string& name) {
+  if (name.starts_with('@')) return procedure.FindParam(name) >= 0;
+  if (name.starts_with("[$")) return procedure.FindFunc(name) >= 0;
+  return name.starts_with('$') && procedure.FindFunc("[" + name + "]") >= 0;
+}
+
+void SetValues(TQXSqlStoreProc& procedure, const Options& options) {
+  for (const NamedValue& value : ReadValues(options.set)) {
+    if (!IsKnown(procedure, value.name))
+      throw Failure(Visible(options.file) + ": no parameter or macro " + Visible(value.name));
+    procedure.SetValue(value.name, value.value);
+  }
+}
+
+TextRow RowOf(const char* kind, const TQXSqlStoreProcItem& item) {
+  const std::string length = item.GetLength() != 0 ? std::to_string(item.GetLength()) : "";
+  return {kind, item.GetName(), StoreProcParamTypeStr[item.GetStyle()], length, item.GetSqlValue()};
+}
+
+std::string ListOf(const TQXSqlStoreProc& procedure) {
+  std::vector<TextRow> rows;
+  for (Integer i = 0; i < procedure.GetParamCount(); ++i)
+    rows.push_back(RowOf("parameter", *procedure.GetItems(i)));
+  for (Integer i = 0; i < procedure.GetFuncCount(); ++i)
+    rows.push_back(RowOf("macro", *procedure.GetFuncItems(i)));
+  return AlignRows({"Kind", "Name", "Type", "Length", "Value"}, rows);
+}
+
+void Run(const Options& options) {
+  TQXSqlStoreProc procedure;
+  LoadStatement(procedure, options);
+  LoadDeclarations(procedure, options.declare);
+  SetValues(procedure, options);
+  Print(options.list ? ListOf(procedure) : procedure.GetStoreProc()->GetText());
+}
+
+}  // namespace
+
+void AddCallCommand(CLI::App& app) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command = app.add_subcommand("call", "Write the sp_executesql call of a statement");
+  command
+      ->add_option("FILE", options->file,
+                   "Statement with @ parameters and [$...] macros; - is standard input")
+      ->required();
+  command
+      ->add_option("--set", options->set,
+                   "NAME=VALUE, NAME:TYPE=VALUE or NAME:null; NAME is @Parameter or $Macro, TYPE one of " +
+                       ValueTypes())
+      ->type_name("NAME=VALUE")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  command->add_option("--declare", options->declare, "Declaration list, a file or the text itself")
+      ->type_name("FILE|TEXT");
+  command->add_flag("--all", options->all, "Take every @ name, not only @MM and @MM_...");
+  command->add_flag("--list", options->list, "Show parameters and macros instead of the call");
+  command->callback([options] { Run(*options); });
+}
+
+}  // namespace qxtool

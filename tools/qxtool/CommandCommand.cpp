@@ -1,0 +1,70 @@
+// qxtool command: a command file with its values filled in.
+#include <qxTools/sql/QXSqlTools.h>
+
+#include <memory>
+
+#include "Commands.h"
+#include "Edge.h"
+#include "TextTable.h"
+#include "Values.h"
+
+namespace qxtool {
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::QXSqlTools;
+
+struct Options {
+  std::string file;
+  std::vector<std::string> set;
+  bool list = false;
+};
+
+void SetValues(TQXSQL& command, const Options& options) {
+  for (const NamedValue& value : ReadValues(options.set)) {
+    if (command.GetParams().FindByName(value.name) == nullptr)
+      throw Failure(Visible(options.file) + ": no parameter " + Visible(value.name));
+    // A command leaves a value of another type aside; here that would pass unseen.
+    if (value.value.Type() == varInt64)
+      throw Failure("--set " + Visible(value.name) + ": a command takes no bigint");
+    command.GetParams().SetItemsValue(value.name, value.value);
+  }
+}
+
+std::string ListOf(TQXSQL& command) {
+  static const char* const styles[] = {"string", "integer", "real", "date", "time", "boolean", "function"};
+  std::vector<TextRow> rows;
+  for (Integer i = 0; i < command.GetParams().GetCount(); ++i) {
+    const TQXSQLItem& item = *command.GetParams().GetItems(i);
+    rows.push_back({item.GetName(), styles[item.Style], item.Text});
+  }
+  return AlignRows({"Name", "Style", "Text"}, rows);
+}
+
+void Run(const Options& options) {
+  TQXSQL command;
+  command.GetInLines().SetText(ReadInput(options.file));
+  SetValues(command, options);
+  Print(options.list ? ListOf(command) : command.GetOutLines().GetText());
+}
+
+}  // namespace
+
+void AddCommandCommand(CLI::App& app) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command = app.add_subcommand("command", "Fill the @ parameters of a command in");
+  command->add_option("FILE", options->file, "Command text with @ parameters; - is standard input")
+      ->required();
+  command
+      ->add_option("--set", options->set,
+                   "NAME=VALUE, NAME:TYPE=VALUE or NAME:null; TYPE is one of " + ValueTypes() +
+                       "; a text may name its style, as in @NID=@N:15")
+      ->type_name("NAME=VALUE")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  command->add_flag("--list", options->list, "Show the parameters instead of the text");
+  command->callback([options] { Run(*options); });
+}
+
+}  // namespace qxtool

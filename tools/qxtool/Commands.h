@@ -1,0 +1,11 @@
+// The commands of qxtool. Each adds its subcommand, with its options, and runs when it is chosen.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace qxtool {
+
+void AddCallCommand(CLI::App& app);
+void AddCommandCommand(CLI::App& app);
+
+}  // namespace qxtool

@@ -1,0 +1,85 @@
+#include "Edge.h"
+
+#include <qxTools/platform/Files.h>
+#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/runtime/Exceptions.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
+namespace qxtool {
+
+namespace {
+
+std::string Reason() { return std::generic_category().message(errno); }
+
+std::string ReadStandardInput() {
+  std::string bytes;
+  char piece[65536];
+  while (const std::size_t got = std::fread(piece, 1, sizeof piece, stdin)) bytes.append(piece, got);
+  if (std::ferror(stdin) != 0) throw Failure("standard input: " + Reason());
+  return bytes;
+}
+
+/// UTF-8 as code page 950; a character that the page lacks is an error, named by its line.
+std::string Narrow(std::string_view utf8, const std::string& subject) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (utf8.starts_with(kByteOrderMark)) utf8.remove_prefix(kByteOrderMark.size());
+  const std::string bytes = qxTools::Utf8ToBytes(utf8);
+  const std::string back = qxTools::BytesToUtf8(bytes);
+  if (back == utf8) return bytes;
+  const auto differs = std::mismatch(utf8.begin(), utf8.end(), back.begin(), back.end()).first;
+  const auto line = 1 + std::count(utf8.begin(), differs, '\n');
+  throw Failure(Visible(subject) + ": line " + std::to_string(line) +
+                ": no UTF-8, or a character that code page 950 lacks");
+}
+
+}  // namespace
+
+Encoding& GetEncoding() {
+  static Encoding encoding;
+  return encoding;
+}
+
+std::string ReadInput(const std::string& fileName) {
+  std::string bytes;
+  try {
+    bytes = fileName == "-" ? ReadStandardInput() : qxTools::ReadWholeFile(fileName);
+  } catch (const qxTools::Exception& e) {
+    throw Failure(Visible(e.what()));
+  }
+  return GetEncoding().utf8Files ? Narrow(bytes, fileName) : bytes;
+}
+
+std::string FromArgument(const std::string& argument) {
+  return GetEncoding().utf8Terminal ? Narrow(argument, argument) : argument;
+}
+
+void Print(std::string_view text) {
+  const std::string converted = GetEncoding().utf8Terminal ? qxTools::BytesToUtf8(text) : std::string(text);
+  if (std::fwrite(converted.data(), 1, converted.size(), stdout) != converted.size())
+    throw Failure("standard output: " + Reason());
+}
+
+void FlushOutput() {
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) throw Failure("standard output: " + Reason());
+}
+
+std::string Visible(std::string_view text) {
+  std::string shown;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 32 && byte != 127) {
+      shown += c;
+      continue;
+    }
+    char escaped[8];
+    std::snprintf(escaped, sizeof escaped, "\\x%02X", byte);
+    shown += escaped;
+  }
+  return shown;
+}
+
+}  // namespace qxtool

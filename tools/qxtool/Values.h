@@ -1,0 +1,23 @@
+// Values given on the command line: NAME=VALUE, NAME:TYPE=VALUE, NAME:null.
+#pragma once
+
+#include <qxTools/runtime/Variant.h>
+
+#include <string>
+#include <vector>
+
+namespace qxtool {
+
+struct NamedValue {
+  std::string name;
+  qxTools::Variant value;
+};
+
+/// Reads the arguments of --set. Without a type a value is text.
+/// @throws Failure, quoting the argument, for an unknown type or a value that is none of its type.
+std::vector<NamedValue> ReadValues(const std::vector<std::string>& arguments);
+
+/// The types for the help text.
+std::string ValueTypes();
+
+}  // namespace qxtool
