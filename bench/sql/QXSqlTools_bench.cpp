@@ -1,0 +1,286 @@
+// SQL text beside what one would otherwise write it with: Abseil's replace for literals and for filling
+// values in, compiled PCRE2 and RE2 patterns for finding names.
+#include <absl/strings/str_join.h>
+#include <absl/strings/str_replace.h>
+#include <absl/strings/str_split.h>
+#include <benchmark/benchmark.h>
+#include <qxTools/sql/QXSqlTools.h>
+#include <qxTools/sql/qxSqlStoreProc.h>
+#include <re2/re2.h>
+
+#define PCRE2_CODE_UNIT_WIDTH 8
+#include <pcre2.h>
+
+#include <memory>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace {
+
+using namespace qxTools;
+using qxSqlStoreProc::TQXSqlStoreProc;
+using QXSqlTools::TQXSQL;
+
+using Bytes = std::size_t;
+
+// --- Input -------------------------------------------------------------------------------------------
+
+/// A statement of about `size` bytes that names `names` different parameters, one every 25 bytes, and holds a
+/// literal now and then. All names are of one length, so that none begins another.
+std::string Statement(Bytes size, std::size_t names) {
+  std::string text;
+  text.reserve(size + 100);
+  for (std::size_t i = 0; text.size() < size; ++i) {
+    text += " and Col = @MM_P" + std::to_string(1000000 + i % names);
+    if (i % 10 == 0) text += " or Kind = 'old'";
+    if (i % 4 == 0) text += "\r\n";
+  }
+  return text + "\r\n";
+}
+
+std::vector<std::string> Values(std::size_t count) {
+  std::vector<std::string> values;
+  for (std::size_t i = 0; i < count; ++i) values.push_back("it's value " + std::to_string(i));
+  return values;
+}
+
+// --- Finding names -----------------------------------------------------------------------------------
+
+/// The different names that a compiled PCRE2 pattern finds: group 1 of its matches.
+std::size_t CountByPcre2(const pcre2_code* code, const std::string& text) {
+  std::unordered_set<std::string_view> names;
+  const std::unique_ptr<pcre2_match_data, decltype(&pcre2_match_data_free)> data(
+      pcre2_match_data_create_from_pattern(code, nullptr), &pcre2_match_data_free);
+  const auto* const subject = reinterpret_cast<PCRE2_SPTR>(text.data());
+  const PCRE2_SIZE* const range = pcre2_get_ovector_pointer(data.get());
+  for (PCRE2_SIZE start = 0;
+       pcre2_match(code, subject, text.size(), start, PCRE2_NO_UTF_CHECK, data.get(), nullptr) > 0;
+       start = range[1])
+    if (range[2] != PCRE2_UNSET) names.emplace(text.data() + range[2], range[3] - range[2]);
+  return names.size();
+}
+
+const pcre2_code* Pcre2(const char* pattern) {
+  int error = 0;
+  PCRE2_SIZE offset = 0;
+  pcre2_code* const code = pcre2_compile(reinterpret_cast<PCRE2_SPTR>(pattern), PCRE2_ZERO_TERMINATED,
+                                         PCRE2_CASELESS, &error, &offset, nullptr);
+  pcre2_jit_compile(code, PCRE2_JIT_COMPLETE);
+  return code;  // for the program's life
+}
+
+std::size_t CountByRe2(const RE2& pattern, const std::string& text) {
+  std::unordered_set<std::string> names;
+  re2::StringPiece rest(text);
+  for (re2::StringPiece name; RE2::FindAndConsume(&rest, pattern, &name);)
+    if (!name.empty()) names.emplace(name.data(), name.size());
+  return names.size();
+}
+
+constexpr char kEveryName[] = "(@[a-z][a-z0-9_]*)";
+constexpr char kNamesOutsideLiterals[] = "'[^']*'|(@MM_[a-z0-9_]*)";
+
+template <class Count>
+void MeasureCount(benchmark::State& state, Bytes size, std::size_t want, Count count) {
+  if (count() != want) return state.SkipWithError("wrong count of names");
+  for (auto _ : state) benchmark::DoNotOptimize(count());
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(size));
+}
+
+/// Finding the parameters of a call anew, as every change of its text does.
+void ScanCall(benchmark::State& state, Bytes size, std::size_t names) {
+  TQXSqlStoreProc set;
+  set.GetStatement().SetText(Statement(size, names));
+  MeasureCount(state, size, names, [&] {
+    set.SearchAllParams();
+    return static_cast<std::size_t>(set.GetParamCount());
+  });
+}
+
+void ScanCommand(benchmark::State& state, Bytes size, std::size_t names) {
+  TQXSQL command;
+  command.GetInLines().SetText(Statement(size, names));
+  MeasureCount(state, size, names, [&] {
+    command.FindParams();
+    return static_cast<std::size_t>(command.GetParams().GetCount());
+  });
+}
+
+void ScanByPcre2(benchmark::State& state, const char* pattern, Bytes size, std::size_t names) {
+  const std::string text = Statement(size, names);
+  const pcre2_code* const code = Pcre2(pattern);
+  MeasureCount(state, size, names, [&] { return CountByPcre2(code, text); });
+}
+
+void ScanByRe2(benchmark::State& state, const char* pattern, Bytes size, std::size_t names) {
+  const std::string text = Statement(size, names);
+  const RE2 compiled("(?i)" + std::string(pattern));
+  MeasureCount(state, size, names, [&] { return CountByRe2(compiled, text); });
+}
+
+// --- Filling values in -------------------------------------------------------------------------------
+
+constexpr std::size_t kParameters = 1000;
+
+template <class Build>
+void MeasureText(benchmark::State& state, Bytes want, Build build) {
+  if (build() != want) return state.SkipWithError("wrong size of the text");
+  for (auto _ : state) benchmark::DoNotOptimize(build());
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(want));
+}
+
+std::vector<std::pair<std::string, std::string>> Replacements() {
+  std::vector<std::pair<std::string, std::string>> pairs;
+  for (std::size_t i = 0; i < kParameters; ++i)
+    pairs.emplace_back("@MM_P" + std::to_string(1000000 + i), "'it''s " + std::to_string(i) + "'");
+  return pairs;
+}
+
+/// The command's output with 1,000 parameters.
+void FillCommand(benchmark::State& state) {
+  const auto size = static_cast<Bytes>(state.range(0));
+  TQXSQL command;
+  command.GetInLines().SetText(Statement(size, kParameters));
+  for (Integer i = 0; i < command.GetParams().GetCount(); ++i)
+    command.GetParams().GetItems(i)->Text = "it's " + std::to_string(i);
+  const Bytes want = absl::StrReplaceAll(Statement(size, kParameters), Replacements()).size();
+  MeasureText(state, want, [&] { return command.GetOutLines().GetText().size(); });
+}
+
+void FillByAbseil(benchmark::State& state) {
+  const std::string text = Statement(static_cast<Bytes>(state.range(0)), kParameters);
+  const auto pairs = Replacements();
+  const Bytes want = absl::StrReplaceAll(text, pairs).size();
+  MeasureText(state, want, [&] { return absl::StrReplaceAll(text, pairs).size(); });
+}
+
+/// The call text of a statement with 1,000 parameters, one macro and literals.
+void BuildCall(benchmark::State& state) {
+  TQXSqlStoreProc set;
+  set.GetStatement().SetText("select * from [$Table]" +
+                             Statement(static_cast<Bytes>(state.range(0)), kParameters));
+  set.SetValue("$Table", "Goods");
+  for (Integer i = 0; i < set.GetParamCount(); ++i) set.GetItems(i)->SetValue(i);
+  const Bytes want = set.GetStoreProc()->GetText().size();
+  MeasureText(state, want, [&] { return set.GetStoreProc()->GetText().size(); });
+}
+
+/// The same two replacements in the statement alone, without declarations and values.
+void BuildCallByAbseil(benchmark::State& state) {
+  const std::string text =
+      "select * from [$Table]" + Statement(static_cast<Bytes>(state.range(0)), kParameters);
+  const auto build = [&] {
+    return absl::StrReplaceAll(text, {{"[$Table]", "Goods"}, {"'", "''"}, {"[##]", "''"}}).size();
+  };
+  MeasureText(state, build(), build);
+}
+
+// --- Literals ----------------------------------------------------------------------------------------
+
+std::string QuoteByAbseil(absl::string_view value) {
+  return absl::StrCat("'", absl::StrReplaceAll(value, {{"'", "''"}}), "'");
+}
+
+std::string ListByAbseil(const std::string& list) {
+  return absl::StrCat(
+      " (",
+      absl::StrJoin(absl::StrSplit(list, ','), ",",
+                    [](std::string* out, absl::string_view value) { out->append(QuoteByAbseil(value)); }),
+      ") ");
+}
+
+template <class Ours, class Peer>
+void RegisterLiteral(const std::string& work, Ours ours, Peer peer) {
+  const auto add = [&](const std::string& who, auto build) {
+    benchmark::RegisterBenchmark(
+        (work + "/" + who).c_str(),
+        [=](benchmark::State& state) {
+          const std::vector<std::string> values = Values(static_cast<std::size_t>(state.range(0)));
+          const std::string joined = absl::StrJoin(values, ",");
+          MeasureText(state, ours(values, joined).size(), [&] { return build(values, joined).size(); });
+        })
+        ->Arg(1000)
+        ->Arg(10000)
+        ->Arg(100000)
+        ->Unit(benchmark::kMicrosecond);
+  };
+  add("qxTools", ours);
+  add("Abseil", peer);
+}
+
+void RegisterLiterals() {
+  using List = std::vector<std::string>;
+  RegisterLiteral(
+      "sql.ToSQLStr", [](const List&, const std::string& text) { return QXSqlTools::ToSQLStr(text); },
+      [](const List&, const std::string& text) { return QuoteByAbseil(text); });
+  RegisterLiteral(
+      "sql.ToSQLinlist", [](const List&, const std::string& text) { return QXSqlTools::ToSQLinlist(text); },
+      [](const List&, const std::string& text) { return ListByAbseil(text); });
+  RegisterLiteral(
+      "sql.ToSQLEx",
+      [](const List& values, const std::string&) {
+        return QXSqlTools::ToSQLEx(values, std::string(values.size(), 'S'));
+      },
+      [](const List& values, const std::string&) {
+        return absl::StrJoin(values, ",", [](std::string* out, const std::string& value) {
+          out->append(QuoteByAbseil(value));
+        });
+      });
+}
+
+// --- Rows --------------------------------------------------------------------------------------------
+
+constexpr Bytes kStatement = 10 << 20;
+
+template <class Scan>
+void RegisterScan(const std::string& who, const std::string& work, Scan scan) {
+  const auto sizes = [=](benchmark::State& state) { scan(state, static_cast<Bytes>(state.range(0)), 20); };
+  benchmark::RegisterBenchmark(("sql." + work + "/" + who).c_str(), sizes)
+      ->Arg(100 << 10)
+      ->Arg(1 << 20)
+      ->Arg(kStatement)
+      ->Unit(benchmark::kMillisecond);
+  const auto names = [=](benchmark::State& state) {
+    scan(state, kStatement, static_cast<std::size_t>(state.range(0)));
+  };
+  benchmark::RegisterBenchmark(("sql." + work + "_names_in_10MB/" + who).c_str(), names)
+      ->Arg(1000)
+      ->Arg(10000)
+      ->Arg(100000)
+      ->Unit(benchmark::kMillisecond);
+}
+
+void RegisterScans() {
+  RegisterScan("qxTools", "SearchAllParams", ScanCall);
+  RegisterScan("PCRE2", "SearchAllParams", [](benchmark::State& state, Bytes size, std::size_t names) {
+    ScanByPcre2(state, kNamesOutsideLiterals, size, names);
+  });
+  RegisterScan("RE2", "SearchAllParams", [](benchmark::State& state, Bytes size, std::size_t names) {
+    ScanByRe2(state, kNamesOutsideLiterals, size, names);
+  });
+  RegisterScan("qxTools", "FindParams", ScanCommand);
+  RegisterScan("PCRE2", "FindParams", [](benchmark::State& state, Bytes size, std::size_t names) {
+    ScanByPcre2(state, kEveryName, size, names);
+  });
+}
+
+void RegisterFill(const char* name, void (*run)(benchmark::State&)) {
+  benchmark::RegisterBenchmark(name, run)
+      ->Arg(100 << 10)
+      ->Arg(1 << 20)
+      ->Arg(kStatement)
+      ->Unit(benchmark::kMillisecond);
+}
+
+const bool registered = [] {
+  RegisterScans();
+  RegisterFill("sql.GetOutLines/qxTools", FillCommand);
+  RegisterFill("sql.GetOutLines/Abseil", FillByAbseil);
+  RegisterFill("sql.GetStoreProc/qxTools", BuildCall);
+  RegisterFill("sql.GetStoreProc/Abseil", BuildCallByAbseil);
+  RegisterLiterals();
+  return true;
+}();
+
+}  // namespace
