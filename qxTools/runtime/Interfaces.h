@@ -95,10 +95,11 @@ class QXTOOLS_API TInterfacedObject : public TObject {
 
 }  // namespace qxTools
 
-/// The three root methods of a class that derives from TInterfacedObject and from an interface.
+/// The three root methods of a class (or class template) that derives from TInterfacedObject and from an
+/// interface.
 #define QXTOOLS_INTERFACED_OBJECT                                                         \
   ::qxTools::HRESULT QueryInterface(const ::qxTools::GUID& iid, void** result) override { \
-    return QueryInterfaceImpl(iid, result);                                               \
+    return this->QueryInterfaceImpl(iid, result);                                         \
   }                                                                                       \
-  ::qxTools::Integer _AddRef() override { return AddRefImpl(); }                          \
-  ::qxTools::Integer _Release() override { return ReleaseImpl(); }
+  ::qxTools::Integer _AddRef() override { return this->AddRefImpl(); }                    \
+  ::qxTools::Integer _Release() override { return this->ReleaseImpl(); }
