@@ -1,0 +1,82 @@
+// Banks beside the standard vector: checked access to each element, and growth by one element a time.
+#include <benchmark/benchmark.h>
+#include <qxTools/memory/QXMemTools.h>
+
+#include <numeric>
+#include <vector>
+
+namespace {
+
+using qxTools::Integer;
+using qxTools::QXMemTools::TInt64Bank;
+using qxTools::QXMemTools::TIntegerBank;
+
+template <class T>
+class Vector {
+ public:
+  void SetCount(Integer count) { values_.resize(static_cast<std::size_t>(count)); }
+  T GetValue(Integer i) const { return values_.at(static_cast<std::size_t>(i)); }
+  void SetValue(Integer i, T value) { values_.at(static_cast<std::size_t>(i)) = value; }
+
+ private:
+  std::vector<T> values_;
+};
+
+// What a loop over a bank of one million elements looks like to its caller.
+template <class Bank>
+void Get(benchmark::State& state) {
+  const auto count = static_cast<Integer>(state.range(0));
+  Bank bank;
+  bank.SetCount(count);
+  for (Integer i = 0; i < count; ++i) bank.SetValue(i, i);
+  for (auto _ : state) {
+    std::int64_t sum = 0;
+    for (Integer i = 0; i < count; ++i) sum += bank.GetValue(i);
+    if (sum != std::int64_t{count} * (count - 1) / 2) return state.SkipWithError("wrong sum");
+  }
+  state.SetItemsProcessed(state.iterations() * count);
+}
+
+template <class Bank>
+void Set(benchmark::State& state) {
+  const auto count = static_cast<Integer>(state.range(0));
+  Bank bank;
+  bank.SetCount(count);
+  for (auto _ : state) {
+    for (Integer i = 0; i < count; ++i) bank.SetValue(i, i ^ 5);
+    benchmark::ClobberMemory();
+  }
+  if (bank.GetValue(count - 1) != ((count - 1) ^ 5)) return state.SkipWithError("wrong value");
+  state.SetItemsProcessed(state.iterations() * count);
+}
+
+template <class Bank>
+void Grow(benchmark::State& state) {
+  const auto count = static_cast<Integer>(state.range(0));
+  for (auto _ : state) {
+    Bank bank;
+    for (Integer i = 1; i <= count; ++i) bank.SetCount(i);
+    if (bank.GetValue(count - 1) != 0) return state.SkipWithError("not zero");
+    benchmark::DoNotOptimize(bank);
+  }
+  state.SetItemsProcessed(state.iterations() * count);
+}
+
+[[maybe_unused]] const bool registered = [] {
+  const auto add = [](const char* name, auto run) {
+    benchmark::RegisterBenchmark(name, run)->Arg(10000)->Arg(100000)->Arg(1000000);
+  };
+  add("bank.get_int64/qxTools", Get<TInt64Bank>);
+  add("bank.get_int64/vector_at", Get<Vector<std::int64_t>>);
+  add("bank.set_int64/qxTools", Set<TInt64Bank>);
+  add("bank.set_int64/vector_at", Set<Vector<std::int64_t>>);
+  add("bank.get_integer/qxTools", Get<TIntegerBank>);
+  add("bank.get_integer/vector_at", Get<Vector<Integer>>);
+  add("bank.set_integer/qxTools", Set<TIntegerBank>);
+  add("bank.set_integer/vector_at", Set<Vector<Integer>>);
+  add("bank.grow_by_one/qxTools", Grow<TIntegerBank>);
+  add("bank.grow_by_one/vector_resize", Grow<Vector<Integer>>);
+  return true;
+}();
+
+}  // namespace

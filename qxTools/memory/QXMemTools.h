@@ -1,0 +1,89 @@
+/// @file
+/// Raw zero-filled blocks, a block with a cursor, and arrays of fixed-size elements, ten of them typed.
+///
+/// Sizes, counts and positions are bytes or elements, from 0. Objects are for one thread at a time.
+#pragma once
+
+#include <qxTools/memory/MemoryCore.h>
+
+#include <cstring>
+
+namespace qxTools::QXMemTools {
+
+using MemoryCore::IMemoryBank;
+using MemoryCore::IMemoryOperation;
+using MemoryCore::MemCreate;
+using MemoryCore::MemFree;
+using MemoryCore::MemSize;
+using MemoryCore::THandle;
+using MemoryCore::TMemoryOperation;
+using MemoryCore::TMemorySize;
+
+/// The array of elements; see MemoryCore::TMemoryBank for its rules.
+class QXTOOLS_API TMemoryBank : public MemoryCore::TMemoryBank {
+ public:
+  using MemoryCore::TMemoryBank::TMemoryBank;
+  ~TMemoryBank() override;
+
+  /// Takes over size and bytes, and from a bank of this unit element size and count too.
+  void Assign(const TMemoryOperation& Source) override;
+
+  /// The element's address, good until the next SetSize, SetCount or Assign.
+  void* _GetValueAddress(Integer Index) const { return ElementAt(Index); }
+  void* GetValue(Integer Index) const { return ElementAt(Index); }
+
+ protected:
+  /// One element as a T, of which elements hold `Size` bytes. After an Assign the sizes may differ: as many
+  /// bytes are moved as both have, the others are zeros.
+  template <class T, Integer Size>
+  T ReadElement(Integer index) const {
+    T value{};
+    if (ReachesOwnSize(index)) [[likely]] {
+      std::memcpy(&value, FAddress + index * std::ptrdiff_t{Size}, Size);
+    } else {
+      if (!Reaches(index)) RaiseIndexOutbound();
+      const std::uint64_t bytes = ReadOtherSize(index);
+      std::memcpy(&value, &bytes, sizeof(T));
+    }
+    return value;
+  }
+
+  template <class T, Integer Size>
+  void WriteElement(Integer index, T value) {
+    if (ReachesOwnSize(index)) [[likely]] {
+      std::memcpy(FAddress + index * std::ptrdiff_t{Size}, &value, Size);
+    } else {
+      std::uint64_t bytes = 0;
+      std::memcpy(&bytes, &value, sizeof(T));
+      WriteOtherSize(index, bytes, sizeof(T));
+    }
+  }
+
+ private:
+  // Pure, so that a loop over a bank need not read its fields again and again. The index was checked: a pure
+  // call may be left out, and an error must not.
+  [[gnu::pure]] std::uint64_t ReadOtherSize(Integer index) const;
+  void WriteOtherSize(Integer index, std::uint64_t bytes, Integer size);
+};
+
+/// A bank whose elements are read and written as values.
+template <class T>
+class QXTOOLS_API TypedBank : public TMemoryBank {
+ public:
+  TypedBank() : TMemoryBank(Integer{sizeof(T)}) {}
+  T GetValue(Integer Index) const { return ReadElement<T, Integer{sizeof(T)}>(Index); }
+  void SetValue(Integer Index, T Value) { WriteElement<T, Integer{sizeof(T)}>(Index, Value); }
+};
+
+class QXTOOLS_API TByteBank : public TypedBank<std::uint8_t> {};
+class QXTOOLS_API TWordBank : public TypedBank<std::uint16_t> {};
+class QXTOOLS_API TLongwordBank : public TypedBank<std::uint32_t> {};
+class QXTOOLS_API TShortintBank : public TypedBank<std::int8_t> {};
+class QXTOOLS_API TSmallintBank : public TypedBank<std::int16_t> {};
+class QXTOOLS_API TLongintBank : public TypedBank<std::int32_t> {};
+class QXTOOLS_API TInt64Bank : public TypedBank<std::int64_t> {};
+class QXTOOLS_API TPointerBank : public TypedBank<void*> {};
+class QXTOOLS_API TIntegerBank : public TLongintBank {};
+class QXTOOLS_API TCardinalBank : public TLongwordBank {};
+
+}  // namespace qxTools::QXMemTools

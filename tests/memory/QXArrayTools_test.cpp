@@ -1,0 +1,25 @@
+#include <gtest/gtest.h>
+#include <qxTools/memory/QXArrayTools.h>
+#include <qxTools/memory/QXMemTools.h>
+
+namespace {
+
+using namespace qxTools;
+
+TEST(QXArrayTools, AssignCopiesBytesAndSizeOnly) {
+  QXArrayTools::TMemoryBank source(2);
+  source.SetCount(5);
+  QXArrayTools::TMemoryBank target(4);
+  target.Assign(source);
+  EXPECT_EQ(target.GetSize(), 10);
+  EXPECT_EQ(target.GetElementSize(), 4);
+  EXPECT_EQ(target.GetCount(), 1);
+
+  QXMemTools::TMemoryBank newer(8);
+  newer.Assign(source);  // a bank of the other unit counts as a plain block
+  EXPECT_EQ(newer.GetSize(), 10);
+  EXPECT_EQ(newer.GetElementSize(), 8);
+  EXPECT_EQ(newer.GetCount(), 1);
+}
+
+}  // namespace

@@ -1,0 +1,236 @@
+#include <gtest/gtest.h>
+#include <qxTools/memory/QXMemTools.h>
+
+#include <array>
+#include <limits>
+#include <memory>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "support/MessageOf.h"
+#include "support/SlotOf.h"
+
+namespace {
+
+using namespace qxTools::QXMemTools;
+using qxTools::GUID;
+using qxTools::Integer;
+using qxTools::test::MessageOf;
+using qxTools::test::SlotOf;
+
+constexpr char kBadSize[] = "Size cann\x60t small then 0";
+constexpr char kBadCount[] = "Count cann\x60t small then 1";
+constexpr char kBadIndex[] = "Index outbound";
+
+std::string Bytes(const TMemoryOperation& block) {
+  return {static_cast<const char*>(block.GetAddress()), static_cast<std::size_t>(block.GetSize())};
+}
+
+TEST(QXMemTools, BlocksAreZeroAlignedAndKnownByTheirAddress) {
+  for (const TMemorySize size : {1U, 7U, 24U, 4096U, 1000000U}) {
+    auto* block = static_cast<unsigned char*>(MemCreate(size));
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % alignof(std::max_align_t), 0U);
+    EXPECT_GE(MemSize(block), size);
+    EXPECT_EQ(std::accumulate(block, block + size, 0), 0);
+    MemFree(block);
+  }
+  void* const empty = MemCreate(0);
+  EXPECT_NE(empty, nullptr);
+  EXPECT_EQ(MemSize(empty), 0U);
+  MemFree(empty);
+  EXPECT_EQ(MemSize(nullptr), 0U);
+  MemFree(nullptr);
+}
+
+TEST(QXMemTools, ReadAndWriteMoveTheCursorAndStopAtTheEnd) {
+  TMemoryOperation block(8);
+  EXPECT_TRUE(block.Bof());
+  block.Write("abcdef", 6);
+  block.Write("XYZ", 0);
+  block.Write("XYZ", -1);
+  EXPECT_EQ(block.GetPosition(), 6);
+  block.Write("ghijkl", 6);  // two fit
+  EXPECT_TRUE(block.Eof());
+  EXPECT_EQ(Bytes(block), "abcdefgh");
+
+  for (const Integer all : {0, -1, 6, 100}) {
+    std::array<char, 9> buffer{};
+    block.SetPosition(2);
+    block.Read(buffer.data(), all);
+    EXPECT_STREQ(buffer.data(), "cdefgh") << all;
+    EXPECT_EQ(block.GetPosition(), 8);
+  }
+}
+
+TEST(QXMemTools, ACursorOutOfRangeGoesToTheStart) {
+  TMemoryOperation block(8);
+  for (const auto& [value, want] : {std::pair{8, 8}, {9, 0}, {5, 5}, {-1, 0}}) {
+    block.SetPosition(value);
+    EXPECT_EQ(block.GetPosition(), want) << value;
+  }
+}
+
+TEST(QXMemTools, ACursorBeyondTheEndStaysAndMovesNothing) {
+  TMemoryOperation block(8);
+  block.SetPosition(6);
+  block.SetSize(4);
+  EXPECT_EQ(block.GetPosition(), 6);
+  EXPECT_TRUE(block.Eof());
+  char byte = '#';
+  block.Read(&byte, 0);
+  block.Write(&byte, 1);
+  EXPECT_EQ(byte, '#');
+  EXPECT_EQ(block.GetPosition(), 6);
+  EXPECT_EQ(Bytes(block), std::string(4, '\0'));
+}
+
+TEST(QXMemTools, SetSizeKeepsTheFrontAndZeroesWhatGrows) {
+  TMemoryOperation block(-5);
+  EXPECT_EQ(block.GetSize(), 32);
+  block.Write("abcdefghijklmnopqrstuvwxyz012345", 32);
+  block.SetSize(3);
+  EXPECT_EQ(MessageOf([&] { block.SetSize(0); }), kBadSize);
+  EXPECT_EQ(Bytes(block), "abc");
+  for (const Integer size : {6, 100000, 2, 32}) {
+    block.SetSize(size);
+    const std::string front = std::string("abc").substr(0, size == 2 || size == 32 ? 2 : 3);
+    EXPECT_EQ(Bytes(block), front + std::string(static_cast<std::size_t>(size) - front.size(), '\0')) << size;
+    EXPECT_EQ(block.GetHandle(), reinterpret_cast<THandle>(block.GetAddress()));
+  }
+}
+
+TEST(QXMemTools, BanksGrowByZerosOneElementATime) {
+  TIntegerBank bank;
+  for (Integer i = 0; i < 5000; ++i) {
+    bank.SetCount(i + 1);
+    ASSERT_EQ(bank.GetValue(i), 0);
+    bank.SetValue(i, -i);
+  }
+  EXPECT_EQ(bank.GetSize(), 20000);
+  EXPECT_EQ(bank.GetValue(0), 0);
+  EXPECT_EQ(bank.GetValue(4321), -4321);
+}
+
+TEST(QXMemTools, TheIndexIsCheckedAtBothEnds) {
+  TByteBank bank;
+  bank.SetCount(3);
+  char byte = 0;
+  for (const Integer bad :
+       {-1, 3, std::numeric_limits<Integer>::max(), std::numeric_limits<Integer>::min()}) {
+    EXPECT_EQ(MessageOf([&] { bank.GetValue(bad); }), kBadIndex);
+    EXPECT_EQ(MessageOf([&] { bank.SetValue(bad, 1); }), kBadIndex);
+    EXPECT_EQ(MessageOf([&] { bank._GetValueAddress(bad); }), kBadIndex);
+    EXPECT_EQ(MessageOf([&] { bank._GetValue(&byte, bad); }), kBadIndex);
+    EXPECT_EQ(MessageOf([&] { bank._SetValue(&byte, bad); }), kBadIndex);
+  }
+}
+
+TEST(QXMemTools, SetCountLooksAtTheOldCountAndChangesItBeforeItFails) {
+  TLongintBank bank;
+  EXPECT_EQ(MessageOf([&] { bank.SetCount(0); }), kBadSize);
+  EXPECT_EQ(bank.GetCount(), 0);
+  EXPECT_EQ(bank.GetSize(), 4);
+  EXPECT_EQ(MessageOf([&] { bank.SetCount(5); }), kBadCount);
+  bank.Assign(TLongintBank());
+  EXPECT_EQ(MessageOf([&] { bank.SetCount(0x40000000); }), kBadSize);  // the product wraps to 0
+  EXPECT_EQ(bank.GetCount(), 0x40000000);
+  EXPECT_EQ(MessageOf([&] { bank.GetValue(1); }), kBadIndex);  // not inside the block
+  EXPECT_EQ(bank.GetValue(0), 0);
+}
+
+TEST(QXMemTools, ElementsWithoutSizeMoveNothing) {
+  for (const Integer size : {0, -7}) {
+    TMemoryBank bank(size);
+    EXPECT_EQ(bank.GetSize(), 32);
+    EXPECT_EQ(bank.GetCount(), 1);
+    EXPECT_EQ(bank.GetElementSize(), size);
+    char byte = '#';
+    bank._GetValue(&byte, 0);
+    EXPECT_EQ(byte, '#');
+    bank._SetValue(&byte, 0);
+    EXPECT_EQ(bank._GetValueAddress(0), bank.GetAddress());
+    EXPECT_EQ(Bytes(bank), std::string(32, '\0'));
+  }
+}
+
+TEST(QXMemTools, AssignMakesAnExactCopyOfABank) {
+  TWordBank source;
+  source.SetCount(3);
+  source.SetValue(2, 0xBEEF);
+  TInt64Bank target;
+  target.SetPosition(8);
+  target.Assign(source);
+  EXPECT_EQ(target.GetSize(), 6);
+  EXPECT_EQ(target.GetElementSize(), 2);
+  EXPECT_EQ(target.GetCount(), 3);
+  EXPECT_EQ(target.GetPosition(), 8);
+  EXPECT_EQ(target.GetValue(2), 0xBEEF);  // two bytes read, the others 0
+  target.SetValue(1, 0x123456789);        // two bytes written
+  EXPECT_EQ(target.GetValue(1), 0x6789);
+  EXPECT_EQ(target.GetValue(2), 0xBEEF);
+  target.Assign(target);
+  EXPECT_EQ(target.GetValue(2), 0xBEEF);
+  target.Assign(TMemoryOperation(5));  // no bank: bytes and size only
+  EXPECT_EQ(target.GetSize(), 5);
+  EXPECT_EQ(target.GetCount(), 3);
+  EXPECT_EQ(MessageOf([&] { target.GetValue(2); }), kBadIndex);
+}
+
+template <class Bank, class T>
+void ExpectRoundTrip(std::initializer_list<T> values) {
+  Bank bank;
+  EXPECT_EQ(bank.GetSize(), Integer{sizeof(T)});
+  for (const T value : values) {
+    bank.SetValue(0, value);
+    EXPECT_EQ(bank.GetValue(0), value);
+  }
+}
+
+TEST(QXMemTools, TypedBanksKeepWholeValues) {
+  ExpectRoundTrip<TByteBank, std::uint8_t>({0xFF, 0});
+  ExpectRoundTrip<TWordBank, std::uint16_t>({0xFFFF, 1});
+  ExpectRoundTrip<TLongwordBank, std::uint32_t>({0xFFFFFFFF, 2});
+  ExpectRoundTrip<TCardinalBank, std::uint32_t>({0xFFFFFFFF, 2});
+  ExpectRoundTrip<TShortintBank, std::int8_t>({-128, 127});
+  ExpectRoundTrip<TSmallintBank, std::int16_t>({-32768, 32767});
+  ExpectRoundTrip<TIntegerBank, std::int32_t>({std::numeric_limits<std::int32_t>::min(), -1});
+  ExpectRoundTrip<TInt64Bank, std::int64_t>({std::numeric_limits<std::int64_t>::min(), 1});
+  int object = 0;
+  ExpectRoundTrip<TPointerBank, void*>({&object, nullptr});
+}
+
+TEST(QXMemTools, InterfacesAreFoundByTheirIdentifiersAndKeepTheObjectAlive) {
+  constexpr GUID written{0x185AAE8D, 0x8541, 0x4801, {0xB0, 0xD1, 0xD5, 0xD3, 0xB4, 0x7B, 0x30, 0xBE}};
+  EXPECT_EQ(IMemoryOperation::IID, written);
+  auto* const bank = new TByteBank;
+  void* found = nullptr;
+  EXPECT_EQ(bank->QueryInterface(GUID{}, &found), qxTools::E_NOINTERFACE);
+  EXPECT_EQ(found, nullptr);
+  EXPECT_EQ(bank->RefCount(), 0);
+  ASSERT_EQ(bank->QueryInterface(IMemoryBank::IID, &found), qxTools::S_OK);
+  auto* const face = static_cast<IMemoryBank*>(found);
+  ASSERT_EQ(face->QueryInterface(IMemoryOperation::IID, &found), qxTools::S_OK);
+  EXPECT_EQ(bank->RefCount(), 2);
+  face->SetCount(7);
+  EXPECT_EQ(static_cast<IMemoryOperation*>(found)->GetSize(), 7);
+  EXPECT_EQ(static_cast<IMemoryOperation*>(found)->_Release(), 1);
+  EXPECT_EQ(face->_Release(), 0);  // frees it: the leak checker looks
+}
+
+TEST(QXMemTools, MethodsStandInTheirSlots) {
+  EXPECT_EQ(SlotOf(&IMemoryBank::QueryInterface), 0U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::_Release), 2U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::GetMemory), 3U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::SetMemory), 4U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::Read), 5U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::Write), 6U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::GetHandle), 7U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::GetAddress), 8U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::GetSize), 9U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::SetSize), 10U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::GetCount), 11U);
+  EXPECT_EQ(SlotOf(&IMemoryBank::SetCount), 12U);
+}
+
+}  // namespace
