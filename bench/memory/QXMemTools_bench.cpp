@@ -2,7 +2,9 @@
 #include <benchmark/benchmark.h>
 #include <qxTools/memory/QXMemTools.h>
 
+#include <algorithm>
 #include <numeric>
+#include <random>
 #include <vector>
 
 namespace {
@@ -22,16 +24,24 @@ class Vector {
   std::vector<T> values_;
 };
 
-// What a loop over a bank of one million elements looks like to its caller.
+// Every index once, in an order that the compiler does not know: each access is a call of its own.
+std::vector<Integer> Shuffled(Integer count) {
+  std::vector<Integer> order(static_cast<std::size_t>(count));
+  std::iota(order.begin(), order.end(), 0);
+  std::shuffle(order.begin(), order.end(), std::mt19937());
+  return order;
+}
+
 template <class Bank>
 void Get(benchmark::State& state) {
   const auto count = static_cast<Integer>(state.range(0));
+  const std::vector<Integer> order = Shuffled(count);
   Bank bank;
   bank.SetCount(count);
-  for (Integer i = 0; i < count; ++i) bank.SetValue(i, i);
+  for (const Integer i : order) bank.SetValue(i, i);
   for (auto _ : state) {
     std::int64_t sum = 0;
-    for (Integer i = 0; i < count; ++i) sum += bank.GetValue(i);
+    for (const Integer i : order) sum += bank.GetValue(i);
     if (sum != std::int64_t{count} * (count - 1) / 2) return state.SkipWithError("wrong sum");
   }
   state.SetItemsProcessed(state.iterations() * count);
@@ -39,6 +49,21 @@ void Get(benchmark::State& state) {
 
 template <class Bank>
 void Set(benchmark::State& state) {
+  const auto count = static_cast<Integer>(state.range(0));
+  const std::vector<Integer> order = Shuffled(count);
+  Bank bank;
+  bank.SetCount(count);
+  for (auto _ : state) {
+    for (const Integer i : order) bank.SetValue(i, i ^ 5);
+    benchmark::ClobberMemory();
+  }
+  if (bank.GetValue(count - 1) != ((count - 1) ^ 5)) return state.SkipWithError("wrong value");
+  state.SetItemsProcessed(state.iterations() * count);
+}
+
+// The same in order, where the compiler can take a vector's loads out of the loop.
+template <class Bank>
+void Fill(benchmark::State& state) {
   const auto count = static_cast<Integer>(state.range(0));
   Bank bank;
   bank.SetCount(count);
@@ -70,6 +95,8 @@ void Grow(benchmark::State& state) {
   add("bank.get_int64/vector_at", Get<Vector<std::int64_t>>);
   add("bank.set_int64/qxTools", Set<TInt64Bank>);
   add("bank.set_int64/vector_at", Set<Vector<std::int64_t>>);
+  add("bank.fill_int64/qxTools", Fill<TInt64Bank>);
+  add("bank.fill_int64/vector_at", Fill<Vector<std::int64_t>>);
   add("bank.get_integer/qxTools", Get<TIntegerBank>);
   add("bank.get_integer/vector_at", Get<Vector<Integer>>);
   add("bank.set_integer/qxTools", Set<TIntegerBank>);

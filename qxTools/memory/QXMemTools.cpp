@@ -27,8 +27,8 @@ std::uint64_t TMemoryBank::ReadOtherSize(Integer index) const {
   return bytes;
 }
 
-void TMemoryBank::WriteOtherSize(Integer index, std::uint64_t bytes, Integer size) {
-  std::memcpy(ElementAt(index), &bytes, SharedBytes(FElementSize, size));
+void TMemoryBank::WriteOtherSize(std::ptrdiff_t index, std::uint64_t bytes, Integer size) {
+  std::memcpy(ElementAt(static_cast<Integer>(index)), &bytes, SharedBytes(FElementSize, size));
 }
 
 }  // namespace qxTools::QXMemTools

@@ -63,7 +63,7 @@ class QXTOOLS_API TMemoryBank : public MemoryCore::TMemoryBank {
   // Pure, so that a loop over a bank need not read its fields again and again. The index was checked: a pure
   // call may be left out, and an error must not.
   [[gnu::pure]] std::uint64_t ReadOtherSize(Integer index) const;
-  void WriteOtherSize(Integer index, std::uint64_t bytes, Integer size);
+  void WriteOtherSize(std::ptrdiff_t index, std::uint64_t bytes, Integer size);
 };
 
 /// A bank whose elements are read and written as values.
