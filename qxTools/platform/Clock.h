@@ -19,7 +19,8 @@ class QXTOOLS_API ClockSource {
 /// @return the clock plugged in before, or null.
 QXTOOLS_API ClockSource* SetClockSource(ClockSource* source);
 
-/// The local date and time by the plugged-in clock, or by the system's.
+/// The local date and time by the plugged-in clock, or by the system's. A program that changes its own time
+/// zone sees the new one from the next second on.
 QXTOOLS_API TDateTime Now();
 
 }  // namespace qxTools

@@ -1,0 +1,131 @@
+#include <qxTools/encoding/QXUniKey.h>
+#include <qxTools/platform/Clock.h>
+#include <qxTools/platform/NetworkAdapter.h>
+#include <qxTools/platform/Random.h>
+
+#include <cmath>
+
+namespace qxTools::QXUniKey {
+
+namespace {
+
+constexpr std::size_t kSeedSize = 12;
+constexpr std::size_t kKeySize = 16;
+using KeyBytes = std::array<char, kKeySize>;
+
+constexpr int HexValue(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  return -1;
+}
+
+constexpr std::uint8_t HexOrZero(char c) {
+  return static_cast<std::uint8_t>(HexValue(c) < 0 ? 0 : HexValue(c));
+}
+
+// The mapping is whole, although cells of a key stay below 60.
+constexpr char KeyChar(std::uint8_t value) {
+  if (value <= 9) return static_cast<char>(value + 48);
+  if (value <= 35) return static_cast<char>(value + 55);
+  return value <= 62 ? static_cast<char>(value + 61) : '?';
+}
+
+constexpr auto kKeyChars = [] {
+  std::array<char, 256> chars{};
+  for (std::size_t i = 0; i < chars.size(); ++i) chars[i] = KeyChar(static_cast<std::uint8_t>(i));
+  return chars;
+}();
+
+// Steps of 1/10^10 day since 30 December 1899.
+std::uint64_t Stamp() {
+  long double steps = Now();
+  steps *= 100000.0L;
+  steps *= 100000.0L;
+  return static_cast<std::uint64_t>(std::llrint(steps));
+}
+
+// `seed` has 12 characters or more.
+KeyBytes MakeKey(std::string_view seed) {
+  constexpr std::size_t kCopies = kKeySize - kSeedSize;
+  std::array<std::uint32_t, kCopies + kKeySize> draws;
+  DrawRandom(draws.data(), draws.size());
+
+  std::array<std::uint8_t, kKeySize> cells;
+  for (std::size_t i = 0; i < kSeedSize; ++i) cells[i] = HexOrZero(seed[i]);
+  for (std::size_t i = 0; i < kCopies; ++i) {
+    const std::uint32_t source = RandomBelow(draws[i], kSeedSize);  // cells count from 1, and 0 gives 0
+    cells[kSeedSize + i] = source == 0 ? std::uint8_t{0} : cells[source - 1];
+  }
+
+  const std::uint64_t stamp = Stamp();
+  KeyBytes key;
+  for (std::size_t i = 0; i < kKeySize; ++i) {
+    const std::uint64_t digit = stamp >> (60 - 4 * i) & 15;
+    key[i] = kKeyChars[static_cast<std::uint8_t>(cells[i] + digit + RandomBelow(draws[kCopies + i], 30))];
+  }
+  return key;
+}
+
+const AnsiString& MachineKey() {
+  if (FUKI.empty()) FUKI = UniKeyInit();
+  return FUKI;
+}
+
+template <std::size_t N>
+void AppendHex(AnsiString& text, std::uint8_t byte, const char (&digits)[N]) {
+  text += digits[byte >> 4];
+  text += digits[byte & 15];
+}
+
+}  // namespace
+
+AnsiString FUKI;
+
+AnsiString UniKeyInit() {
+  AdapterAddress address{};
+  switch (ReadAdapterAddress(address)) {
+    case AdapterStatus::kNone:
+      return "FFFFFFFFFFFF";
+    case AdapterStatus::kUnreadable:
+      return "EEEEEEEEEEEE";
+    case AdapterStatus::kFound:
+      break;
+  }
+  AnsiString key;
+  for (const std::uint8_t byte : address) AppendHex(key, byte, "0123456789abcdef");
+  return key;
+}
+
+AnsiString UKI() { return MachineKey(); }
+
+AnsiString UniKey(std::string_view seed) {
+  if (seed.size() < kSeedSize) return {};
+  const KeyBytes key = MakeKey(seed);
+  return {key.data(), key.size()};
+}
+
+AnsiString UniKey() { return UniKey(MachineKey()); }
+
+std::array<char, 16> UniKeyBytes() { return MakeKey(MachineKey()); }
+
+AnsiString UniKey16To32(std::string_view text) {
+  AnsiString digits;
+  digits.reserve(text.size() * 2);
+  for (const char c : text) AppendHex(digits, static_cast<std::uint8_t>(c), "0123456789ABCDEF");
+  return digits;
+}
+
+AnsiString UniKey32To16(std::string_view text) {
+  AnsiString bytes;
+  bytes.reserve(text.size() / 2);
+  for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+    int value = 0;
+    for (const char c : text.substr(i, 2))
+      if (HexValue(c) >= 0) value = value * 16 + HexValue(c);
+    bytes += static_cast<char>(value);
+  }
+  return bytes;
+}
+
+}  // namespace qxTools::QXUniKey

@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+#include <qxTools/encoding/QXUniKey.h>
+#include <qxTools/platform/NetworkAdapter.h>
+
+#include <string>
+#include <vector>
+
+#include "support/Sources.h"
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::QXUniKey;
+using qxTools::test::FixedClock;
+using qxTools::test::FixedDraws;
+
+// The draw that RandomBelow turns into `value` of `range`.
+std::uint32_t DrawOf(std::uint32_t value, std::uint32_t range) {
+  return static_cast<std::uint32_t>(((std::uint64_t{value} << 32) + range - 1) / range);
+}
+
+std::vector<std::uint32_t> Draws(std::vector<std::uint32_t> copies, std::uint32_t first, std::uint32_t step) {
+  for (auto& draw : copies) draw = DrawOf(draw, 12);
+  for (std::uint32_t i = 0; i < 16; ++i) copies.push_back(DrawOf(first + step * i, 30));
+  return copies;
+}
+
+class Adapter : public AdapterSource {
+ public:
+  Adapter(AdapterStatus status, AdapterAddress address) : status_(status), address_(address) {
+    SetAdapterSource(this);
+  }
+  ~Adapter() override { SetAdapterSource(nullptr); }
+  AdapterStatus Read(AdapterAddress& address) override {
+    address = address_;
+    return status_;
+  }
+
+ private:
+  AdapterStatus status_;
+  AdapterAddress address_;
+};
+
+TEST(QXUniKey, AKeyIsSeedPlusStampPlusDraws) {
+  const struct {
+    TDateTime now;
+    const char* seed;
+    std::vector<std::uint32_t> draws;
+    const char* want;
+  } cases[] = {
+      {0.0, "0123456789ab", Draws({0, 1, 2, 11}, 0, 0), "0123456789AB001A"},
+      {0.0, "0123456789abXYZ", Draws({0, 1, 2, 11}, 0, 1), "02468ACEGIKMCDFP"},
+      {0.0, "FFFFFFFFFFFF", Draws({3, 3, 3, 3}, 29, 0), "iiiiiiiiiiiiiiii"},
+      {0.0, "g:/@ G`-\x80\xFF..", Draws({1, 1, 1, 1}, 0, 0), "0000000000000000"},
+      {1.0, "000000000000", Draws({0, 0, 0, 0}, 0, 0), "00000002540BE400"},      // 10^10 steps a day
+      {1e-10, "000000000000", Draws({0, 0, 0, 0}, 0, 0), "0000000000000001"},    // rounded, not cut
+      {0x1p-11, "000000000000", Draws({0, 0, 0, 0}, 0, 0), "00000000004A817C"},  // 4882812.5: to even
+      {0x3p-11, "000000000000", Draws({0, 0, 0, 0}, 0, 0), "0000000000DF8476"},
+      {-1e-10, "000000000000", Draws({0, 0, 0, 0}, 0, 0), "FFFFFFFFFFFFFFFF"},
+      {-1.0, "FFFFFFFFFFFF", Draws({1, 1, 1, 1}, 29, 0), "xxxxxxxvstxmjuii"},
+  };
+  for (const auto& c : cases) {
+    const FixedClock clock(c.now);
+    FixedDraws draws(c.draws);
+    EXPECT_EQ(UniKey(c.seed), c.want) << c.now << " " << c.seed;
+  }
+}
+
+TEST(QXUniKey, AShortSeedGivesNoKey) {
+  EXPECT_EQ(UniKey("0123456789a"), "");
+  EXPECT_EQ(UniKey(""), "");
+}
+
+TEST(QXUniKey, KeysDifferAndStayInTheirAlphabet) {
+  std::string last;
+  for (int i = 0; i < 10000; ++i) {
+    const std::string key = UniKey();
+    ASSERT_EQ(key.size(), 16U);
+    ASSERT_NE(key, last);
+    for (const char c : key)
+      ASSERT_TRUE((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'x'));
+    last = key;
+  }
+}
+
+TEST(QXUniKey, TheMachineKeyIsReadOnceAndFallsBack) {
+  const AdapterAddress address{0x00, 0x1F, 0xA0, 0x0B, 0xC4, 0xFF};
+  {
+    const Adapter none(AdapterStatus::kNone, address);
+    EXPECT_EQ(UniKeyInit(), "FFFFFFFFFFFF");
+  }
+  {
+    const Adapter unreadable(AdapterStatus::kUnreadable, address);
+    EXPECT_EQ(UniKeyInit(), "EEEEEEEEEEEE");
+  }
+  const Adapter found(AdapterStatus::kFound, address);
+  EXPECT_EQ(UniKeyInit(), "001fa00bc4ff");
+  FUKI = "";
+  EXPECT_EQ(UKI(), "001fa00bc4ff");
+  FUKI = "000000000001";
+  EXPECT_EQ(UKI(), "000000000001");
+  const FixedClock clock(0);
+  FixedDraws draws({0});
+  EXPECT_EQ(UniKey(), "0000000000010000");
+  FUKI = "";
+}
+
+TEST(QXUniKey, KeysConvertToHexadecimalAndBack) {
+  EXPECT_EQ(UniKey16To32(std::string("\x0A\xFF\0", 3)), "0AFF00");
+  EXPECT_EQ(UniKey16To32(""), "");
+  const struct {
+    const char* text;
+    std::string want;
+  } cases[] = {
+      {"0AFF", "\x0A\xFF"},  {"0aff", "\x0A\xFF"}, {"0AF", "\x0A"}, {"F", ""},
+      {"G7?!7G", {7, 0, 7}},  // what is no digit is skipped
+  };
+  for (const auto& c : cases) EXPECT_EQ(UniKey32To16(c.text), c.want) << c.text;
+}
+
+}  // namespace
