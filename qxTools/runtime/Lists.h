@@ -1,0 +1,29 @@
+/// @file
+/// The list of pointers.
+#pragma once
+
+#include <qxTools/Export.h>
+#include <qxTools/runtime/Types.h>
+
+#include <vector>
+
+namespace qxTools {
+
+/// Pointers in order. The list owns nothing that they point at.
+class QXTOOLS_API TList : public TObject {
+ public:
+  ~TList() override;
+
+  /// Appends a pointer. @return its index, from 0.
+  Integer Add(void* Item);
+  void Clear() { FItems.clear(); }
+  Integer GetCount() const { return static_cast<Integer>(FItems.size()); }
+
+  /// @throws EListError when the index is not in the list.
+  void* GetItems(Integer Index) const;
+
+ private:
+  std::vector<void*> FItems;
+};
+
+}  // namespace qxTools
