@@ -1,4 +1,5 @@
 #include <qxTools/Package.h>
+#include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/runtime/FormatSettings.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
@@ -26,10 +27,15 @@ constinit auto units = std::to_array<Unit>({
     // runtime
     {"FormatSettings", ResetFormatSettings, ResetFormatSettings},
     // the units of the library
+    {"QXArrayTools"},
     {"QXStrTools"},
+    {"QXMemTools"},
+    {"QXMemBank"},
     {"QXSqlDefine"},
     {"QXSqlTools", QXSqlTools::FillGlobals, QXSqlTools::ReleaseGlobals},
+    {"QXUniKey", QXUniKey::FillGlobals, QXUniKey::ReleaseGlobals},
     {"qxSqlStoreProc", qxSqlStoreProc::FillGlobals, qxSqlStoreProc::ReleaseGlobals},
+    {"qxTreeList"},
 });
 // clang-format on
 

@@ -2,6 +2,7 @@
 #include <qxTools/platform/Clock.h>
 #include <qxTools/platform/NetworkAdapter.h>
 #include <qxTools/platform/Random.h>
+#include <qxTools/strings/QXStrTools.h>
 
 #include <cmath>
 
@@ -12,17 +13,6 @@ namespace {
 constexpr std::size_t kSeedSize = 12;
 constexpr std::size_t kKeySize = 16;
 using KeyBytes = std::array<char, kKeySize>;
-
-constexpr int HexValue(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  return -1;
-}
-
-constexpr std::uint8_t HexOrZero(char c) {
-  return static_cast<std::uint8_t>(HexValue(c) < 0 ? 0 : HexValue(c));
-}
 
 // The mapping is whole, although cells of a key stay below 60.
 constexpr char KeyChar(std::uint8_t value) {
@@ -52,7 +42,8 @@ KeyBytes MakeKey(std::string_view seed) {
   DrawRandom(draws.data(), draws.size());
 
   std::array<std::uint8_t, kKeySize> cells;
-  for (std::size_t i = 0; i < kSeedSize; ++i) cells[i] = HexOrZero(seed[i]);
+  for (std::size_t i = 0; i < kSeedSize; ++i)
+    cells[i] = static_cast<std::uint8_t>(QXStrTools::HexToInt(seed[i]));
   for (std::size_t i = 0; i < kCopies; ++i) {
     const std::uint32_t source = RandomBelow(draws[i], kSeedSize);  // cells count from 1, and 0 gives 0
     cells[kSeedSize + i] = source == 0 ? std::uint8_t{0} : cells[source - 1];
@@ -80,7 +71,11 @@ void AppendHex(AnsiString& text, std::uint8_t byte, const char (&digits)[N]) {
 
 }  // namespace
 
-AnsiString FUKI;
+QXTOOLS_GLOBAL AnsiString FUKI;
+
+void FillGlobals() { FUKI.clear(); }
+
+void ReleaseGlobals() { FUKI = AnsiString(); }
 
 AnsiString UniKeyInit() {
   AdapterAddress address{};
@@ -107,7 +102,11 @@ AnsiString UniKey(std::string_view seed) {
 
 AnsiString UniKey() { return UniKey(MachineKey()); }
 
-std::array<char, 16> UniKeyBytes() { return MakeKey(MachineKey()); }
+bool UniKeyBytes(std::array<char, 16>& key) {
+  if (MachineKey().size() < kSeedSize) return false;
+  key = MakeKey(FUKI);
+  return true;
+}
 
 AnsiString UniKey16To32(std::string_view text) {
   AnsiString digits;
@@ -119,12 +118,8 @@ AnsiString UniKey16To32(std::string_view text) {
 AnsiString UniKey32To16(std::string_view text) {
   AnsiString bytes;
   bytes.reserve(text.size() / 2);
-  for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
-    int value = 0;
-    for (const char c : text.substr(i, 2))
-      if (HexValue(c) >= 0) value = value * 16 + HexValue(c);
-    bytes += static_cast<char>(value);
-  }
+  for (std::size_t i = 0; i + 1 < text.size(); i += 2)
+    bytes += static_cast<char>(QXStrTools::HexsToInt(text.substr(i, 2)));
   return bytes;
 }
 

@@ -14,7 +14,7 @@
 
 namespace qxTools::QXUniKey {
 
-/// The machine key that UKI has read, empty before its first call.
+/// The machine key that UKI has read, empty before its first call and again after the last package stop.
 extern QXTOOLS_API AnsiString FUKI;
 
 // --- Machine key -------------------------------------------------------------
@@ -44,7 +44,11 @@ QXTOOLS_API AnsiString UniKey32To16(std::string_view text);
 
 // --- For the library itself --------------------------------------------------
 
-/// UniKey() without a string.
-std::array<char, 16> UniKeyBytes();
+/// UniKey() without a string. @return false, and no key, when FUKI was set to fewer than 12 characters.
+bool UniKeyBytes(std::array<char, 16>& key);
+
+// For the package frame: the globals' first values, and giving back what they hold.
+void FillGlobals();
+void ReleaseGlobals();
 
 }  // namespace qxTools::QXUniKey

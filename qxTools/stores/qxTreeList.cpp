@@ -5,6 +5,7 @@
 #include <qxTools/stores/KeyIndex.h>
 #include <qxTools/stores/qxTreeList.h>
 
+#include <array>
 #include <cstring>
 #include <new>
 
@@ -38,8 +39,8 @@ struct RecordFree {
 using Record = std::unique_ptr<void, RecordFree>;
 
 TNodeKey FreshKey() {
-  const auto key = QXUniKey::UniKeyBytes();
-  return std::string_view(key.data(), key.size());
+  std::array<char, 16> key;
+  return QXUniKey::UniKeyBytes(key) ? TNodeKey(std::string_view(key.data(), key.size())) : TNodeKey();
 }
 
 pQXTreeNodeLink MakeRecords(Integer dataSize, const TNodeKey& parentKey, const TNodeKey& key, Integer level) {
