@@ -1,3 +1,4 @@
+#include <qxTools/runtime/AsciiRun.h>
 #include <qxTools/runtime/CodePage950.h>
 
 #include <algorithm>
@@ -5,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <type_traits>
 
 namespace qxTools {
 
@@ -77,25 +77,11 @@ constexpr CodeTable kCode = MakeCodeTable();
 
 unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 
-/// Copies ASCII from the front of [p, end) in blocks that the compiler turns into vector code; the rest of
-/// the run is left to the caller's loop.
-template <class From, class To>
-void CopyAsciiBlocks(const From*& p, const From* end, To*& out) {
-  constexpr std::ptrdiff_t kBlock = 32;
-  for (; end - p >= kBlock; p += kBlock, out += kBlock) {
-    unsigned all = 0;
-    for (std::ptrdiff_t i = 0; i < kBlock; ++i) all |= static_cast<std::make_unsigned_t<From>>(p[i]);
-    if (all >= 0x80) return;
-    for (std::ptrdiff_t i = 0; i < kBlock; ++i) out[i] = static_cast<To>(p[i]);
-  }
-}
-
 /// Reads the characters that begin before `stop`; the last one may reach beyond it, up to `end`.
 void ReadWide(const char*& p, const char* stop, const char* end, char16_t*& out) {
   while (p < stop) {
     if (Byte(*p) < 0x80) {
-      CopyAsciiBlocks(p, stop, out);
-      while (p < stop && Byte(*p) < 0x80) *out++ = static_cast<char16_t>(*p++);
+      CopyAscii(p, stop, out);
       continue;
     }
     const char16_t wide = end - p > 1 ? kWide[(Byte(p[0]) << 8 | Byte(p[1])) - 0x8000] : char16_t{0};
@@ -118,8 +104,7 @@ void WriteUtf8(const char16_t* p, const char16_t* end, char*& out) {
   while (p < end) {
     const unsigned wide = IsLowSurrogate(*p) ? kReplacement : *p;
     if (wide < 0x80) {
-      CopyAsciiBlocks(p, end, out);
-      while (p < end && *p < 0x80) *out++ = static_cast<char>(*p++);
+      CopyAscii(p, end, out);
       continue;
     }
     ++p;
@@ -184,8 +169,7 @@ std::string WideToBytes(std::u16string_view s) {
   char* out = result.data();
   while (p < end) {
     if (*p < 0x80) {
-      CopyAsciiBlocks(p, end, out);
-      while (p < end && *p < 0x80) *out++ = static_cast<char>(*p++);
+      CopyAscii(p, end, out);
       continue;
     }
     const bool isPair = IsHighSurrogate(*p) && end - p > 1 && IsLowSurrogate(p[1]);
@@ -222,8 +206,7 @@ std::string Utf8ToBytes(std::string_view utf8) {
   char* out = result.data();
   while (p < end) {
     if (Byte(*p) < 0x80) {
-      CopyAsciiBlocks(p, end, out);
-      while (p < end && Byte(*p) < 0x80) *out++ = *p++;
+      CopyAscii(p, end, out);
       continue;
     }
     WriteCode(ReadUtf8(p, end), out);
