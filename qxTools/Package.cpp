@@ -27,6 +27,7 @@ constinit auto units = std::to_array<Unit>({
     // runtime
     {"FormatSettings", ResetFormatSettings, ResetFormatSettings},
     // the units of the library
+    {"CVCode"},
     {"QXArrayTools"},
     {"QXStrTools"},
     {"QXMemTools"},

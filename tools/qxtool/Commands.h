@@ -7,5 +7,6 @@ namespace qxtool {
 
 void AddCallCommand(CLI::App& app);
 void AddCommandCommand(CLI::App& app);
+void AddConvertCommand(CLI::App& app);
 
 }  // namespace qxtool

@@ -58,8 +58,14 @@ std::string FromArgument(const std::string& argument) {
 }
 
 void Print(std::string_view text) {
-  const std::string converted = GetEncoding().utf8Terminal ? qxTools::BytesToUtf8(text) : std::string(text);
-  if (std::fwrite(converted.data(), 1, converted.size(), stdout) != converted.size())
+  if (GetEncoding().utf8Terminal)
+    PrintBytes(qxTools::BytesToUtf8(text));
+  else
+    PrintBytes(text);
+}
+
+void PrintBytes(std::string_view bytes) {
+  if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size())
     throw Failure("standard output: " + Reason());
 }
 

@@ -33,6 +33,9 @@ std::string FromArgument(const std::string& argument);
 /// Writes text to standard output. @throws Failure when it does not take all of it.
 void Print(std::string_view text);
 
+/// The same for bytes that are not to be converted.
+void PrintBytes(std::string_view bytes);
+
 /// Flushes standard output. @throws Failure when something was not taken: a full disk, a closed pipe.
 void FlushOutput();
 

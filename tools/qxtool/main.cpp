@@ -28,6 +28,7 @@ void AddCommands(CLI::App& app) {
   app.fallthrough();
   qxtool::AddCallCommand(app);
   qxtool::AddCommandCommand(app);
+  qxtool::AddConvertCommand(app);
 }
 
 int Fail(const char* message) {
