@@ -58,7 +58,7 @@ TO_GB_VARIANTS = """
     穨颓 尟鲜 嵒岩 醼宴 燿耀 殀夭 瘖喑 菑灾 喒咱 劄札 琖盏 蹔暂 淛浙 慴慑 袟帙 阯址 秖只 塼砖 譔撰 斲斫 斮斫
     騣鬃 篹纂 蹧糟 欬咳 臕膘 雝雍 艸草 扞捍 搥捶 懃勤
 """
-# To GB2312: MOE and China's list of 2013 (珮 撚 踡 霤 蘗 痲 in both), and the simplification of 1964 (囉).
+# To GB2312: MOE (糢 as in 糢糊; 蘗 is read bò and is not 蘖), and the simplification of 1964 (囉).
 TO_GB_VARIANTS += """
     玨珏 珮佩 徬彷 痲麻 撚捻 踡蜷 霤溜 蘗檗 糢模 槃盘 甽畎 囉罗 卄廿 礡礴 畬畲
 """
