@@ -204,7 +204,8 @@ VarBounds Variant::Bounds(Integer dimension) const {
 Variant Variant::GetElement(std::span<const Integer> indexes) const { return ArrayToRead().Get(indexes); }
 
 void Variant::SetElement(std::span<const Integer> indexes, const Variant& value) {
-  const Variant kept = value;  // it may be an element of this very array
+  // It may be an element of this very array.
+  const Variant kept = value;  // NOLINT(performance-unnecessary-copy-initialization)
   ArrayToWrite().Set(indexes, kept);
 }
 

@@ -27,7 +27,7 @@ std::string ReadStandardInput() {
 std::string Narrow(std::string_view utf8, const std::string& subject) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (utf8.starts_with(kByteOrderMark)) utf8.remove_prefix(kByteOrderMark.size());
-  const std::string bytes = qxTools::Utf8ToBytes(utf8);
+  std::string bytes = qxTools::Utf8ToBytes(utf8);
   const std::string back = qxTools::BytesToUtf8(bytes);
   if (back == utf8) return bytes;
   const auto differs = std::mismatch(utf8.begin(), utf8.end(), back.begin(), back.end()).first;
