@@ -8,6 +8,7 @@
 #include <array>
 #include <cstring>
 #include <ctime>
+#include <map>
 #include <memory>
 #include <random>
 #include <unordered_map>
@@ -99,9 +100,9 @@ struct Filled {
 };
 
 Filled& FilledWith(std::size_t count) {
-  static std::unique_ptr<Filled> filled;
-  if (filled == nullptr || filled->known.size() != count) filled = std::make_unique<Filled>(count);
-  return *filled;
+  static std::map<std::size_t, std::unique_ptr<Filled>> filled;
+  if (filled[count] == nullptr) filled[count] = std::make_unique<Filled>(count);
+  return *filled[count];
 }
 
 TNodeKey NodeKey(const Key& key) { return std::string_view(key.data(), key.size()); }

@@ -102,6 +102,8 @@ TEST(QXUniKey, TheMachineKeyIsReadOnceAndFallsBack) {
   const FixedClock clock(0);
   FixedDraws draws({0});
   EXPECT_EQ(UniKey(), "0000000000010000");
+  FUKI = "00000000001";
+  EXPECT_EQ(UniKey(), "");
   FUKI = "";
 }
 

@@ -236,7 +236,7 @@ TEST(TQXSQL, CommentsGoAndSlashesWithThem) {
       {u"a/b /* c */", u"a \r\n"},     // on purpose
       {u"a /* x **/ b", u"a \r\n"},    // on purpose: never closes
       {u"a /*/ b */ c", u"a  c\r\n"},  // "/*/" does not close itself
-      {u"*/ a /*", u"*a \r\n"},  // both marks, in any order
+      {u"*/ a /*", u"*a \r\n"},        // both marks, in any order
       {u"\n  \n a\n\n b /**/\n \n", u" a\r\n\r\n b \r\n"},
       {u"/* all */", u""},
       {u"  ", u"  "},
