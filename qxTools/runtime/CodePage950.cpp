@@ -163,7 +163,8 @@ std::u16string BytesToWide(std::string_view s) {
 }
 
 std::string WideToBytes(std::u16string_view s) {
-  std::string result(s.size() * 2, '\0');
+  const auto wideCount = std::count_if(s.begin(), s.end(), [](char16_t unit) { return unit >= 0x80; });
+  std::string result(s.size() + static_cast<std::size_t>(wideCount), '\0');
   const char16_t* p = s.data();
   const char16_t* end = p + s.size();
   char* out = result.data();

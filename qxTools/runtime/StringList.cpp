@@ -68,7 +68,7 @@ void TStrings::Delete(Integer index) {
 
 void TStrings::Clear() {
   if (lines_.empty()) return;
-  lines_.clear();
+  lines_ = {};
   Changed();
 }
 

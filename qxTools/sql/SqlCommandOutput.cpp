@@ -200,15 +200,19 @@ WideString TQXSQL::ClearNote(std::u16string_view text) {
 }
 
 TStrings& TQXSQL::GetOutLines() {
+  // Large texts: each form is given up as soon as the next is there.
   outLines_.Clear();
-  WideString wide = BytesToWide(inLines_.GetText());
+  std::string text = inLines_.GetText();
+  WideString wide = BytesToWide(text);
+  std::string().swap(text);
   if (HasComment(wide)) wide = ClearNote(wide);
-  std::string text = WideToBytes(wide);
-  WideString().swap(wide);  // large texts: one form of it at a time
+  text = WideToBytes(wide);
+  WideString().swap(wide);
   if (auto filled = OnePassFiller(params_).Fill(text))
-    outLines_.SetText(*filled);
+    text = *std::move(filled);
   else
-    outLines_.SetText(FillItemByItem(std::move(text), params_));
+    text = FillItemByItem(std::move(text), params_);
+  outLines_.SetText(text);
   return outLines_;
 }
 

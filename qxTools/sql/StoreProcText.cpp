@@ -53,29 +53,35 @@ std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTab
 
 }  // namespace
 
-std::u16string DropComments(std::u16string_view text) {
-  // `kept` holds no mark. Removing a comment can join its end with the unread rest to a new mark, so the two
-  // characters at that seam are looked at first.
-  std::u16string kept;
+bool RemoveComments(std::u16string& text) {
+  // What is kept stands in front, `kept` long, and holds no mark. Removing a comment can join its end with
+  // the unread rest to a new mark, so the two characters at that seam are looked at first.
+  std::size_t kept = 0;
   std::size_t rest = 0;
+  const auto keep = [&](std::size_t end) {
+    kept = static_cast<std::size_t>(std::move(&text[rest], &text[end], &text[kept]) - text.data());
+  };
   std::size_t open = text.find(kOpen);
   std::size_t close = text.find(kClose);
   while (close != kNone) {
     if (open < rest) open = text.find(kOpen, rest);
     if (close < rest) close = text.find(kClose, rest);
-    const char16_t before = kept.empty() ? u'\0' : kept.back();
+    const char16_t before = kept > 0 ? text[kept - 1] : u'\0';
     const char16_t after = rest < text.size() ? text[rest] : u'\0';
     if (close == kNone || (before == u'*' && after == u'/')) break;
     if (before == u'/' && after == u'*') {
-      kept.pop_back();
+      --kept;
     } else if (open < close) {
-      kept.append(text, rest, open - rest);
+      keep(open);
     } else {
       break;
     }
     rest = close + kClose.size();
   }
-  return kept.append(text, rest);
+  if (rest == 0) return false;
+  keep(text.size());
+  text.resize(kept);
+  return true;
 }
 
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros) {

@@ -11,7 +11,8 @@ namespace qxTools::qxSqlStoreProc {
 /// A macro's name, brackets included, and its text.
 using Macro = std::pair<std::string, std::string>;
 
-std::u16string DropComments(std::u16string_view text);
+/// @return whether there was one.
+bool RemoveComments(std::u16string& text);
 
 /// The text with macro after macro replaced, case counting.
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros);

@@ -45,6 +45,17 @@ bool IsKept(std::string_view upperName, TSearchParamType mode) {
   return mode == spAll || upperName.substr(0, upperName.find('_')) == "@MM";
 }
 
+// Large texts: one form of it at a time.
+WideString Widen(std::string text) { return BytesToWide(text); }
+std::string Narrow(WideString text) { return WideToBytes(text); }
+
+WideString WithoutComments(WideString text) {
+  if (IsBlank(std::u16string_view(text)) || !RemoveComments(text)) return text;
+  const auto first = std::ranges::find_if(text, [](char16_t c) { return c >= 33 && c <= 127; });
+  if (first != text.end()) text.erase(text.begin(), first);
+  return text;
+}
+
 TStoreProcParamType FindType(std::string_view text) {
   const std::string upper = UpperCase(text);
   const auto found =
@@ -147,12 +158,15 @@ TQXSqlStoreProc::TQXSqlStoreProc() {
 
 TQXSqlStoreProc::~TQXSqlStoreProc() { TQXSqlStoreProc::Clear(); }
 
-void TQXSqlStoreProc::LoadStoreProc(const TStrings* lines) { LoadStoreProc(BytesToWide(lines->GetText())); }
+void TQXSqlStoreProc::LoadStoreProc(const TStrings* lines) { Load(Widen(lines->GetText())); }
 
-void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) {
+void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) { Load(WideString(text)); }
+
+void TQXSqlStoreProc::Load(WideString text) {
+  const std::string statement = Narrow(WithoutComments(std::move(text)));
   statement_.Clear();
   statement_.BeginUpdate();
-  statement_.SetText(WideToBytes(ClearNote(text)));
+  statement_.SetText(statement);
   statement_.EndUpdate();
 }
 
@@ -189,14 +203,7 @@ void TQXSqlStoreProc::FindMacros(std::string_view text) {
   }
 }
 
-WideString TQXSqlStoreProc::ClearNote(std::u16string_view text) {
-  if (IsBlank(text)) return WideString(text);
-  WideString kept = DropComments(text);
-  if (kept.size() == text.size()) return kept;  // no comment was removed
-  const auto first = std::ranges::find_if(kept, [](char16_t c) { return c >= 33 && c <= 127; });
-  if (first != kept.end()) kept.erase(kept.begin(), first);
-  return kept;
-}
+WideString TQXSqlStoreProc::ClearNote(std::u16string_view text) { return WithoutComments(WideString(text)); }
 
 // --- Parameters and macros ---------------------------------------------------------------------------
 

@@ -186,6 +186,7 @@ class QXTOOLS_API TQXSqlStoreProc : public TObject {
     void Clear();
   };
 
+  void Load(WideString text);
   TQXSqlStoreProcItem* ItemByName(std::string_view name) const;
   void FindNames(std::string_view text);
   void FindMacros(std::string_view text);
