@@ -28,7 +28,7 @@ std::size_t KeyIndex::Hash::operator()(const TNodeKey& key) const {
 // The slot that holds the key, or the free one where it belongs.
 std::size_t KeyIndex::SlotOf(const TNodeKey& key, std::size_t hash) const {
   std::size_t slot = hash & Mask();
-  while (FSlots[slot].link != nullptr && !(FSlots[slot].hash == hash && FSlots[slot].link->Node->Key == key))
+  while (FSlots[slot].link != nullptr && !(FSlots[slot].hash == hash && FSlots[slot].node->Key == key))
     slot = (slot + 1) & Mask();
   return slot;
 }
@@ -49,7 +49,7 @@ void KeyIndex::Insert(pQXTreeNodeLink link) {
   const std::size_t hash = Hash()(key);
   const std::size_t slot = SlotOf(key, hash);
   if (FSlots[slot].link == nullptr) {
-    FSlots[slot] = {link, hash};
+    FSlots[slot] = {link, link->Node, hash};
     ++FUsed;
   } else {
     FShared.emplace(key, 2);

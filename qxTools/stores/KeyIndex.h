@@ -25,6 +25,7 @@ class KeyIndex {
   // Open addressing; the next slot is the next choice, and a slot without a link ends the search.
   struct Slot {
     pQXTreeNodeLink link = nullptr;
+    pQXTreeNode node = nullptr;  // the link's, to reach the key without a step in between
     std::size_t hash = 0;
   };
 
