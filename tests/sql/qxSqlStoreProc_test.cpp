@@ -238,7 +238,7 @@ TEST(TQXSqlStoreProc, BadDeclarationsAreNamedAndWhatWasReadBeforeStays) {
   for (const auto& [text, message] : cases) {
     TQXSqlStoreProc set;
     set.GetStatement().SetText("[$T] @MM_Old");
-    EXPECT_EQ(MessageOf([&] { set.LoadParams(text); }), message);
+    EXPECT_EQ(MessageOf([&set, declarations = text] { set.LoadParams(declarations); }), message);
     EXPECT_EQ(ParamsOf(set), Names{"@ok"});
     EXPECT_EQ(set.GetFuncCount(), 1);
   }
