@@ -4,6 +4,7 @@
 
 #include <qxTools/Export.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,6 +38,10 @@ class QXTOOLS_API WholeFileWriter {
 
   /// @throws EWriteError "Stream write error" when the disk does not take the bytes.
   void Write(std::string_view bytes);
+
+  /// The next Write goes over what stands at `position` (0 or above), or behind it; a gap is zeros.
+  /// @throws EWriteError for a place that the system cannot reach.
+  void SetPosition(std::int64_t position);
 
   /// Puts the file in its place. @throws EWriteError or EFCreateError; a file that was to be renamed over
   /// stays as it was.

@@ -76,6 +76,22 @@ TEST(Files, WithoutACommitTheOldFileStays) {
   EXPECT_EQ(FilesIn(folder.Path()), 1U);
 }
 
+TEST(Files, AWriterGoesBackAndOverwritesAlsoInPlace) {
+  const TemporaryFolder folder;
+  const std::string name = folder.Make("one", "old");
+  for (const int links : {1, 2}) {
+    if (links == 2) std::filesystem::create_hard_link(name, folder.File("two"));
+    WholeFileWriter writer(name);
+    writer.Write("head body");
+    writer.SetPosition(0);
+    writer.Write("H");
+    writer.SetPosition(10);
+    writer.Write("!");
+    writer.Commit();
+    EXPECT_EQ(BytesOf(name), std::string("Head body\0!", 11)) << links;
+  }
+}
+
 TEST(Files, LockedAndMissingFilesAreNamedWithTheReason) {
   const TemporaryFolder folder;
   const std::string name = folder.Make("file", "old");

@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <qxTools/platform/linux/FileDescriptor.h>
+#include <qxTools/runtime/Exceptions.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -26,6 +27,15 @@ FileDescriptor OpenFile(const std::string& fileName, int flags, unsigned mode) {
 
 bool LockFile(int fd, bool exclusive) {
   return ::flock(fd, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+void WriteAll(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) throw EWriteError("Stream write error");
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
 }
 
 std::string FileErrorText(const char* what, const std::string& fileName) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace qxTools {
@@ -28,6 +29,9 @@ FileDescriptor OpenFile(const std::string& fileName, int flags, unsigned mode = 
 
 /// Takes an advisory lock without waiting. @return false only when somebody else holds one.
 bool LockFile(int fd, bool exclusive);
+
+/// Writes all the bytes. @throws EWriteError "Stream write error" when the system does not take them.
+void WriteAll(int fd, std::string_view bytes);
 
 /// `Cannot open file "NAME". REASON`, or create; the reason is that of errno.
 std::string FileErrorText(const char* what, const std::string& fileName);

@@ -22,15 +22,6 @@ constexpr int kMaxTries = 1000;
   throw EFCreateError(FileErrorText("create", fileName));
 }
 
-void WriteAll(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(fd, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) throw EWriteError("Stream write error");
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
-
 void Flush(int fd) {
   // A pipe or a device has no disk to be flushed to.
   if (::fsync(fd) != 0 && errno != EINVAL && errno != ENOTSUP) throw EWriteError("Stream write error");
@@ -106,6 +97,7 @@ struct WholeFileWriter::Target {
   FileDescriptor old;     // the old file, locked; not open when there was none
   FileDescriptor file;    // the temporary file
   std::string gathered;
+  std::size_t place = 0;  // of the next byte in `gathered`
 
   ~Target() {
     if (!temporary.empty()) ::unlink(temporary.c_str());
@@ -115,6 +107,7 @@ struct WholeFileWriter::Target {
   bool CanBeRenamedOver(struct stat& info) const;
   void Rename();
   void WriteInPlace();
+  void Gather(std::string_view bytes);
 };
 
 void WholeFileWriter::Target::Open() {
@@ -164,6 +157,13 @@ void WholeFileWriter::Target::WriteInPlace() {
   Flush(old.Get());
 }
 
+void WholeFileWriter::Target::Gather(std::string_view bytes) {
+  if (place > gathered.max_size() - bytes.size()) throw EWriteError("Stream write error");
+  if (place + bytes.size() > gathered.size()) gathered.resize(place + bytes.size());
+  gathered.replace(place, bytes.size(), bytes);
+  place += bytes.size();
+}
+
 WholeFileWriter::WholeFileWriter(const std::string& fileName) : target_(std::make_unique<Target>()) {
   target_->fileName = fileName;
   target_->Open();
@@ -173,9 +173,15 @@ WholeFileWriter::~WholeFileWriter() = default;
 
 void WholeFileWriter::Write(std::string_view bytes) {
   if (target_->temporary.empty())
-    target_->gathered += bytes;
+    target_->Gather(bytes);
   else
     WriteAll(target_->file.Get(), bytes);
+}
+
+void WholeFileWriter::SetPosition(std::int64_t position) {
+  target_->place = static_cast<std::size_t>(position);
+  if (target_->temporary.empty()) return;
+  if (::lseek(target_->file.Get(), position, SEEK_SET) < 0) throw EWriteError("Stream write error");
 }
 
 void WholeFileWriter::Commit() {
