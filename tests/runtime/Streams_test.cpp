@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+#include <qxTools/platform/FileStream.h>
+
+#include <limits>
+
+#include "support/MessageOf.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using namespace qxTools;
+using test::MessageOf;
+
+constexpr std::int64_t kFarthest = std::numeric_limits<std::int64_t>::max();
+
+void Write(TStream& stream, const std::string& bytes) { stream.WriteBuffer(bytes.data(), bytes.size()); }
+
+std::string Read(TStream& stream, std::size_t count) {
+  std::string bytes(count, '?');
+  bytes.resize(stream.Read(bytes.data(), count));
+  return bytes;
+}
+
+std::string All(TStream& stream) {
+  stream.SetPosition(0);
+  return Read(stream, static_cast<std::size_t>(stream.GetSize()));
+}
+
+void ReadsWritesAndSeeks(TStream& stream) {
+  Write(stream, "hello");
+  EXPECT_EQ(stream.GetPosition(), 5);
+  EXPECT_EQ(stream.Seek(-4, soEnd), 1);
+  EXPECT_EQ(Read(stream, 2), "el");
+  EXPECT_EQ(stream.Seek(1, soCurrent), 4);
+  EXPECT_EQ(Read(stream, 9), "o");
+  EXPECT_EQ(Read(stream, 9), "");
+  EXPECT_EQ(stream.Seek(-9, soCurrent), 0);
+  EXPECT_EQ(stream.Seek(std::numeric_limits<std::int64_t>::min(), soEnd), 0);
+  Write(stream, "J");
+  stream.SetPosition(7);
+  EXPECT_EQ(Read(stream, 1), "");
+  EXPECT_EQ(stream.GetSize(), 5);
+  Write(stream, "!");
+  EXPECT_EQ(All(stream), std::string("Jello\0\0!", 8));
+  stream.SetSize(3);
+  EXPECT_EQ(stream.GetPosition(), 3);
+  stream.SetSize(5);
+  EXPECT_EQ(All(stream), std::string("Jel\0\0", 5));
+  EXPECT_EQ(MessageOf([&] { stream.SetSize(-1); }), "Stream write error");
+  EXPECT_EQ(MessageOf([&] { stream.SetSize(kFarthest); }), "Stream write error");
+  stream.SetPosition(4);
+  char two[2];
+  EXPECT_EQ(MessageOf([&] { stream.ReadBuffer(two, 2); }), "Stream read error");
+}
+
+TEST(Streams, MemoryAndFileReadWriteAndSeekAlike) {
+  TMemoryStream memory;
+  ReadsWritesAndSeeks(memory);
+  const test::TemporaryFolder folder;
+  TFileStream file(folder.File("a"), fmCreate);
+  ReadsWritesAndSeeks(file);
+}
+
+TEST(Streams, CopyFromTakesWhatIsAnnouncedOrRaises) {
+  const test::TemporaryFolder folder;
+  const std::string bytes(3 << 20, 'x');
+  TMemoryStream source;
+  Write(source, bytes + "tail");
+  TFileStream file(folder.File("a"), fmCreate);
+  source.SetPosition(0);
+  file.CopyFrom(source, 3 << 20);
+  EXPECT_EQ(Read(source, 9), "tail");
+  TMemoryStream target;
+  file.SetPosition(0);
+  target.SetPosition(2);
+  target.CopyFrom(file, 3 << 20);
+  EXPECT_EQ(target.GetBytes(), std::string(2, '\0') + bytes);
+  EXPECT_EQ(target.GetPosition(), target.GetSize());
+  for (const std::int64_t count : {std::int64_t{1}, std::int64_t{-1}, kFarthest})
+    EXPECT_EQ(MessageOf([&] { target.CopyFrom(file, count); }), "Stream read error") << count;
+  target.CopyFrom(file, 0);
+  target.Clear();
+  EXPECT_EQ(All(target), "");
+}
+
+TEST(Streams, APlaceBeyondMemoryTakesNothing) {
+  TMemoryStream stream;
+  Write(stream, "abc");
+  EXPECT_EQ(stream.Seek(kFarthest, soEnd), kFarthest);
+  EXPECT_EQ(MessageOf([&] { Write(stream, "d"); }), "Stream write error");
+  stream.SetPosition(kFarthest - 9);
+  EXPECT_EQ(MessageOf([&] { Write(stream, "d"); }), "Stream write error");
+  EXPECT_EQ(stream.GetBytes(), "abc");
+}
+
+}  // namespace
