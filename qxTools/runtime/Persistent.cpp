@@ -1,5 +1,5 @@
 #include <qxTools/runtime/Exceptions.h>
-#include <qxTools/runtime/Persistent.h>
+#include <qxTools/runtime/InterfacedPersistent.h>
 
 namespace qxTools {
 
@@ -18,8 +18,12 @@ void TPersistent::Assign(const TPersistent* source) {
   source->AssignTo(this);
 }
 
+void TPersistent::DefineProperties(TFiler&) {}
+
 std::string TPersistent::ClassName() const { return "TPersistent"; }
 
 void TPersistent::AssignTo(TPersistent* target) const { RaiseCannotAssign(ClassName(), *target); }
+
+TInterfacedPersistent::~TInterfacedPersistent() = default;
 
 }  // namespace qxTools

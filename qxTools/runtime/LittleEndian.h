@@ -1,0 +1,25 @@
+// 64-bit integers as they stand in files, lowest byte first.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace qxTools {
+
+inline std::array<char, 8> ToLittleEndian(std::int64_t value) {
+  std::array<char, 8> bytes;
+  auto rest = static_cast<std::uint64_t>(value);
+  for (char& byte : bytes) {
+    byte = static_cast<char>(rest & 0xFF);
+    rest >>= 8;
+  }
+  return bytes;
+}
+
+inline std::int64_t FromLittleEndian(const std::array<char, 8>& bytes) {
+  std::uint64_t value = 0;
+  for (std::size_t i = bytes.size(); i-- > 0;) value = value << 8 | static_cast<unsigned char>(bytes[i]);
+  return static_cast<std::int64_t>(value);
+}
+
+}  // namespace qxTools
