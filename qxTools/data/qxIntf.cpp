@@ -1,0 +1,40 @@
+#include <qxTools/data/qxIntf.h>
+
+namespace qxTools::qxIntf {
+
+namespace {
+
+constexpr Integer kNoCount = -1;
+
+}  // namespace
+
+TSafeInterfacedObject::~TSafeInterfacedObject() = default;
+
+HRESULT TSafeInterfacedObject::QueryInterface(const GUID& iid, void** result) {
+  *result = FindInterface(iid);
+  if (*result == nullptr) return E_NOINTERFACE;
+  _AddRef();
+  return S_OK;
+}
+
+Integer TSafeInterfacedObject::_AddRef() {
+  FLocked = 1;
+  return kNoCount;
+}
+
+Integer TSafeInterfacedObject::_Release() {
+  if (FLocked == 0) delete this;
+  return kNoCount;
+}
+
+Integer TSafeInterfacedObject::UnLock() {
+  FLocked = 0;
+  return kNoCount;
+}
+
+void* TSafeInterfacedObject::FindInterface(const GUID& iid) {
+  const bool known = iid == ISafeInterface::IID || iid == IInterface::IID;
+  return known ? static_cast<ISafeInterface*>(this) : nullptr;
+}
+
+}  // namespace qxTools::qxIntf
