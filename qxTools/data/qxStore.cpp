@@ -1,0 +1,168 @@
+#include <qxTools/data/qxStore.h>
+#include <qxTools/platform/FileStream.h>
+#include <qxTools/platform/Files.h>
+#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/runtime/LittleEndian.h>
+
+#include <algorithm>
+#include <typeinfo>
+
+namespace qxTools::qxStore {
+
+namespace {
+
+constexpr std::size_t kHeaderSize = 72;
+constexpr std::size_t kFlagAt = 0;
+constexpr std::size_t kDataSizeAt = 8;
+constexpr std::size_t kCommentAt = 16;
+constexpr std::size_t kLongestComment = 50;
+
+using Header = std::array<char, kHeaderSize>;
+
+/// A length byte and the text, as it stands in a header.
+void PutText(Header& header, std::size_t at, std::string_view text) {
+  header[at] = static_cast<char>(text.size());
+  text.copy(header.data() + at + 1, text.size());
+}
+
+/// A length beyond what there is room for counts as that much.
+std::string_view TextAt(const Header& header, std::size_t at, std::size_t longest) {
+  const std::size_t length = static_cast<unsigned char>(header[at]);
+  return {header.data() + at + 1, std::min(length, longest)};
+}
+
+bool HasFlag(const Header& header, std::string_view flag) {
+  const bool sameLength = static_cast<unsigned char>(header[kFlagAt]) == flag.size();
+  return sameLength && TextAt(header, kFlagAt, flag.size()) == flag;
+}
+
+/// A stream into a file that replaces the old one when it is complete.
+class WholeFileStream : public TStream {
+ public:
+  explicit WholeFileStream(const std::string& fileName) : writer_(fileName) {}
+
+  std::size_t Read(void*, std::size_t) override { return 0; }
+  std::size_t Write(const void* buffer, std::size_t count) override {
+    writer_.Write({static_cast<const char*>(buffer), count});
+    position_ += static_cast<std::int64_t>(count);
+    size_ = std::max(size_, position_);
+    return count;
+  }
+  std::int64_t Seek(std::int64_t offset, TSeekOrigin origin) override {
+    const std::int64_t base = origin == soBeginning ? 0 : origin == soCurrent ? position_ : size_;
+    const std::int64_t place = Place(base, offset);
+    if (place != position_) writer_.SetPosition(place);
+    return position_ = place;
+  }
+  std::int64_t GetSize() const override { return size_; }
+  void SetSize(std::int64_t size) override {
+    if (size != size_) throw EWriteError("Stream write error");
+  }
+
+  void Commit() { writer_.Commit(); }
+
+ private:
+  WholeFileWriter writer_;
+  std::int64_t position_ = 0;
+  std::int64_t size_ = 0;
+};
+
+}  // namespace
+
+// --- TQXCustomStore ----------------------------------------------------------------------------------
+
+TQXCustomStore::~TQXCustomStore() = default;
+
+void TQXCustomStore::Changed(TObject*) {
+  FModified = true;
+  if (FOnChange) FOnChange(this);
+}
+
+bool TQXCustomStore::Equals(TQXCustomStore* Other) {
+  if (Other == nullptr) return false;
+  if (GetEmpty() || Other->GetEmpty()) return GetEmpty() && Other->GetEmpty();
+  if (typeid(*this) != typeid(*Other)) return false;
+  TMemoryStream mine;
+  TMemoryStream others;
+  WriteData(&mine);
+  Other->WriteData(&others);
+  return mine.GetBytes() == others.GetBytes();
+}
+
+void TQXCustomStore::ReadData(TStream* Stream) { LoadFromStream(Stream); }
+
+void TQXCustomStore::WriteData(TStream* Stream) { SaveToStream(Stream); }
+
+void TQXCustomStore::Progress(TObject* Sender, TProgressStage Stage, std::uint8_t PercentDone, bool RedrawNow,
+                              const TRect& R, const std::string& Msg) {
+  if (FOnProgress) FOnProgress(Sender, Stage, PercentDone, RedrawNow, R, Msg);
+}
+
+void TQXCustomStore::LoadFromFile(const std::string& FileName) {
+  TFileStream file(FileName, fmOpenRead);
+  LoadFromStream(&file);
+}
+
+void TQXCustomStore::SaveToFile(const std::string& FileName) {
+  WholeFileStream file(FileName);
+  SaveToStream(&file);
+  file.Commit();
+}
+
+void TQXCustomStore::DefineProperties(TFiler& filer) {
+  TPersistent* const ancestor = filer.GetAncestor();
+  auto* const store = dynamic_cast<TQXCustomStore*>(ancestor);
+  const bool differs = store != nullptr ? !Equals(store) : ancestor != nullptr || !GetEmpty();
+  filer.DefineBinaryProperty(
+      "Data", [this](TStream* stream) { ReadData(stream); }, [this](TStream* stream) { WriteData(stream); },
+      differs);
+}
+
+void TQXCustomStore::SetModified(bool Value) {
+  if (Value)
+    Changed(this);
+  else
+    FModified = false;
+}
+
+void* TQXCustomStore::FindInterface(const GUID& iid) {
+  const bool known = iid == IStreamPersist::IID || iid == IInterface::IID;
+  return known ? static_cast<IStreamPersist*>(this) : nullptr;
+}
+
+// --- TQXFileStore ------------------------------------------------------------------------------------
+
+TQXFileStore::~TQXFileStore() = default;
+
+TFileFlag TQXFileStore::GetFlag() const { return "QXF"; }
+
+void TQXFileStore::LoadFromStream(TStream* Stream) {
+  Header header;
+  Stream->ReadBuffer(header.data(), header.size());
+  if (!HasFlag(header, GetFlag())) return;
+  FComment = TextAt(header, kCommentAt, kLongestComment);
+  FData.Clear();
+  std::array<char, 8> size;
+  std::copy_n(header.data() + kDataSizeAt, size.size(), size.data());
+  try {
+    FData.CopyFrom(*Stream, FromLittleEndian(size));
+  } catch (...) {
+    FData.Clear();
+    throw;
+  }
+  FData.SetPosition(0);
+}
+
+void TQXFileStore::SaveToStream(TStream* Stream) {
+  Header header{};
+  const auto size = ToLittleEndian(FData.GetSize());
+  PutText(header, kFlagAt, GetFlag());
+  std::copy(size.begin(), size.end(), header.data() + kDataSizeAt);
+  PutText(header, kCommentAt, std::string_view(FComment).substr(0, kLongestComment));
+  FData.SetPosition(0);
+  Stream->WriteBuffer(header.data(), header.size());
+  Stream->CopyFrom(FData, FromLittleEndian(size));
+  FData.SetPosition(0);
+}
+
+}  // namespace qxTools::qxStore

@@ -1,0 +1,116 @@
+/// @file
+/// Stores: objects that save and load themselves through streams, files and component files, with a modified
+/// flag, events and equality by content; and the store of a block of bytes with a comment.
+///
+/// A file store's file, integers little-endian:
+///
+///     offset  size  content
+///          0     1  length of the flag, 3
+///          1     3  "QXF"
+///          4     4  zeros, not read
+///          8     8  number of data bytes, signed
+///         16     1  length of the comment, 0 to 50
+///         17    50  the comment; bytes behind its length are zeros, not read
+///         67     5  zeros, not read
+///         72        the data
+#pragma once
+
+#include <qxTools/runtime/Filer.h>
+#include <qxTools/runtime/Geometry.h>
+#include <qxTools/runtime/InterfacedPersistent.h>
+#include <qxTools/runtime/ShortString.h>
+
+namespace qxTools::qxStore {
+
+using TFileFlag = ShortString<3>;
+
+enum TProgressStage { psStarting, psRunning, psEnding };
+
+/// `percentDone` is 0 to 255.
+using TProgressEvent = std::function<void(TObject* sender, TProgressStage stage, std::uint8_t percentDone,
+                                          bool redrawNow, const TRect& r, const std::string& msg)>;
+
+/// What a store is, whatever it holds. Streams and stores given to it stay the caller's.
+class QXTOOLS_API TQXCustomStore : public TInterfacedPersistent, public IStreamPersist {
+ public:
+  TQXCustomStore() = default;
+  TQXCustomStore(const TQXCustomStore&) = delete;
+  TQXCustomStore& operator=(const TQXCustomStore&) = delete;
+  ~TQXCustomStore() override;
+  QXTOOLS_INTERFACED_OBJECT
+
+  /// Sets the modified flag and fires OnChange. On purpose: the event's sender is this store, not `Sender`.
+  virtual void Changed(TObject* Sender);
+  /// Whether both are empty, or both are of the very same class and write the same bytes. False for null.
+  virtual bool Equals(TQXCustomStore* Other);
+  virtual bool GetEmpty() const = 0;
+  virtual void ReadData(TStream* Stream);
+  virtual void WriteData(TStream* Stream);
+  /// Fires OnProgress with all six arguments.
+  virtual void Progress(TObject* Sender, TProgressStage Stage, std::uint8_t PercentDone, bool RedrawNow,
+                        const TRect& R, const std::string& Msg);
+  /// @throws EFOpenError, also for a file that somebody else writes to; and what LoadFromStream raises.
+  virtual void LoadFromFile(const std::string& FileName);
+  /// Saves whole or not at all. The stream that SaveToStream is given can be written and sought; nothing can
+  /// be read from it or cut off.
+  /// @throws EFCreateError or EWriteError; the old file stays then.
+  virtual void SaveToFile(const std::string& FileName);
+
+  /// Defines the binary property "Data". It is written when the ancestor is no store or not equal, and
+  /// without an ancestor when this store is not empty.
+  void DefineProperties(TFiler& filer) override;
+  std::string ClassName() const override { return "TQXCustomStore"; }
+
+  bool GetModified() const { return FModified; }
+  /// True calls Changed; false clears the flag without an event.
+  void SetModified(bool Value);
+  const TNotifyEvent& GetOnChange() const { return FOnChange; }
+  void SetOnChange(TNotifyEvent Value) { FOnChange = std::move(Value); }
+  const TProgressEvent& GetOnProgress() const { return FOnProgress; }
+  void SetOnProgress(TProgressEvent Value) { FOnProgress = std::move(Value); }
+
+ protected:
+  void* FindInterface(const GUID& iid) override;
+
+ private:
+  TNotifyEvent FOnChange;
+  bool FModified = false;
+  TProgressEvent FOnProgress;
+};
+
+/// A block of bytes and a short comment.
+class QXTOOLS_API TQXFileStore : public TQXCustomStore {
+ public:
+  TQXFileStore() = default;
+  ~TQXFileStore() override;
+
+  bool GetEmpty() const override { return FData.GetSize() == 0; }
+
+  /// Takes comment and data; the modified flag stays as it is. The announced size is never believed: memory
+  /// is asked for as the bytes arrive.
+  ///
+  /// On purpose: a stream that begins with another flag changes nothing and is no error; it is left behind
+  /// the 72 bytes of the header.
+  /// @throws EReadError "Stream read error" when there are fewer bytes than the header has, or than it
+  /// announces, or when it announces less than nothing; in the last two cases the store is empty then and has
+  /// the new comment.
+  void LoadFromStream(TStream* Stream) override;
+  /// Writes header and data, and rewinds the data stream.
+  void SaveToStream(TStream* Stream) override;
+
+  /// What a file begins with. @return "QXF".
+  virtual TFileFlag GetFlag() const;
+
+  /// The data themselves, to be filled or read; they stay the store's.
+  TMemoryStream* GetStream() { return &FData; }
+  const AnsiString& GetComment() const { return FComment; }
+  /// Sets the comment, of which 50 bytes reach a file. On purpose: the store does not become modified.
+  void SetComment(std::string_view Value) { FComment = Value; }
+  std::string ClassName() const override { return "TQXFileStore"; }
+
+ private:
+  TMemoryStream FData;
+  AnsiString FComment;
+};
+
+}  // namespace qxTools::qxStore
