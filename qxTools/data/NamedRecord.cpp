@@ -1,4 +1,4 @@
-#include <qxTools/data/NamedRecord.h>
+#include <qxTools/data/RecordIndex.h>
 #include <qxTools/memory/QXMemTools.h>
 
 #include <atomic>

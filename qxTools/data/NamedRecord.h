@@ -11,9 +11,6 @@ namespace qxTools {
 /// Tells the lists that the name of some record was changed.
 QXTOOLS_API void NoteNameChange();
 
-/// How often that has happened.
-QXTOOLS_API std::uint64_t NameChanges();
-
 /// A byte with the length, then up to N bytes; a longer name is cut. Callers who hold a record may assign its
 /// name at any time.
 template <std::size_t N>

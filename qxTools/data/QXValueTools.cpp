@@ -1,5 +1,5 @@
+#include <qxTools/data/FoldedKey.h>
 #include <qxTools/data/QXValueTools.h>
-#include <qxTools/runtime/Ascii.h>
 
 #include <limits>
 
@@ -9,11 +9,11 @@ namespace {
 
 bool IsBlank(char c) { return static_cast<unsigned char>(c) <= 32; }
 
-/// What names are compared by.
-std::string KeyOf(std::string_view name) {
+/// The part of a name that counts.
+std::string_view Trimmed(std::string_view name) {
   while (!name.empty() && IsBlank(name.front())) name.remove_prefix(1);
   while (!name.empty() && IsBlank(name.back())) name.remove_suffix(1);
-  return UpperCase(name);
+  return name;
 }
 
 }  // namespace
@@ -28,7 +28,7 @@ TValueRecord* TQXValueList::Add() { return Append(std::make_unique<TValueRecord>
 TValueRecord* TQXValueList::Append(std::unique_ptr<TValueRecord> record) {
   TValueRecord* const added = FRecords.Add(std::move(record));
   try {
-    FIndex.Append(KeyOf(added->Name), GetCount() - 1);
+    FIndex.Append(FoldedKey(Trimmed(added->Name)), GetCount() - 1);
   } catch (...) {
     Delete(GetCount() - 1);
     throw;
@@ -81,8 +81,8 @@ void TQXValueList::Assign(TQXValueList* Source) {
 // --- By name -----------------------------------------------------------------------------------------
 
 RecordIndex::Places TQXValueList::Find(std::string_view name) {
-  return FIndex.Find(KeyOf(name), GetCount(),
-                     [this](Integer i) { return KeyOf(FRecords.GetItems(i)->Name); });
+  return FIndex.Find(FoldedKey(Trimmed(name)), GetCount(),
+                     [this](Integer i) { return FoldedKey(Trimmed(FRecords.GetItems(i)->Name)); });
 }
 
 Integer TQXValueList::IndexOf(std::string_view Name) { return Find(Name).last; }

@@ -8,6 +8,9 @@
 
 namespace qxTools {
 
+/// How often the name of a record was changed by a caller, in all lists together.
+std::uint64_t NameChanges();
+
 /// The first and last place of each key in a list. Records are handed out, and a caller may have changed a
 /// name since the index was built: then one look-up walks the list, and the index is built again only when
 /// the next one finds the names unchanged. So changing and looking up in turn costs a walk each time, never a
@@ -24,6 +27,8 @@ class RecordIndex {
     }
   };
 
+  RecordIndex() { places_.max_load_factor(0.5F); }
+
   /// The list has changed otherwise than by an Append.
   void Drop() {
     places_.clear();
@@ -36,7 +41,7 @@ class RecordIndex {
     if (builtAt_) places_[std::string(key)].Add(place);
   }
 
-  /// @param keyAt gives the key at a place from 0 to count - 1.
+  /// @param keyAt gives the key at a place from 0 to count - 1, as a view or as what converts to one.
   template <class KeyAt>
   Places Find(std::string_view key, Integer count, KeyAt keyAt) {
     const std::uint64_t now = NameChanges();
@@ -53,22 +58,24 @@ class RecordIndex {
   }
 
  private:
-  struct Hash : std::hash<std::string_view> {
+  // Not noexcept: the table then keeps the hashes and need not compute those of the keys that it passes.
+  struct Hash {
     using is_transparent = void;
+    std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>()(key); }
   };
 
   template <class KeyAt>
   static Places Walk(std::string_view key, Integer count, KeyAt keyAt) {
     Places places;
     for (Integer i = 0; i < count; ++i)
-      if (keyAt(i) == key) places.Add(i);
+      if (std::string_view(keyAt(i)) == key) places.Add(i);
     return places;
   }
 
   template <class KeyAt>
   void Build(Integer count, KeyAt keyAt) {
     Drop();
-    for (Integer i = 0; i < count; ++i) places_[std::string(keyAt(i))].Add(i);
+    for (Integer i = 0; i < count; ++i) places_[std::string(std::string_view(keyAt(i)))].Add(i);
   }
 
   std::unordered_map<std::string, Places, Hash, std::equal_to<>> places_;

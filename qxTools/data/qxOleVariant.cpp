@@ -1,20 +1,9 @@
+#include <qxTools/data/FoldedKey.h>
 #include <qxTools/data/OleVariantFace.h>
 #include <qxTools/runtime/CodePage950.h>
 #include <qxTools/sql/QXSqlTools.h>
 
 namespace qxTools::qxOleVariant {
-
-namespace {
-
-/// A name as it is stored and looked for, not cut yet.
-AnsiString KeyOf(std::u16string_view name) {
-  std::u16string capitals(name);
-  for (char16_t& unit : capitals)
-    if (unit >= u'a' && unit <= u'z') unit = static_cast<char16_t>(unit - u'a' + u'A');
-  return WideToBytes(capitals);
-}
-
-}  // namespace
 
 TQXOleVariant::TQXOleVariant() : FFace(std::make_unique<Face>(*this)) {}
 TQXOleVariant::~TQXOleVariant() = default;
@@ -51,7 +40,7 @@ void TQXOleVariant::Clear() {
 
 TOleVariantField* TQXOleVariant::FindField(std::u16string_view Name) {
   const auto nameAt = [this](Integer i) { return FFields.GetItems(i)->Name.View(); };
-  const Integer place = FIndex.Find(KeyOf(Name), GetCount(), nameAt).last;
+  const Integer place = FIndex.Find(FoldedKey(Name), GetCount(), nameAt).last;
   return place >= 0 ? FFields.GetItems(place) : nullptr;
 }
 
@@ -66,7 +55,7 @@ void TQXOleVariant::SetValue(std::u16string_view Name, const Variant& Value) {
   if (field != nullptr)
     field->Value = Value;
   else
-    Append(std::make_unique<TOleVariantField>(KeyOf(Name), Value));
+    Append(std::make_unique<TOleVariantField>(FoldedKey(Name), Value));
 }
 
 WideString TQXOleVariant::GetSqlValue(std::u16string_view Name) {
@@ -97,7 +86,7 @@ void TQXOleVariant::LoadFromOle(const Variant& Packet) {
   for (Integer i = 0; i < length / 2; ++i) {
     const Variant name = packet.GetElement(2 * i);
     Variant value = packet.GetElement(2 * i + 1);
-    Append(std::make_unique<TOleVariantField>(KeyOf(name.AsWideString()), std::move(value)));
+    Append(std::make_unique<TOleVariantField>(FoldedKey(name.AsWideString()), std::move(value)));
   }
 }
 

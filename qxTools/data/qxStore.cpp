@@ -154,6 +154,7 @@ void TQXFileStore::LoadFromStream(TStream* Stream) {
 }
 
 void TQXFileStore::SaveToStream(TStream* Stream) {
+  if (Stream == &FData) throw EWriteError("Stream write error");  // it would overwrite what it reads
   Header header{};
   const auto size = ToLittleEndian(FData.GetSize());
   PutText(header, kFlagAt, GetFlag());
@@ -161,8 +162,7 @@ void TQXFileStore::SaveToStream(TStream* Stream) {
   PutText(header, kCommentAt, std::string_view(FComment).substr(0, kLongestComment));
   FData.SetPosition(0);
   Stream->WriteBuffer(header.data(), header.size());
-  Stream->CopyFrom(FData, FromLittleEndian(size));
-  FData.SetPosition(0);
+  Stream->WriteBuffer(FData.GetBytes().data(), FData.GetBytes().size());
 }
 
 }  // namespace qxTools::qxStore

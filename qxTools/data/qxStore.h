@@ -95,7 +95,8 @@ class QXTOOLS_API TQXFileStore : public TQXCustomStore {
   /// announces, or when it announces less than nothing; in the last two cases the store is empty then and has
   /// the new comment.
   void LoadFromStream(TStream* Stream) override;
-  /// Writes header and data, and rewinds the data stream.
+  /// Writes header and data, and rewinds the data stream. @throws EWriteError, also for the data stream
+  /// itself.
   void SaveToStream(TStream* Stream) override;
 
   /// What a file begins with. @return "QXF".

@@ -1,0 +1,153 @@
+// Saving and loading a file store beside the system's own calls. Sizes are bytes of data.
+//
+// The peer saves as safely: a temporary file, flushed and renamed over the old one, then its folder flushed.
+// Both load from the system's cache, into memory of their own.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <qxTools/data/qxStore.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace {
+
+using qxTools::qxStore::TQXFileStore;
+
+constexpr std::size_t kHeaderSize = 72;
+
+/// A folder in the current one, so that files lie on a disk and not in memory.
+class Folder {
+ public:
+  Folder() { std::filesystem::create_directory(path_); }
+  ~Folder() { std::filesystem::remove_all(path_); }
+  std::string File(const char* name) const { return path_ + "/" + name; }
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_ = "qxstore_bench." + std::to_string(getpid());
+};
+
+std::string DataOf(std::size_t size) {
+  std::string data(size, '\0');
+  for (std::size_t i = 0; i < size; ++i) data[i] = static_cast<char>(i * 31 >> 4);
+  return data;
+}
+
+void Fill(TQXFileStore& store, const std::string& data) {
+  store.GetStream()->WriteBuffer(data.data(), data.size());
+}
+
+bool HoldsData(const std::string& fileName, const std::string& data) {
+  TQXFileStore store;
+  store.LoadFromFile(fileName);
+  return store.GetStream()->GetBytes() == data;
+}
+
+// --- The system's own calls ----------------------------------------------------------------------------
+
+bool WriteAll(int fd, const char* bytes, std::size_t size) {
+  while (size > 0) {
+    const ssize_t written = write(fd, bytes, size);
+    if (written <= 0) return false;
+    bytes += written;
+    size -= static_cast<std::size_t>(written);
+  }
+  return true;
+}
+
+bool PlainSave(const Folder& folder, const std::string& fileName, const std::string& data) {
+  char header[kHeaderSize] = {3, 'Q', 'X', 'F'};
+  const std::size_t size = data.size();
+  std::memcpy(header + 8, &size, sizeof size);
+  const std::string temporary = folder.File("temporary");
+  const int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+  const bool written = WriteAll(fd, header, sizeof header) && WriteAll(fd, data.data(), data.size());
+  const bool flushed = fsync(fd) == 0 && close(fd) == 0;
+  const bool renamed = std::rename(temporary.c_str(), fileName.c_str()) == 0;
+  const int opened = open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY);
+  const bool kept = fsync(opened) == 0 && close(opened) == 0;
+  return written && flushed && renamed && kept;
+}
+
+std::size_t PlainLoad(const std::string& fileName, std::unique_ptr<char[]>& bytes) {
+  const int fd = open(fileName.c_str(), O_RDONLY);
+  struct stat info {};
+  if (fstat(fd, &info) != 0) return 0;
+  const auto size = static_cast<std::size_t>(info.st_size);
+  bytes.reset(new char[size]);
+  std::size_t done = 0;
+  while (done < size) {
+    const ssize_t got = read(fd, bytes.get() + done, size - done);
+    if (got <= 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  close(fd);
+  return done;
+}
+
+// --- Rows ------------------------------------------------------------------------------------------------
+
+void SaveStore(benchmark::State& state) {
+  const Folder folder;
+  const std::string data = DataOf(static_cast<std::size_t>(state.range(0)));
+  TQXFileStore store;
+  Fill(store, data);
+  store.SaveToFile(folder.File("store"));
+  if (!HoldsData(folder.File("store"), data)) return state.SkipWithError("wrong file");
+  for (auto _ : state) store.SaveToFile(folder.File("store"));
+  state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+
+void SavePlainly(benchmark::State& state) {
+  const Folder folder;
+  const std::string data = DataOf(static_cast<std::size_t>(state.range(0)));
+  if (!PlainSave(folder, folder.File("store"), data) || !HoldsData(folder.File("store"), data))
+    return state.SkipWithError("wrong file");
+  for (auto _ : state) benchmark::DoNotOptimize(PlainSave(folder, folder.File("store"), data));
+  state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+
+void LoadStore(benchmark::State& state) {
+  const Folder folder;
+  const std::string data = DataOf(static_cast<std::size_t>(state.range(0)));
+  if (!PlainSave(folder, folder.File("store"), data) || !HoldsData(folder.File("store"), data))
+    return state.SkipWithError("wrong data");
+  for (auto _ : state) {
+    TQXFileStore store;
+    store.LoadFromFile(folder.File("store"));
+    benchmark::DoNotOptimize(store.GetStream()->GetBytes().data());
+  }
+  state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+
+void LoadPlainly(benchmark::State& state) {
+  const Folder folder;
+  const std::string data = DataOf(static_cast<std::size_t>(state.range(0)));
+  if (!PlainSave(folder, folder.File("store"), data)) return state.SkipWithError("wrong file");
+  for (auto _ : state) {
+    std::unique_ptr<char[]> bytes;
+    if (PlainLoad(folder.File("store"), bytes) != data.size() + kHeaderSize)
+      return state.SkipWithError("wrong size");
+    benchmark::DoNotOptimize(bytes.get());
+  }
+  state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+
+void Register(const char* name, void (*run)(benchmark::State&)) {
+  benchmark::RegisterBenchmark(name, run)->Arg(1 << 20)->Arg(8 << 20)->Arg(64 << 20)->UseRealTime();
+}
+
+const bool registered = [] {
+  Register("store.save/qxTools", SaveStore);
+  Register("store.save/write", SavePlainly);
+  Register("store.load/qxTools", LoadStore);
+  Register("store.load/read", LoadPlainly);
+  return true;
+}();
+
+}  // namespace
