@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::int64_t kLastPlace = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kPiece = std::int64_t{1} << 20;
+constexpr std::int64_t kBuffer = std::int64_t{1} << 16;
+constexpr std::int64_t kLargestBlock = std::numeric_limits<std::ptrdiff_t>::max();
 
 std::size_t Length(std::int64_t count) { return static_cast<std::size_t>(count); }
 
@@ -34,9 +36,9 @@ void TStream::WriteBuffer(const void* buffer, std::size_t count) {
 
 void TStream::CopyFrom(TStream& source, std::int64_t count) {
   if (count < 0) RaiseRead();
-  std::array<char, 65536> piece;
+  std::array<char, kBuffer> piece;
   while (count > 0) {
-    const std::size_t got = source.Read(piece.data(), std::min(Length(count), piece.size()));
+    const std::size_t got = source.Read(piece.data(), Length(std::min(count, kBuffer)));
     if (got == 0) RaiseRead();
     WriteBuffer(piece.data(), got);
     count -= static_cast<std::int64_t>(got);
@@ -62,9 +64,10 @@ std::size_t TMemoryStream::Read(void* buffer, std::size_t count) {
 }
 
 std::size_t TMemoryStream::Write(const void* buffer, std::size_t count) {
-  if (count == 0 || count > Length(kLastPlace - position_)) return 0;
+  if (count == 0 || count > static_cast<std::uint64_t>(kLastPlace - position_)) return 0;
   const std::int64_t end = position_ + static_cast<std::int64_t>(count);
-  if (end > capacity_ && !Reserve(std::max(end, Place(capacity_, capacity_)))) return 0;
+  const std::int64_t doubled = Place(capacity_, capacity_);
+  if (end > capacity_ && !Reserve(std::max(end, doubled)) && !Reserve(end)) return 0;
   FillGap();
   std::memcpy(memory_.get() + position_, buffer, count);
   position_ = end;
@@ -107,6 +110,7 @@ void TMemoryStream::Clear() {
 }
 
 bool TMemoryStream::Reserve(std::int64_t size) {
+  if (size > kLargestBlock) return false;
   void* const moved = std::realloc(memory_.get(), Length(size));
   if (moved == nullptr) return false;
   static_cast<void>(memory_.release());

@@ -7,6 +7,7 @@ namespace qxtool {
 
 void AddCallCommand(CLI::App& app);
 void AddCommandCommand(CLI::App& app);
+void AddStoreCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);
 
 }  // namespace qxtool

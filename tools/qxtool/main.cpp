@@ -28,6 +28,7 @@ void AddCommands(CLI::App& app) {
   app.fallthrough();
   qxtool::AddCallCommand(app);
   qxtool::AddCommandCommand(app);
+  qxtool::AddStoreCommand(app);
   qxtool::AddConvertCommand(app);
 }
 

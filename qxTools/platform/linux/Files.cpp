@@ -97,7 +97,7 @@ struct WholeFileWriter::Target {
   FileDescriptor old;     // the old file, locked; not open when there was none
   FileDescriptor file;    // the temporary file
   std::string gathered;
-  std::size_t place = 0;  // of the next byte in `gathered`
+  std::uint64_t place = 0;  // of the next byte in `gathered`
 
   ~Target() {
     if (!temporary.empty()) ::unlink(temporary.c_str());
@@ -159,9 +159,10 @@ void WholeFileWriter::Target::WriteInPlace() {
 
 void WholeFileWriter::Target::Gather(std::string_view bytes) {
   if (place > gathered.max_size() - bytes.size()) throw EWriteError("Stream write error");
-  if (place + bytes.size() > gathered.size()) gathered.resize(place + bytes.size());
-  gathered.replace(place, bytes.size(), bytes);
+  const auto start = static_cast<std::size_t>(place);
   place += bytes.size();
+  if (place > gathered.size()) gathered.resize(static_cast<std::size_t>(place));
+  gathered.replace(start, bytes.size(), bytes);
 }
 
 WholeFileWriter::WholeFileWriter(const std::string& fileName) : target_(std::make_unique<Target>()) {
@@ -179,7 +180,7 @@ void WholeFileWriter::Write(std::string_view bytes) {
 }
 
 void WholeFileWriter::SetPosition(std::int64_t position) {
-  target_->place = static_cast<std::size_t>(position);
+  target_->place = static_cast<std::uint64_t>(position);
   if (target_->temporary.empty()) return;
   if (::lseek(target_->file.Get(), position, SEEK_SET) < 0) throw EWriteError("Stream write error");
 }

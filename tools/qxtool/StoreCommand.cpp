@@ -1,0 +1,101 @@
+// qxtool store: what a store file holds, and data into and out of one.
+#include <qxTools/data/qxStore.h>
+#include <qxTools/platform/Files.h>
+#include <qxTools/runtime/Exceptions.h>
+
+#include <memory>
+
+#include "Commands.h"
+#include "Edge.h"
+#include "TextTable.h"
+
+namespace qxtool {
+
+namespace {
+
+using namespace qxTools;
+using qxStore::TQXFileStore;
+
+constexpr std::size_t kLongestComment = 50;
+
+struct Options {
+  std::string data;
+  std::string store;
+  std::string comment;
+};
+
+void Put(TStream& stream, const std::string& bytes) { stream.WriteBuffer(bytes.data(), bytes.size()); }
+
+/// A store passes over a file that begins with another flag; a user wants to know.
+void CheckFlag(const TQXFileStore& store, const std::string& bytes) {
+  const std::string flag = store.GetFlag().Text();
+  if (!bytes.starts_with(static_cast<char>(flag.size()) + flag))
+    throw Exception("This is no store, it does not begin with " + flag);
+}
+
+/// @return the number of bytes behind the data, which belong to nothing.
+std::int64_t Load(TQXFileStore& store, const std::string& fileName) {
+  return Naming(fileName, [&] {
+    const std::string bytes = ReadWholeFile(fileName);
+    CheckFlag(store, bytes);
+    TMemoryStream file;
+    Put(file, bytes);
+    file.SetPosition(0);
+    store.LoadFromStream(&file);
+    return file.GetSize() - file.GetPosition();
+  });
+}
+
+void Info(const Options& options) {
+  TQXFileStore store;
+  const std::int64_t behind = Load(store, options.store);
+  std::vector<TextRow> rows = {{"Flag", store.GetFlag().Text()},
+                               {"Comment", store.GetComment()},
+                               {"Data", std::to_string(store.GetStream()->GetSize()) + " bytes"}};
+  if (behind != 0) rows.push_back({"Behind it", std::to_string(behind) + " bytes, not read"});
+  Print(AlignRows({"Field", "Value"}, rows));
+}
+
+void Pack(const Options& options) {
+  TQXFileStore store;
+  store.SetComment(FromArgument(options.comment));
+  if (store.GetComment().size() > kLongestComment)
+    throw Failure("--comment: longer than " + std::to_string(kLongestComment) + " bytes");
+  Put(*store.GetStream(), Naming(options.data, [&] { return ReadWholeFile(options.data); }));
+  Naming(options.store, [&] { store.SaveToFile(options.store); });
+}
+
+void Unpack(const Options& options) {
+  TQXFileStore store;
+  Load(store, options.store);
+  Naming(options.data, [&] { SaveWholeFile(options.data, store.GetStream()->GetBytes()); });
+}
+
+CLI::App* AddAction(CLI::App& store, const std::string& name, const std::string& help,
+                    void (*run)(const Options&), const std::shared_ptr<Options>& options) {
+  CLI::App* const action = store.add_subcommand(name, help);
+  action->callback([run, options] { run(*options); });
+  return action;
+}
+
+}  // namespace
+
+void AddStoreCommand(CLI::App& app) {
+  const auto options = std::make_shared<Options>();
+  CLI::App& store = *app.add_subcommand("store", "Look into store files, pack and unpack them");
+  store.require_subcommand(1);
+
+  CLI::App* const info = AddAction(store, "info", "Show flag, comment and size", Info, options);
+  info->add_option("STORE", options->store, "Store file")->required();
+
+  CLI::App* const pack = AddAction(store, "pack", "Put the bytes of a file into a store", Pack, options);
+  pack->add_option("DATA", options->data, "File with the data")->required();
+  pack->add_option("STORE", options->store, "Store file to be written, whole or not at all")->required();
+  pack->add_option("--comment", options->comment, "Comment, at most 50 bytes")->type_name("TEXT");
+
+  CLI::App* const unpack = AddAction(store, "unpack", "Take the bytes out of a store", Unpack, options);
+  unpack->add_option("STORE", options->store, "Store file")->required();
+  unpack->add_option("DATA", options->data, "File to be written, whole or not at all")->required();
+}
+
+}  // namespace qxtool
