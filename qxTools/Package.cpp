@@ -35,6 +35,10 @@ constinit auto units = std::to_array<Unit>({
     {"QXSqlDefine"},
     {"QXSqlTools", QXSqlTools::FillGlobals, QXSqlTools::ReleaseGlobals},
     {"QXUniKey", QXUniKey::FillGlobals, QXUniKey::ReleaseGlobals},
+    {"QXValueTools"},
+    {"qxStore"},
+    {"qxIntf"},
+    {"qxOleVariant"},
     {"qxSqlStoreProc", qxSqlStoreProc::FillGlobals, qxSqlStoreProc::ReleaseGlobals},
     {"qxTreeList"},
 });
