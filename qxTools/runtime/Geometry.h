@@ -13,6 +13,12 @@ struct TPoint {
   friend bool operator==(const TPoint&, const TPoint&) = default;
 };
 
+/// A point as the system packs it into one 32-bit word.
+struct TSmallPoint {
+  std::int16_t X = 0;
+  std::int16_t Y = 0;
+};
+
 struct TRect {
   Integer Left = 0;
   Integer Top = 0;

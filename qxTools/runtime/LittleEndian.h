@@ -1,4 +1,4 @@
-// 64-bit integers as they stand in files, lowest byte first.
+// Integers as they stand in files, lowest byte first: 64-bit ones, and 32-bit ones in a row of bytes.
 #pragma once
 
 #include <array>
@@ -20,6 +20,20 @@ inline std::int64_t FromLittleEndian(const std::array<char, 8>& bytes) {
   std::uint64_t value = 0;
   for (std::size_t i = bytes.size(); i-- > 0;) value = value << 8 | static_cast<unsigned char>(bytes[i]);
   return static_cast<std::int64_t>(value);
+}
+
+inline void PutLittleEndian32(char* bytes, std::int32_t value) {
+  auto rest = static_cast<std::uint32_t>(value);
+  for (int i = 0; i < 4; ++i) {
+    bytes[i] = static_cast<char>(rest & 0xFF);
+    rest >>= 8;
+  }
+}
+
+inline std::int32_t GetLittleEndian32(const char* bytes) {
+  std::uint32_t value = 0;
+  for (int i = 4; i-- > 0;) value = value << 8 | static_cast<unsigned char>(bytes[i]);
+  return static_cast<std::int32_t>(value);
 }
 
 }  // namespace qxTools
