@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+#include <qxTools/platform/SystemColors.h>
+#include <qxTools/runtime/TextPainter.h>
+
+#include <limits>
+#include <random>
+
+#include "support/BoxText.h"
+#include "support/Picture.h"
+
+namespace qxTools::test {
+
+namespace {
+
+constexpr Integer kLowest = std::numeric_limits<Integer>::min();
+constexpr Integer kHighest = std::numeric_limits<Integer>::max();
+
+/// Marks a line by its definition, pixel by pixel, the picture's (0, 0) standing at `origin`.
+void MarkLine(TBitmap& bitmap, TPoint origin, TPoint from, TPoint to, char letter) {
+  const Integer width = std::abs(to.X - from.X);
+  const Integer height = std::abs(to.Y - from.Y);
+  const Integer steps = std::max(width, height);
+  // steps * coordinate, rounded: ties down.
+  const auto nearest = [steps](Integer scaled) {
+    return (2 * scaled + steps - 1 + 200 * steps) / (2 * steps) - 100;
+  };
+  for (Integer i = 0; i < steps; ++i)
+    bitmap.SetPixel(nearest(from.X * steps + i * (to.X - from.X)) - origin.X,
+                    nearest(from.Y * steps + i * (to.Y - from.Y)) - origin.Y, ColorOf(letter));
+}
+
+/// Whether a pixel lies inside by the number of edges left of it or on it.
+bool Inside(const std::vector<TPoint>& points, Integer x, Integer y) {
+  bool inside = false;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    TPoint upper = points[i];
+    TPoint lower = points[(i + 1) % points.size()];
+    if (upper.Y > lower.Y) std::swap(upper, lower);
+    if (y < upper.Y || y >= lower.Y) continue;
+    if ((x - upper.X) * (lower.Y - upper.Y) >= (y - upper.Y) * (lower.X - upper.X)) inside = !inside;
+  }
+  return inside;
+}
+
+/// The row of one pixel high that copying "123" or a part of it into `dest` gives.
+std::string Copied(const TRect& dest, const TRect& part) {
+  TBitmap source;
+  Paint(source, "123\n");
+  Paper paper(9, 1);
+  paper.GetCanvas().CopyRect(dest, source, part);
+  return TextOf(paper);
+}
+
+}  // namespace
+
+TEST(Canvas, LinesAndPolygonsAreThoseOfTheirDefinition) {
+  std::mt19937 random;
+  const auto draw = [&random] { return static_cast<Integer>(random() % 40) - 12; };
+  for (int round = 0; round < 3000; ++round) {
+    std::vector<TPoint> points(random() % 7);
+    for (TPoint& point : points) point = {draw(), draw()};
+    Paper drawn(16, 16), marked(16, 16);
+    drawn.GetCanvas().SetBrushColor(ColorOf('r'));
+    drawn.GetCanvas().SetPenColor(ColorOf('k'));
+    drawn.GetCanvas().Polygon(points);
+    for (Integer y = 0; y < 16; ++y)
+      for (Integer x = 0; x < 16; ++x)
+        if (Inside(points, x, y)) marked.SetPixel(x, y, ColorOf('r'));
+    for (std::size_t i = 0; i < points.size(); ++i)
+      MarkLine(marked, {}, points[i], points[(i + 1) % points.size()], 'k');
+    ASSERT_EQ(TextOf(drawn), TextOf(marked)) << "round " << round;
+  }
+}
+
+TEST(Canvas, LinesLeaveTheirEndOutAndMoveThere) {
+  Paper paper(5, 3);
+  TCanvas& canvas = paper.GetCanvas();
+  canvas.LineTo(3, 0);
+  canvas.LineTo(3, 0);
+  canvas.LineTo(3, 2);
+  canvas.MoveTo(1, 2);
+  canvas.SetPenColor(ColorOf('r'));
+  canvas.LineTo(0, 1);
+  EXPECT_EQ(TextOf(paper), "kkkk.\n...k.\n.r...\n");
+}
+
+TEST(Canvas, TheWholeRangeOfCoordinatesIsExact) {
+  Paper paper(4, 5);
+  TCanvas& canvas = paper.GetCanvas();
+  canvas.MoveTo(kLowest, 0);
+  canvas.LineTo(kHighest, 7);  // at 0 a little more than half the way
+  canvas.MoveTo(kLowest, kHighest);
+  canvas.SetPenColor(ColorOf('r'));
+  canvas.LineTo(kHighest, kLowest);  // x + y = -1
+  canvas.MoveTo(kHighest - 1, kLowest);
+  canvas.LineTo(kLowest + 1, kHighest);  // x + y = -2
+  EXPECT_EQ(TextOf(paper), "....\n....\n....\n....\nkkkk\n");
+  const TPoint triangle[] = {{kLowest, kLowest}, {kHighest, kLowest}, {kHighest, kHighest}};
+  canvas.SetBrushColor(ColorOf('g'));
+  canvas.SetPenColor(ColorOf('s'));
+  canvas.Polygon(triangle);
+  EXPECT_EQ(TextOf(paper), "sggg\n.sgg\n..sg\n...s\nkkkk\n");
+  canvas.FillRect({kLowest, kLowest, kHighest, kHighest});
+  EXPECT_EQ(TextOf(paper), "gggg\ngggg\ngggg\ngggg\ngggg\n");
+  TBitmap source;
+  Paint(source, "123456\n");
+  canvas.CopyRect({kLowest, 0, kHighest, 1}, source);  // 0 is exactly the middle
+  canvas.CopyRect({3, 1, 4, 2}, source, {kLowest + 2, 0, kHighest, 1});
+  EXPECT_EQ(TextOf(paper).substr(0, 10), "4444\nggg1\n");
+}
+
+TEST(Canvas, FillsWithoutTheRightAndBottomEdges) {
+  Paper paper(5, 4);
+  TCanvas& canvas = paper.GetCanvas();
+  canvas.SetBrushColor(ColorOf('r'));
+  canvas.FillRect({1, 1, 4, 3});
+  canvas.FillRect({4, 0, 1, 4});
+  canvas.FillRect({0, 2, 5, 2});
+  canvas.SetBrushStyle(bsClear);
+  canvas.FillRect({0, 0, 5, 4});
+  EXPECT_EQ(TextOf(paper), ".....\n.rrr.\n.rrr.\n.....\n");
+  canvas.SetBrushColor(clBtnShadow);
+  EXPECT_EQ(canvas.GetBrushStyle(), bsSolid);
+  canvas.FillRect({0, 0, 1, 1});
+  EXPECT_EQ(paper.GetPixel(0, 0), 0x808080U);
+}
+
+TEST(Canvas, AClearBrushLeavesThePolygonsInsideAlone) {
+  Paper paper(4, 4);
+  const TPoint square[] = {{0, 0}, {3, 0}, {3, 3}, {0, 3}};
+  paper.GetCanvas().SetBrushStyle(bsClear);
+  paper.GetCanvas().Polygon(square);
+  EXPECT_EQ(TextOf(paper), "kkkk\nk..k\nk..k\nkkkk\n");
+}
+
+TEST(Canvas, CopiesStretchMirrorAndClip) {
+  const struct {
+    TRect dest;
+    TRect part;
+    const char* want;
+  } cases[] = {
+      {{1, 0, 4, 1}, {0, 0, 3, 1}, ".123.....\n"},   {{1, 0, 7, 1}, {0, 0, 3, 1}, ".112233..\n"},
+      {{1, 0, 6, 1}, {0, 0, 3, 1}, ".11233...\n"},   {{1, 0, 3, 1}, {0, 0, 3, 1}, ".13......\n"},
+      {{1, 0, 2, 1}, {0, 0, 3, 1}, ".2.......\n"},   {{4, 0, 1, 1}, {0, 0, 3, 1}, ".321.....\n"},
+      {{7, 0, 1, 1}, {1, 0, 3, 1}, ".333222..\n"},   {{-1, 0, 5, 1}, {0, 0, 3, 1}, "12233....\n"},
+      {{7, 0, 13, 1}, {0, 0, 3, 1}, ".......11\n"},  {{1, 0, 6, 1}, {-1, 0, 4, 1}, "..123....\n"},
+      {{1, 0, 4, 1}, {3, 0, 0, 1}, ".........\n"},   {{1, 0, 4, 1}, {1, 0, 1, 1}, ".........\n"},
+      {{1, 0, 1, 1}, {0, 0, 3, 1}, ".........\n"},   {{1, 1, 4, 0}, {0, 0, 3, 1}, ".123.....\n"},
+      {{20, 0, 23, 1}, {0, 0, 3, 1}, ".........\n"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(Copied(c.dest, c.part), c.want) << "from " << c.dest.Left << " to " << c.dest.Right;
+}
+
+TEST(Canvas, ABitmapCanBeCopiedOntoItself) {
+  TBitmap bitmap;
+  Paint(bitmap, "12\n34\n");
+  bitmap.GetCanvas().CopyRect({0, 0, 2, 2}, bitmap);
+  EXPECT_EQ(TextOf(bitmap), "12\n34\n");
+  bitmap.GetCanvas().CopyRect({0, 2, 2, 0}, bitmap);
+  EXPECT_EQ(TextOf(bitmap), "34\n12\n");
+}
+
+TEST(Canvas, TextIsThePainters) {
+  Paper paper(7, 4);
+  TCanvas& canvas = paper.GetCanvas();
+  EXPECT_EQ(canvas.TextWidth("ab"), 0);
+  EXPECT_EQ(canvas.TextHeight("ab"), 0);
+  canvas.SetBrushColor(ColorOf('g'));
+  canvas.TextRect({5, 0, 7, 1}, 5, 0, "ab");  // fills, and draws no glyph
+  const BoxText painter;
+  EXPECT_EQ(canvas.TextWidth("ab"), 6);
+  EXPECT_EQ(canvas.TextHeight("ab"), 2);
+  canvas.SetFontColor(ColorOf('r'));
+  canvas.TextRect({1, 2, 6, 4}, 0, 1, "ab");
+  canvas.TextRect({6, 4, 1, 2}, 1, 2, "ab");  // inverted: all of it is clipped
+  EXPECT_EQ(TextOf(paper), ".....gg\n.......\n.rgrrg.\n.ggggg.\n");
+}
+
+}  // namespace qxTools::test
