@@ -7,6 +7,7 @@
 
 #include <qxTools/Export.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,12 @@ namespace qxTools {
 
 constexpr char UpperChar(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr char LowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+/// Whether `a` and `b` are equal but for letter case.
+inline bool SameText(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return UpperChar(x) == UpperChar(y); });
+}
 
 /// `s` with a to z as A to Z.
 QXTOOLS_API std::string UpperCase(std::string_view s);

@@ -14,7 +14,11 @@ template <class Char>
 class NearestOfTwo {
  public:
   NearestOfTwo(std::basic_string_view<Char> text, Char first, Char second)
-      : text_(text), first_(first), second_(second), nextFirst_(Find(first, 0)), nextSecond_(Find(second, 0)) {}
+      : text_(text),
+        first_(first),
+        second_(second),
+        nextFirst_(Find(first, 0)),
+        nextSecond_(Find(second, 0)) {}
 
   /// The nearest of both from `start` on, or the text's length. `start` must not go back.
   std::size_t From(std::size_t start) {
@@ -24,7 +28,9 @@ class NearestOfTwo {
   }
 
  private:
-  std::size_t Find(Char mark, std::size_t start) const { return std::min(text_.find(mark, start), text_.size()); }
+  std::size_t Find(Char mark, std::size_t start) const {
+    return std::min(text_.find(mark, start), text_.size());
+  }
 
   std::basic_string_view<Char> text_;
   Char first_;
@@ -33,17 +39,24 @@ class NearestOfTwo {
   std::size_t nextSecond_;
 };
 
-/// The lines of a text, parted by CR LF, LF or CR. A break at the very end adds no empty line.
-template <class Char>
-std::vector<std::basic_string_view<Char>> SplitLines(std::basic_string_view<Char> text) {
-  std::vector<std::basic_string_view<Char>> lines;
+/// Calls `visit` with each line of a text. Lines are parted by CR LF, LF or CR; a break at the very end adds
+/// no empty line.
+template <class Char, class Visit>
+void ForEachLine(std::basic_string_view<Char> text, Visit visit) {
   NearestOfTwo<Char> breaks(text, Char('\r'), Char('\n'));
   for (std::size_t start = 0; start < text.size();) {
     const std::size_t end = breaks.From(start);
-    lines.push_back(text.substr(start, end - start));
+    visit(text.substr(start, end - start));
     const bool pair = end + 1 < text.size() && text[end] == Char('\r') && text[end + 1] == Char('\n');
     start = end + (pair ? 2 : 1);
   }
+}
+
+/// The same lines all at once.
+template <class Char>
+std::vector<std::basic_string_view<Char>> SplitLines(std::basic_string_view<Char> text) {
+  std::vector<std::basic_string_view<Char>> lines;
+  ForEachLine(text, [&](std::basic_string_view<Char> line) { lines.push_back(line); });
   return lines;
 }
 

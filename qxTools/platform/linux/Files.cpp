@@ -66,6 +66,11 @@ bool TakeOver(int fd, const struct stat& old) {
 
 }  // namespace
 
+bool FileExists(const std::string& fileName) {
+  struct stat info {};
+  return ::stat(fileName.c_str(), &info) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
 std::string ReadWholeFile(const std::string& fileName) {
   const FileDescriptor file = OpenFile(fileName, O_RDONLY);
   if (!file.IsOpen()) throw EFOpenError(FileErrorText("open", fileName));
