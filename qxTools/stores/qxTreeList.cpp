@@ -3,40 +3,22 @@
 #include <qxTools/platform/VirtualMemory.h>
 #include <qxTools/runtime/Exceptions.h>
 #include <qxTools/stores/KeyIndex.h>
+#include <qxTools/stores/Records.h>
+#include <qxTools/stores/TreeOrder.h>
 #include <qxTools/stores/qxTreeList.h>
 
 #include <array>
 #include <cstring>
-#include <new>
 
 namespace qxTools::qxTreeList {
 
-using QXMemTools::MemCreate;
 using QXMemTools::MemFree;
+using stores::MakeRecord;
+using stores::Record;
 
 namespace {
 
 constexpr std::string_view kRootKey = "0000000000000000";
-
-// Every link is one of these.
-struct LinkWithLastChild : TQXTreeNodeLink {
-  pQXTreeNodeLink LastChild;
-};
-
-pQXTreeNodeLink& LastChildOf(pQXTreeNodeLink link) {
-  return static_cast<LinkWithLastChild*>(link)->LastChild;
-}
-
-void* MakeRecord(std::size_t size) {
-  void* const record = MemCreate(static_cast<QXMemTools::TMemorySize>(size));
-  if (record == nullptr) throw std::bad_alloc();
-  return record;
-}
-
-struct RecordFree {
-  void operator()(void* record) const { MemFree(record); }
-};
-using Record = std::unique_ptr<void, RecordFree>;
 
 TNodeKey FreshKey() {
   std::array<char, 16> key;
@@ -50,14 +32,6 @@ pQXTreeNodeLink MakeRecords(Integer dataSize, const TNodeKey& parentKey, const T
   auto* const made = new (link.release()) LinkWithLastChild();
   made->Node = new (node.release()) TQXTreeNode{parentKey, key, data, level};
   return made;
-}
-
-// The node after `link` in tree order inside the subtree of `top`, past what is below `link` unless
-// `descend`.
-pQXTreeNodeLink Successor(pQXTreeNodeLink link, pQXTreeNodeLink top, bool descend) {
-  if (descend && link->FirstChild != nullptr) return link->FirstChild;
-  while (link != top && link->Next == nullptr) link = link->Parent;
-  return link == top ? nullptr : link->Next;
 }
 
 // The first node with that key in the subtree of `top`.
