@@ -1,0 +1,84 @@
+/// @file
+/// Finding the nodes of a settings file by name and by index without walking from the start each time. For
+/// its own use.
+#pragma once
+
+#include <qxTools/stores/Caseless.h>
+#include <qxTools/stores/TreeOrder.h>
+#include <qxTools/stores/qxIniTools.h>
+
+#include <unordered_map>
+
+namespace qxTools::qxIniTools {
+
+using qxTreeList::pQXTreeNodeLink;
+
+inline pQXIniPair PairOf(pQXTreeNode node) { return static_cast<pQXIniPair>(node->Data); }
+
+/// A text of a pair.
+inline std::string_view View(const char* text) { return text != nullptr ? text : std::string_view(); }
+
+/// The first node of each name among the children of one parent. Children without a pair have no name.
+class FirstByName {
+ public:
+  /// @param name says which text of a pair is the name.
+  explicit FirstByName(char* TQXIniPair::*name) : FName(name) {}
+
+  void Build(pQXTreeNodeLink parent);
+  void Drop() { FParent = nullptr; }
+  /// The parent whose children are indexed, or null.
+  pQXTreeNodeLink GetParent() const { return FParent; }
+
+  /// The first child of that name, or null.
+  pQXTreeNode Find(std::string_view name) const;
+  /// The same by a walk over the children of `parent`.
+  pQXTreeNode Walk(pQXTreeNodeLink parent, std::string_view name) const;
+
+  /// Takes in a new last child.
+  void Append(pQXTreeNode node);
+  /// Before a node, which need not be a child, or its pair goes.
+  void Remove(pQXTreeNode node);
+
+ private:
+  void Put(pQXTreeNode node);
+  std::string_view NameOf(pQXTreeNode node) const { return View(PairOf(node)->*FName); }
+
+  char* TQXIniPair::*FName;
+  pQXTreeNodeLink FParent = nullptr;
+  bool FShared = false;  // a name was met twice: when the first goes, the next is not known
+  std::unordered_map<std::string_view, pQXTreeNode, stores::CaselessHash, stores::CaselessEqual> FNodes;
+};
+
+/// The nodes of a section by their number in tree order. The last place is remembered, and the next search
+/// starts there when that is nearer.
+class NumberedNodes {
+ public:
+  /// Node `number`, from 1, below `section`; null when there is none.
+  pQXTreeNodeLink Find(pQXTreeNodeLink section, Integer number);
+
+  void Forget() { FSection = nullptr; }
+  /// After a last child was added to `parent`.
+  void Added(pQXTreeNodeLink parent);
+  void Deleting(pQXTreeNodeLink link);
+
+ private:
+  pQXTreeNodeLink FSection = nullptr;
+  pQXTreeNodeLink FPlace = nullptr;
+  Integer FNumber = 0;  // of the place; the section itself is 0
+};
+
+struct TQXIniFile::Lookup {
+  FirstByName sections{&TQXIniPair::Value};
+  FirstByName fields{&TQXIniPair::Name};
+  pQXTreeNodeLink walked = nullptr;  // the record searched last; only compared
+  NumberedNodes numbers;
+
+  pQXTreeNode FindField(pQXTreeNodeLink record, std::string_view name);
+  /// After `node` was added as last child of `parent`.
+  void Added(pQXTreeNode node, pQXTreeNodeLink parent);
+  /// Before `link` goes with what is below it.
+  void Deleting(pQXTreeNodeLink link);
+  void Clear();
+};
+
+}  // namespace qxTools::qxIniTools

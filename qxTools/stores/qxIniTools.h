@@ -1,0 +1,153 @@
+/// @file
+/// The settings file: named sections, in each a list of unnamed records, in each a list of named texts.
+///
+///     TQXIniFile settings;
+///     settings.LoadFromFile("app.ini");
+///     settings.SetRootKey("Main");        // opens the section, or makes it
+///     settings.OpenFirstKey();            // opens its first record
+///     settings.GetValue("Port");          // 1433
+///     settings.SetValue("Mode", "slow");
+///     settings.SaveToFile("app.ini");
+///
+/// The older names are root key for a section and item key for a record. Section and value names ignore the
+/// case of ASCII letters, and of equal ones the first counts. Texts are bytes, kept up to their first NUL.
+/// The file's form is described in docs/ini-format.md. What a save cannot write (comments of a loaded file,
+/// values without a name or text) is not in the saved file.
+///
+/// All lies in a tree (qxTools/stores/qxTreeList.h): sections at level 1, records at level 2, values at level
+/// 3. A section that was deleted stays open, and so does a record: what is added then finds no parent and
+/// becomes a level-1 node. For one thread at a time.
+#pragma once
+
+#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/stores/qxTreeList.h>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace qxTools::qxIniTools {
+
+using qxTreeList::pQXTreeNode;
+using qxTreeList::TEnumTreeNodeProc;
+using qxTreeList::TNodeKey;
+
+/// The data of a section's node ("RootKey" and the section's name) or of a value's. Both end with NUL and are
+/// null when empty. Callers read it and never write.
+struct TQXIniPair {
+  char* Name;
+  char* Value;
+};
+using pQXIniPair = TQXIniPair*;
+
+static_assert(sizeof(TQXIniPair) == 2 * sizeof(void*));
+
+/// A load that broke off. What came before is loaded.
+class QXTOOLS_API EIniLoadError : public Exception {
+ public:
+  EIniLoadError(const std::string& message, Integer line) : Exception(message), FLine(line) {}
+  ~EIniLoadError() override;
+  Integer GetLine() const { return FLine; }  ///< Counted from 1.
+
+ private:
+  Integer FLine;
+};
+
+class QXTOOLS_API TQXIniFile : public TObject {
+ public:
+  TQXIniFile();
+  /// Frees everything, also the pairs that deleting leaves in memory.
+  ~TQXIniFile() override;
+  TQXIniFile(const TQXIniFile&) = delete;
+  TQXIniFile& operator=(const TQXIniFile&) = delete;
+
+  // --- Whole files -------------------------------------------------------------
+
+  /// Replaces all contents by the file's; the last section stays open. A missing file is no error and changes
+  /// nothing.
+  /// @throws EFOpenError or EReadError; nothing has changed then.
+  /// @throws EIniLoadError "RootKey not Open." for a record before any section.
+  void LoadFromFile(const std::string& FileName);
+  /// Saves whole or not at all. @throws EFCreateError or EWriteError; the old file stays then.
+  void SaveToFile(const std::string& FileName) const;
+
+  /// The same from and to the text of a file.
+  void SetText(std::string_view Text);
+  std::string GetText() const;
+
+  /// Deletes everything. On purpose: section and record count as open as before.
+  void Clear();
+
+  // --- Sections ------------------------------------------------------------------
+
+  /// Opens the section of that name, the first one, or a new one at the end. No record is open then.
+  void SetRootKey(std::string_view Name);
+  /// The node of the first section of that name.
+  bool FindRootKey(std::string_view Name, pQXTreeNode& Node) const;
+  /// Deletes a section. On purpose: when it was the open one it counts as open still.
+  /// @throws Exception "RootKey not Find."
+  void DeleteRootKey(std::string_view Name);
+  /// Replaces the open section by a new, empty one of its name, behind all others. On purpose: does nothing
+  /// unless a file was loaded before.
+  /// @throws Exception "RootKey not Open."
+  void ClearKeys();
+
+  // --- Records of the open section -----------------------------------------------
+  // On purpose: an index counts, from 1, the section's records and values together, each record before its
+  // values. With records A (values a1, a2) and B, 2 is a1 and 4 is B. A value opened so is the open record
+  // until another one is. Going from index to index takes constant time, any other index its distance.
+
+  /// Appends an empty record and opens it. @throws Exception "RootKey not Open."
+  void AppendKey();
+  /// Closes the open record and opens the one with that index, if there is one.
+  void OpenKey(Integer Index);
+  void OpenFirstKey();
+  /// Open a record beside the open one; without such a record none is open. On purpose: they find none until
+  /// a file was loaded.
+  void OpenPrevKey();
+  void OpenNextKey();
+  void OpenLastKey();
+  void CloseKey();
+  bool FindKeyIndex(Integer Index, pQXTreeNode& Node) const;
+  /// Deletes the record (or value) with that index, if there is one. @throws Exception "RootKey not Open."
+  void DeleteKey(Integer Index);
+
+  // --- Values of the open record -------------------------------------------------
+
+  /// The text, or "" when there is no such value. @throws Exception "Item Key not open."
+  std::string GetValue(std::string_view Name) const;
+  /// Replaces the text, or adds the value at the end. @throws Exception "Item Key not open."
+  void SetValue(std::string_view Name, std::string_view Value);
+  /// Does nothing when no record is open or there is no such value.
+  void DeleteValue(std::string_view Name);
+  /// @throws Exception "ItemKey not opend"
+  bool FindField(std::string_view Name, pQXTreeNode& Node) const;
+
+  // --- All nodes -----------------------------------------------------------------
+
+  void EnumTreeNode(const TEnumTreeNodeProc& Proc) const { FTree.EnumAllTreeNode(Proc); }
+
+ private:
+  struct Lookup;
+
+  qxTreeList::pQXTreeNodeLink LinkOf(const TNodeKey& key) const;
+  pQXTreeNode AddPair(const TNodeKey& parentKey, std::string_view name, std::string_view value);
+  void FreePair(pQXTreeNode node);
+  void FreeOrKeepPair(pQXTreeNode node);
+  void KeepPair(pQXTreeNode node);
+  void DeleteNode(const TNodeKey& key);
+  void OpenItem(pQXTreeNode node);
+  bool FindsOpenItem() const;
+  void RequireSection() const;
+
+  qxTreeList::TQXTreeNodes FTree;
+  std::string FRootKeyName;
+  TNodeKey FRootKey;
+  TNodeKey FItemKey;
+  bool FRootOpened = false;
+  bool FItemOpened = false;
+  std::vector<pQXIniPair> FKept;  // pairs that deletes leave in memory, freed with the object
+  std::unique_ptr<Lookup> FLookup;
+};
+
+}  // namespace qxTools::qxIniTools

@@ -1,0 +1,269 @@
+#include <gtest/gtest.h>
+#include <qxTools/runtime/Ascii.h>
+#include <qxTools/stores/qxIniTools.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "support/MessageOf.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::qxIniTools;
+using namespace std::string_literals;
+using qxTools::test::BytesOf;
+using qxTools::test::MessageOf;
+using qxTools::test::TemporaryFolder;
+
+std::string Text(const char* text) { return text != nullptr ? text : "(null)"; }
+
+// Levels, and the pairs of the nodes that have one.
+std::string Dump(const TQXIniFile& file) {
+  std::string nodes;
+  file.EnumTreeNode([&](pQXTreeNode node) {
+    const auto* const pair = static_cast<const TQXIniPair*>(node->Data);
+    nodes += std::to_string(node->Level);
+    if (pair != nullptr) nodes += Text(pair->Name) + "=" + Text(pair->Value);
+    nodes += ' ';
+  });
+  return nodes;
+}
+
+std::string Saved(std::string_view text) {
+  TQXIniFile file;
+  file.SetText(text);
+  return file.GetText();
+}
+
+constexpr char kTwoRecords[] =
+    "Main:[%RootKey%]\r\n[%\r\n  Mode:fast\r\n  Port:1433\r\n%]\r\n[%\r\n  Mode:slow\r\n%]\r\n";
+
+TEST(qxIniTools, ALoadReadsEachKindOfLine) {
+  TQXIniFile file;
+  file.SetText(
+      "Name:text outside\n"
+      "\n"
+      " Main section \x01:[%rootkey%]\t\r"  // trimmed, and the mark in any case
+      "Lost:outside a record\r\n"
+      "  [% \r\n"
+      "Path:C:\\Data: \r\n"
+      "  // Note:a comment\r\n"
+      "no separator\r\n"
+      "Two: [%RootKey%]\r\n"  // the blank makes it a value
+      "A:B:[%RootKey%]\r\n"   // so does a second colon
+      " Mode : fast \r\n"     // only the line's ends are trimmed
+      ":no name\r\nNo text:\r\n"
+      "Second:[%RootKey%]\r\n"  // in an open record
+      "Late:goes to the record above\r\n"
+      "%]\r\n"
+      "Lost:again\r\n"
+      "MAIN SECTION:[%RootKey%]\r\n"  // the first section once more
+      "[%\r\n[%\r\n%]");
+  EXPECT_EQ(Dump(file),
+            "1RootKey=Main section 2 3Path=C:\\Data: 3Two= [%RootKey%] 3A=B:[%RootKey%] 3Mode = fast "
+            "3(null)=no name "
+            "3No text=(null) 3Late=goes to the record above 2 2 1RootKey=Second ");
+}
+
+TEST(qxIniTools, TheFileIsWrittenInItsForm) {
+  EXPECT_EQ(Saved(kTwoRecords), kTwoRecords);
+  EXPECT_EQ(Saved(""), "");
+  // An empty line stands only between a record and a section; what has no name or no text is left out.
+  EXPECT_EQ(Saved("A:[%RootKey%]\nB:[%RootKey%]\n[%\n:x\ny:\nz:1\n[%\nC:[%RootKey%]\n"),
+            "A:[%RootKey%]\r\nB:[%RootKey%]\r\n[%\r\n  z:1\r\n%]\r\n[%\r\n%]\r\n\r\nC:[%RootKey%]\r\n");
+}
+
+TEST(qxIniTools, FilesAreLoadedAndSavedWhole) {
+  const TemporaryFolder folder;
+  TQXIniFile file;
+  file.LoadFromFile(folder.Make("app.ini", kTwoRecords));
+  file.OpenFirstKey();
+  file.LoadFromFile(folder.File("missing"));
+  EXPECT_EQ(file.GetValue("pORT"), "1433");  // nothing has changed
+  EXPECT_THROW(file.LoadFromFile(folder.Path()), EFOpenError);
+  EXPECT_EQ(file.GetValue("Mode"), "fast");
+  file.SetValue("mode", "");
+  file.SaveToFile(folder.File("app.ini"));
+  EXPECT_EQ(BytesOf(folder.File("app.ini")),
+            "Main:[%RootKey%]\r\n[%\r\n  Port:1433\r\n%]\r\n[%\r\n  Mode:slow\r\n%]\r\n");
+}
+
+TEST(qxIniTools, ALoadThatFailsSaysWhereAndKeepsWhatItRead) {
+  TQXIniFile file;
+  try {
+    file.SetText("\nName:text\r\n[%\r\n");
+    ADD_FAILURE();
+  } catch (const EIniLoadError& e) {
+    EXPECT_STREQ(e.what(), "RootKey not Open.");
+    EXPECT_EQ(e.GetLine(), 3);
+  }
+  // A section that was open before counts as open, so the same text loads; the records have no section.
+  file.SetRootKey("Main");
+  file.SetText("[%\r\nA:1\r\n%]\r\nMain:[%RootKey%]\r\n");
+  EXPECT_EQ(Dump(file), "1 2A=1 1RootKey=Main ");
+  EXPECT_EQ(file.GetText(), "[%\r\n%]\r\n\r\nMain:[%RootKey%]\r\n");
+}
+
+TEST(qxIniTools, CallsThatNeedAnOpenSectionOrRecordSaySo) {
+  TQXIniFile file;
+  EXPECT_EQ(MessageOf([&] { file.AppendKey(); }), "RootKey not Open.");
+  EXPECT_EQ(MessageOf([&] { file.DeleteKey(1); }), "RootKey not Open.");
+  EXPECT_EQ(MessageOf([&] { file.ClearKeys(); }), "RootKey not Open.");
+  file.SetRootKey("Main");
+  pQXTreeNode node = nullptr;
+  EXPECT_EQ(MessageOf([&] { file.GetValue("A"); }), "Item Key not open.");
+  EXPECT_EQ(MessageOf([&] { file.SetValue("A", "1"); }), "Item Key not open.");
+  EXPECT_EQ(MessageOf([&] { file.FindField("A", node); }), "ItemKey not opend");
+  EXPECT_EQ(MessageOf([&] { file.DeleteRootKey("Other"); }), "RootKey not Find.");
+  file.DeleteValue("A");
+  file.OpenFirstKey();
+  EXPECT_EQ(Dump(file), "1RootKey=Main ");
+}
+
+TEST(qxIniTools, AnIndexCountsRecordsAndValuesTogether) {
+  TQXIniFile file;
+  file.SetText("S:[%RootKey%]\n[%\na1:1\na2:2\n%]\n[%\nb:3\n%]\n");
+  const auto open = [&](Integer index) {
+    file.OpenKey(index);
+    return MessageOf([&] { file.SetValue("at", std::to_string(index)); });
+  };
+  EXPECT_EQ(open(6), "Item Key not open.");
+  EXPECT_EQ(open(0), "Item Key not open.");
+  EXPECT_EQ(open(4), "(nothing thrown)");
+  EXPECT_EQ(open(2), "(nothing thrown)");  // the value a1, as if it were a record
+  EXPECT_EQ(Dump(file), "1RootKey=S 2 3a1=1 4at=2 3a2=2 2 3b=3 3at=4 ");
+  file.DeleteKey(2);
+  EXPECT_EQ(Dump(file), "1RootKey=S 2 3a2=2 2 3b=3 3at=4 ");
+}
+
+TEST(qxIniTools, RecordsAreWalkedOnceAFileWasLoaded) {
+  TQXIniFile file;
+  file.SetRootKey("S");
+  for (const char* value : {"1", "2", "3"}) {
+    file.AppendKey();
+    file.SetValue("n", value);
+  }
+  const auto at = [&](void (TQXIniFile::*move)()) {
+    (file.*move)();
+    std::string value;
+    return MessageOf([&] { value = file.GetValue("N"); }) == "(nothing thrown)" ? value : "closed";
+  };
+  EXPECT_EQ(at(&TQXIniFile::OpenFirstKey), "1");
+  EXPECT_EQ(at(&TQXIniFile::OpenNextKey), "closed");
+  file.ClearKeys();
+  EXPECT_EQ(at(&TQXIniFile::OpenFirstKey), "1");  // not even that
+  file.SetText(file.GetText());
+  EXPECT_EQ(at(&TQXIniFile::OpenFirstKey), "1");
+  EXPECT_EQ(at(&TQXIniFile::OpenNextKey), "2");
+  EXPECT_EQ(at(&TQXIniFile::OpenPrevKey), "1");
+  EXPECT_EQ(at(&TQXIniFile::OpenPrevKey), "closed");
+  EXPECT_EQ(at(&TQXIniFile::OpenLastKey), "closed");  // none is open to start from
+  file.OpenFirstKey();
+  EXPECT_EQ(at(&TQXIniFile::OpenLastKey), "3");
+  EXPECT_EQ(at(&TQXIniFile::OpenNextKey), "closed");
+  file.OpenFirstKey();
+  file.SetRootKey("s");
+  EXPECT_EQ(at(&TQXIniFile::OpenNextKey), "closed");
+  file.ClearKeys();
+  EXPECT_EQ(Dump(file), "1RootKey=s ");
+}
+
+TEST(qxIniTools, WhatWasDeletedStaysOpenAndTakesNothing) {
+  TQXIniFile file;
+  file.SetText("A:[%RootKey%]\n[%\nx:1\n%]\nB:[%RootKey%]\n[%\ny:2\n");
+  file.DeleteRootKey("b");
+  file.SetValue("y", "New");  // its record is gone: a section by the name of New
+  file.AppendKey();           // its section is gone: a record without one
+  file.SetValue("z", "4");
+  EXPECT_EQ(Dump(file), "1RootKey=A 2 3x=1 1y=New 1 2z=4 ");
+  EXPECT_EQ(file.GetText(), "A:[%RootKey%]\r\n[%\r\n  x:1\r\n%]\r\n\r\nNew:[%RootKey%]\r\n[%\r\n%]\r\n");
+  file.SetRootKey("NEW");
+  file.AppendKey();
+  EXPECT_EQ(Dump(file), "1RootKey=A 2 3x=1 1y=New 2 1 2z=4 ");
+  file.Clear();
+  EXPECT_EQ(Dump(file), "");
+  file.SetRootKey("");
+  EXPECT_EQ(file.GetText(), ":[%RootKey%]\r\n");
+}
+
+TEST(qxIniTools, TextsEndAtTheirFirstNul) {
+  TQXIniFile file;
+  file.SetRootKey("S\0x"s);
+  file.SetRootKey("S\0x"s);  // compared whole, so it is another one
+  file.DeleteRootKey("s");
+  file.AppendKey();
+  file.SetValue("name\0x"s, "\0text"s);
+  EXPECT_EQ(file.GetValue("NAME"), "");
+  EXPECT_EQ(file.GetText(), "S:[%RootKey%]\r\n[%\r\n  name:\r\n%]\r\n");  // present and empty
+  file.DeleteRootKey("S");
+  EXPECT_EQ(MessageOf([&] { file.DeleteRootKey("S"); }), "RootKey not Find.");
+}
+
+// Names and indexes by the definition: walks over what the enumeration shows.
+TEST(qxIniTools, FindingAgreesWithAWalk) {
+  std::mt19937 random(5);
+  const auto name = [&] {
+    return std::string{random() % 2 == 0 ? 'n' : 'N', static_cast<char>('A' + random() % 40)};
+  };
+  std::string text = "S:[%RootKey%]\n";
+  for (int i = 0; i < 200; ++i) text += (i % 70 == 0 ? "[%\n" : "") + name() + ":" + name() + "\n";
+  TQXIniFile file;
+  file.SetText(text);
+  TNodeKey open;
+  std::vector<pQXTreeNode> nodes;
+  for (int step = 0; step < 5000; ++step) {
+    nodes.clear();
+    file.EnumTreeNode([&](pQXTreeNode node) { nodes.push_back(node); });
+    const auto index = static_cast<Integer>(random() % nodes.size());  // the section itself is number 0
+    const pQXTreeNode numbered = index > 0 ? nodes[static_cast<std::size_t>(index)] : nullptr;
+    pQXTreeNode found = nullptr;
+    ASSERT_EQ(file.FindKeyIndex(index, found), index > 0);
+    ASSERT_EQ(found, numbered);
+
+    const std::string wanted = name();
+    if (open.Length() > 0) {
+      const auto first = std::find_if(nodes.begin(), nodes.end(), [&](pQXTreeNode node) {
+        const auto* const pair = static_cast<const TQXIniPair*>(node->Data);
+        return node->ParentKey == open && pair != nullptr && SameText(pair->Name, wanted);
+      });
+      found = nullptr;
+      ASSERT_EQ(file.FindField(wanted, found), first != nodes.end());
+      ASSERT_EQ(found, first != nodes.end() ? *first : nullptr);
+    }
+
+    if (random() % 16 == 0) {
+      file.OpenKey(index);
+      open = numbered != nullptr ? numbered->Key : TNodeKey();
+    } else if (random() % 16 == 0 && nodes.size() > 100) {
+      file.DeleteKey(index);
+      file.CloseKey();
+      open = {};
+    } else if (random() % 4 == 0) {
+      file.DeleteValue(wanted);
+    } else if (open.Length() > 0) {
+      file.SetValue(wanted, "new");
+      ASSERT_EQ(file.GetValue(wanted), "new");
+    }
+  }
+}
+
+TEST(qxIniTools, BadInputIsRead) {
+  const std::string many = "S:[%RootKey%]\n" + [] {
+    std::string marks;
+    for (int i = 0; i < 100000; ++i) marks += "[%\r";
+    return marks;
+  }();
+  TQXIniFile file;
+  file.SetText(many);
+  EXPECT_EQ(Saved(file.GetText()).size(), 15U + 8U * 100000U);
+  file.SetText(std::string(10000000, ':'));
+  EXPECT_EQ(file.GetText(), "");
+  file.SetText("\xA4\xA4\xA4:[%RootKey%]\r\r\n\n[%\n\xFE\0:\xA4\r%]"s);
+  EXPECT_EQ(file.GetText(), "\xA4\xA4\xA4:[%RootKey%]\r\n[%\r\n  \xFE:\xA4\r\n%]\r\n");
+}
+
+}  // namespace
