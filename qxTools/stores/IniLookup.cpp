@@ -4,17 +4,13 @@
 
 namespace qxTools::qxIniTools {
 
+using qxTreeList::IsInSubtree;
 using qxTreeList::Predecessor;
 using qxTreeList::Successor;
 
 namespace {
 
 constexpr Integer kShortRecord = 16;  // a walk over so few names is as quick
-
-bool IsAboveOrSame(pQXTreeNodeLink above, pQXTreeNodeLink link) {
-  while (link != nullptr && link != above) link = link->Parent;
-  return link != nullptr;
-}
 
 }  // namespace
 
@@ -23,40 +19,40 @@ bool IsAboveOrSame(pQXTreeNodeLink above, pQXTreeNodeLink link) {
 void FirstByName::Build(pQXTreeNodeLink parent) {
   FParent = nullptr;
   FShared = false;
-  FNodes.clear();
-  FNodes.reserve(static_cast<std::size_t>(parent->Count));
-  for (pQXTreeNodeLink link = parent->FirstChild; link != nullptr; link = link->Next) Put(link->Node);
+  FLinks.clear();
+  FLinks.reserve(static_cast<std::size_t>(parent->Count));
+  for (pQXTreeNodeLink link = parent->FirstChild; link != nullptr; link = link->Next) Put(link);
   FParent = parent;
 }
 
-pQXTreeNode FirstByName::Find(std::string_view name) const {
-  const auto found = FNodes.find(name);
-  return found != FNodes.end() ? found->second : nullptr;
+pQXTreeNodeLink FirstByName::Find(std::string_view name) const {
+  const auto found = FLinks.find(name);
+  return found != FLinks.end() ? found->second : nullptr;
 }
 
-pQXTreeNode FirstByName::Walk(pQXTreeNodeLink parent, std::string_view name) const {
-  for (pQXTreeNodeLink link = parent->FirstChild; link != nullptr; link = link->Next)
-    if (PairOf(link->Node) != nullptr && SameText(NameOf(link->Node), name)) return link->Node;
-  return nullptr;
+pQXTreeNodeLink FirstByName::Walk(pQXTreeNodeLink parent, std::string_view name) const {
+  pQXTreeNodeLink link = parent->FirstChild;
+  while (link != nullptr && !(PairOf(link) != nullptr && SameText(NameOf(link), name))) link = link->Next;
+  return link;
 }
 
-void FirstByName::Append(pQXTreeNode node) {
+void FirstByName::Append(pQXTreeNodeLink link) {
   try {
-    Put(node);
+    Put(link);
   } catch (const std::bad_alloc&) {
-    Drop();  // the node is there, the index is only an aid
+    Drop();  // the link is there, the index is only an aid
   }
 }
 
-void FirstByName::Put(pQXTreeNode node) {
-  if (PairOf(node) != nullptr && !FNodes.emplace(NameOf(node), node).second) FShared = true;
+void FirstByName::Put(pQXTreeNodeLink link) {
+  if (PairOf(link) != nullptr && !FLinks.emplace(NameOf(link), link).second) FShared = true;
 }
 
-void FirstByName::Remove(pQXTreeNode node) {
-  if (FParent == nullptr || PairOf(node) == nullptr) return;
-  const auto found = FNodes.find(NameOf(node));
-  if (found == FNodes.end() || found->second != node) return;
-  FNodes.erase(found);
+void FirstByName::Remove(pQXTreeNodeLink link) {
+  if (FParent == nullptr || PairOf(link) == nullptr) return;
+  const auto found = FLinks.find(NameOf(link));
+  if (found == FLinks.end() || found->second != link) return;
+  FLinks.erase(found);
   if (FShared) Drop();
 }
 
@@ -95,7 +91,7 @@ void NumberedNodes::Deleting(pQXTreeNodeLink link) {
 // --- Both --------------------------------------------------------------------
 
 // An index is built for a long record that is searched twice in a row.
-pQXTreeNode TQXIniFile::Lookup::FindField(pQXTreeNodeLink record, std::string_view name) {
+pQXTreeNodeLink TQXIniFile::Lookup::FindField(pQXTreeNodeLink record, std::string_view name) {
   const bool again = record == walked;
   walked = record;
   if (record->Count <= kShortRecord || (!again && fields.GetParent() != record))
@@ -104,16 +100,16 @@ pQXTreeNode TQXIniFile::Lookup::FindField(pQXTreeNodeLink record, std::string_vi
   return fields.Find(name);
 }
 
-void TQXIniFile::Lookup::Added(pQXTreeNode node, pQXTreeNodeLink parent) {
-  if (parent == sections.GetParent()) sections.Append(node);
-  if (parent == fields.GetParent()) fields.Append(node);
-  numbers.Added(parent);
+void TQXIniFile::Lookup::Added(pQXTreeNodeLink link) {
+  if (link->Parent == sections.GetParent()) sections.Append(link);
+  if (link->Parent == fields.GetParent()) fields.Append(link);
+  numbers.Added(link->Parent);
 }
 
 void TQXIniFile::Lookup::Deleting(pQXTreeNodeLink link) {
-  sections.Remove(link->Node);
-  fields.Remove(link->Node);
-  if (fields.GetParent() != nullptr && IsAboveOrSame(link, fields.GetParent())) fields.Drop();
+  sections.Remove(link);
+  fields.Remove(link);
+  if (fields.GetParent() != nullptr && IsInSubtree(fields.GetParent(), link)) fields.Drop();
   numbers.Deleting(link);
 }
 

@@ -11,14 +11,13 @@
 
 namespace qxTools::qxIniTools {
 
-using qxTreeList::pQXTreeNodeLink;
-
 inline pQXIniPair PairOf(pQXTreeNode node) { return static_cast<pQXIniPair>(node->Data); }
+inline pQXIniPair PairOf(pQXTreeNodeLink link) { return PairOf(link->Node); }
 
 /// A text of a pair.
 inline std::string_view View(const char* text) { return text != nullptr ? text : std::string_view(); }
 
-/// The first node of each name among the children of one parent. Children without a pair have no name.
+/// The first of each name among the children of one parent. Children without a pair have no name.
 class FirstByName {
  public:
   /// @param name says which text of a pair is the name.
@@ -30,23 +29,23 @@ class FirstByName {
   pQXTreeNodeLink GetParent() const { return FParent; }
 
   /// The first child of that name, or null.
-  pQXTreeNode Find(std::string_view name) const;
+  pQXTreeNodeLink Find(std::string_view name) const;
   /// The same by a walk over the children of `parent`.
-  pQXTreeNode Walk(pQXTreeNodeLink parent, std::string_view name) const;
+  pQXTreeNodeLink Walk(pQXTreeNodeLink parent, std::string_view name) const;
 
   /// Takes in a new last child.
-  void Append(pQXTreeNode node);
-  /// Before a node, which need not be a child, or its pair goes.
-  void Remove(pQXTreeNode node);
+  void Append(pQXTreeNodeLink link);
+  /// Before a link, which need not be a child, or its pair goes.
+  void Remove(pQXTreeNodeLink link);
 
  private:
-  void Put(pQXTreeNode node);
-  std::string_view NameOf(pQXTreeNode node) const { return View(PairOf(node)->*FName); }
+  void Put(pQXTreeNodeLink link);
+  std::string_view NameOf(pQXTreeNodeLink link) const { return View(PairOf(link)->*FName); }
 
   char* TQXIniPair::*FName;
   pQXTreeNodeLink FParent = nullptr;
   bool FShared = false;  // a name was met twice: when the first goes, the next is not known
-  std::unordered_map<std::string_view, pQXTreeNode, stores::CaselessHash, stores::CaselessEqual> FNodes;
+  std::unordered_map<std::string_view, pQXTreeNodeLink, stores::CaselessHash, stores::CaselessEqual> FLinks;
 };
 
 /// The nodes of a section by their number in tree order. The last place is remembered, and the next search
@@ -73,9 +72,9 @@ struct TQXIniFile::Lookup {
   pQXTreeNodeLink walked = nullptr;  // the record searched last; only compared
   NumberedNodes numbers;
 
-  pQXTreeNode FindField(pQXTreeNodeLink record, std::string_view name);
-  /// After `node` was added as last child of `parent`.
-  void Added(pQXTreeNode node, pQXTreeNodeLink parent);
+  pQXTreeNodeLink FindField(pQXTreeNodeLink record, std::string_view name);
+  /// After `link` was added as a last child.
+  void Added(pQXTreeNodeLink link);
   /// Before `link` goes with what is below it.
   void Deleting(pQXTreeNodeLink link);
   void Clear();

@@ -32,4 +32,10 @@ inline pQXTreeNodeLink Predecessor(pQXTreeNodeLink link) {
   return link;
 }
 
+/// Whether `link` is `top` or below it.
+inline bool IsInSubtree(pQXTreeNodeLink link, pQXTreeNodeLink top) {
+  for (Integer n = link->Node->Level - top->Node->Level; n > 0; --n) link = link->Parent;
+  return link == top;
+}
+
 }  // namespace qxTools::qxTreeList

@@ -9,6 +9,8 @@
 namespace qxTools::qxIniTools {
 
 using QXMemTools::MemFree;
+using qxTreeList::IsInSubtree;
+using qxTreeList::LastChildOf;
 using stores::MakeRecord;
 using stores::Record;
 
@@ -31,6 +33,12 @@ void FreeBlocks(pQXIniPair pair) {
   MemFree(pair);
 }
 
+// Sets `node` to that of `link` when there is one.
+bool Give(pQXTreeNodeLink link, pQXTreeNode& node) {
+  if (link != nullptr) node = link->Node;
+  return link != nullptr;
+}
+
 }  // namespace
 
 EIniLoadError::~EIniLoadError() = default;
@@ -44,23 +52,21 @@ TQXIniFile::~TQXIniFile() {
 
 // --- Nodes and pairs ---------------------------------------------------------
 
-pQXTreeNodeLink TQXIniFile::LinkOf(const TNodeKey& key) const {
-  pQXTreeNodeLink link = nullptr;
-  FTree.FindNodeLink(key, link);
-  return link;
+pQXTreeNodeLink TQXIniFile::OrRoot(pQXTreeNodeLink link) const {
+  return link != nullptr ? link : FTree.GetRootLink();
 }
 
-pQXTreeNode TQXIniFile::AddPair(const TNodeKey& parentKey, std::string_view name, std::string_view value) {
+pQXTreeNodeLink TQXIniFile::AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value) {
   Record pair(MakeRecord(sizeof(TQXIniPair)));
   Record nameCopy = CopyOf(name);
   Record valueCopy = CopyOf(value);
-  const pQXTreeNode node = FTree.Add(parentKey);
+  const pQXTreeNodeLink link = FTree.AddLink(parent);
   auto* const made = new (pair.release()) TQXIniPair();
   made->Name = static_cast<char*>(nameCopy.release());
   made->Value = static_cast<char*>(valueCopy.release());
-  node->Data = made;
-  FLookup->Added(node, LinkOf(node->ParentKey));
-  return node;
+  link->Node->Data = made;
+  FLookup->Added(link);
+  return link;
 }
 
 void TQXIniFile::FreePair(pQXTreeNode node) {
@@ -82,152 +88,140 @@ void TQXIniFile::FreeOrKeepPair(pQXTreeNode node) {
 }
 
 // On purpose: the pair of the node itself stays in memory, those below it go.
-void TQXIniFile::DeleteNode(const TNodeKey& key) {
-  const pQXTreeNodeLink link = LinkOf(key);
+void TQXIniFile::DeleteBranch(pQXTreeNodeLink link) {
   FLookup->Deleting(link);
+  for (pQXTreeNodeLink* const opened : {&FSection, &FRecord})
+    if (*opened != nullptr && IsInSubtree(*opened, link)) *opened = nullptr;
   FTree.EnumTreeNodeLink(link, true, [this](pQXTreeNode node) { FreeOrKeepPair(node); });
   KeepPair(link->Node);
-  FTree.Delete(link->Node->Key);
+  FTree.DeleteLink(link);
 }
 
 void TQXIniFile::Clear() {
   FLookup->Clear();
+  FSection = FRecord = nullptr;
   FTree.EnumAllTreeNode([this](pQXTreeNode node) { FreeOrKeepPair(node); });
   FTree.Clear();
 }
 
 // --- Sections ----------------------------------------------------------------
 
-bool TQXIniFile::FindRootKey(std::string_view Name, pQXTreeNode& Node) const {
+pQXTreeNodeLink TQXIniFile::FindSection(std::string_view name) const {
   FirstByName& sections = FLookup->sections;
-  if (sections.GetParent() == nullptr) sections.Build(LinkOf(FTree.GetRootNode()->Key));
-  const pQXTreeNode found = sections.Find(Name);
-  if (found != nullptr) Node = found;
-  return found != nullptr;
+  if (sections.GetParent() == nullptr) sections.Build(FTree.GetRootLink());
+  return sections.Find(name);
+}
+
+bool TQXIniFile::FindRootKey(std::string_view Name, pQXTreeNode& Node) const {
+  return Give(FindSection(Name), Node);
 }
 
 void TQXIniFile::SetRootKey(std::string_view Name) {
   FRootKeyName = Name;
-  pQXTreeNode node = nullptr;
-  if (!FindRootKey(Name, node)) node = AddPair(FTree.GetRootNode()->Key, "RootKey", Name);
-  FRootKey = node->Key;
+  const pQXTreeNodeLink found = FindSection(Name);
+  FSection = found != nullptr ? found : AddPair(FTree.GetRootLink(), "RootKey", Name);
   FRootOpened = true;
   FItemOpened = false;
 }
 
 void TQXIniFile::DeleteRootKey(std::string_view Name) {
-  pQXTreeNode node = nullptr;
-  if (!FindRootKey(Name, node)) throw Exception("RootKey not Find.");
-  DeleteNode(node->Key);
+  const pQXTreeNodeLink section = FindSection(Name);
+  if (section == nullptr) throw Exception("RootKey not Find.");
+  DeleteBranch(section);
 }
 
 void TQXIniFile::ClearKeys() {
   RequireSection();
-  pQXTreeNode node = nullptr;
-  if (!FTree.FindNode(FRootKey, node)) return;
-  DeleteNode(FRootKey);
+  if (!FLoaded || FSection == nullptr) return;
+  DeleteBranch(FSection);
   SetRootKey(std::string(FRootKeyName));
-}
-
-// --- Records -----------------------------------------------------------------
-
-void TQXIniFile::AppendKey() {
-  RequireSection();
-  OpenItem(FTree.Add(FRootKey));
-}
-
-void TQXIniFile::CloseKey() { OpenItem(nullptr); }
-
-void TQXIniFile::OpenItem(pQXTreeNode node) {
-  FItemKey = node != nullptr ? node->Key : TNodeKey();
-  FItemOpened = node != nullptr;
-}
-
-void TQXIniFile::OpenKey(Integer Index) {
-  pQXTreeNode node = nullptr;
-  FindKeyIndex(Index, node);
-  OpenItem(node);
-}
-
-void TQXIniFile::OpenFirstKey() {
-  pQXTreeNode node = nullptr;
-  if (FRootOpened) FTree.FindSubNode(FRootKey, node);
-  OpenItem(node);
-}
-
-void TQXIniFile::OpenPrevKey() {
-  pQXTreeNode node = nullptr;
-  if (FindsOpenItem()) FTree.FindPrevNode(FItemKey, node);
-  OpenItem(node);
-}
-
-void TQXIniFile::OpenNextKey() {
-  pQXTreeNode node = nullptr;
-  if (FindsOpenItem()) FTree.FindNextNode(FItemKey, node);
-  OpenItem(node);
-}
-
-void TQXIniFile::OpenLastKey() {
-  pQXTreeNode node = nullptr;
-  if (FindsOpenItem()) FTree.FindLastNode(FItemKey, node);
-  OpenItem(node);
-}
-
-bool TQXIniFile::FindsOpenItem() const {
-  return FRootOpened && FItemOpened && FTree.GetItem(FItemKey) != nullptr;
-}
-
-bool TQXIniFile::FindKeyIndex(Integer Index, pQXTreeNode& Node) const {
-  const pQXTreeNodeLink section = FRootOpened ? LinkOf(FRootKey) : nullptr;
-  const pQXTreeNodeLink found = section != nullptr ? FLookup->numbers.Find(section, Index) : nullptr;
-  if (found != nullptr) Node = found->Node;
-  return found != nullptr;
-}
-
-void TQXIniFile::DeleteKey(Integer Index) {
-  RequireSection();
-  pQXTreeNode node = nullptr;
-  if (FindKeyIndex(Index, node)) DeleteNode(node->Key);
 }
 
 void TQXIniFile::RequireSection() const {
   if (!FRootOpened) throw Exception(kSectionNotOpen);
 }
 
+// --- Records -----------------------------------------------------------------
+
+void TQXIniFile::AppendKey() {
+  RequireSection();
+  OpenRecord(FTree.AddLink(OrRoot(FSection)));
+}
+
+void TQXIniFile::CloseKey() { OpenRecord(nullptr); }
+
+void TQXIniFile::OpenRecord(pQXTreeNodeLink link) {
+  FRecord = link;
+  FItemOpened = link != nullptr;
+}
+
+void TQXIniFile::OpenKey(Integer Index) { OpenRecord(FindNumber(Index)); }
+
+void TQXIniFile::OpenFirstKey() {
+  OpenRecord(FRootOpened && FSection != nullptr ? FSection->FirstChild : nullptr);
+}
+
+void TQXIniFile::OpenPrevKey() { OpenRecord(CanMove() ? FRecord->Prior : nullptr); }
+
+void TQXIniFile::OpenNextKey() { OpenRecord(CanMove() ? FRecord->Next : nullptr); }
+
+void TQXIniFile::OpenLastKey() { OpenRecord(CanMove() ? LastChildOf(FRecord->Parent) : nullptr); }
+
+bool TQXIniFile::CanMove() const { return FLoaded && FRootOpened && FItemOpened && FRecord != nullptr; }
+
+pQXTreeNodeLink TQXIniFile::FindNumber(Integer index) const {
+  return FRootOpened && FSection != nullptr ? FLookup->numbers.Find(FSection, index) : nullptr;
+}
+
+bool TQXIniFile::FindKeyIndex(Integer Index, pQXTreeNode& Node) const {
+  return Give(FindNumber(Index), Node);
+}
+
+void TQXIniFile::DeleteKey(Integer Index) {
+  RequireSection();
+  const pQXTreeNodeLink link = FindNumber(Index);
+  if (link != nullptr) DeleteBranch(link);
+}
+
 // --- Values ------------------------------------------------------------------
+
+pQXTreeNodeLink TQXIniFile::FindValue(std::string_view name) const {
+  return FRecord != nullptr ? FLookup->FindField(FRecord, name) : nullptr;
+}
 
 bool TQXIniFile::FindField(std::string_view Name, pQXTreeNode& Node) const {
   if (!FItemOpened) throw Exception("ItemKey not opend");
-  const pQXTreeNodeLink record = LinkOf(FItemKey);
-  const pQXTreeNode found = record != nullptr ? FLookup->FindField(record, Name) : nullptr;
-  if (found != nullptr) Node = found;
-  return found != nullptr;
+  return Give(FindValue(Name), Node);
 }
 
 std::string TQXIniFile::GetValue(std::string_view Name) const {
-  if (!FItemOpened) throw Exception(kRecordNotOpen);
-  pQXTreeNode node = nullptr;
-  return FindField(Name, node) ? std::string(View(PairOf(node)->Value)) : std::string();
+  RequireRecord();
+  const pQXTreeNodeLink found = FindValue(Name);
+  return found != nullptr ? std::string(View(PairOf(found)->Value)) : std::string();
 }
 
 void TQXIniFile::SetValue(std::string_view Name, std::string_view Value) {
-  if (!FItemOpened) throw Exception(kRecordNotOpen);
-  pQXTreeNode node = nullptr;
-  if (!FindField(Name, node)) {
-    AddPair(FItemKey, Name, Value);
+  RequireRecord();
+  const pQXTreeNodeLink found = FindValue(Name);
+  if (found == nullptr) {
+    AddPair(OrRoot(FRecord), Name, Value);
     return;
   }
   Record copy = CopyOf(Value);
-  MemFree(PairOf(node)->Value);
-  PairOf(node)->Value = static_cast<char*>(copy.release());
+  MemFree(PairOf(found)->Value);
+  PairOf(found)->Value = static_cast<char*>(copy.release());
 }
 
 void TQXIniFile::DeleteValue(std::string_view Name) {
-  pQXTreeNode node = nullptr;
-  if (!FItemOpened || !FindField(Name, node)) return;
-  FLookup->fields.Remove(node);
-  FreePair(node);
-  DeleteNode(node->Key);
+  const pQXTreeNodeLink found = FItemOpened ? FindValue(Name) : nullptr;
+  if (found == nullptr) return;
+  FLookup->fields.Remove(found);
+  FreePair(found->Node);
+  DeleteBranch(found);
+}
+
+void TQXIniFile::RequireRecord() const {
+  if (!FItemOpened) throw Exception(kRecordNotOpen);
 }
 
 // --- Whole files -------------------------------------------------------------
@@ -240,7 +234,7 @@ void TQXIniFile::SaveToFile(const std::string& FileName) const { SaveWholeFile(F
 
 void TQXIniFile::SetText(std::string_view Text) {
   Clear();
-  FTree.OpenRootNode();
+  FLoaded = true;
   bool inRecord = false;
   Integer number = 0;
   ForEachLine(Text, [&](std::string_view line) {
@@ -261,7 +255,7 @@ void TQXIniFile::SetText(std::string_view Text) {
         break;
       case IniLineKind::Value:
         // On purpose: after a section line inside an open record, values still go to that record.
-        if (inRecord) AddPair(FItemKey, parts.name, parts.text);
+        if (inRecord) AddPair(FRecord, parts.name, parts.text);
         break;
       case IniLineKind::Blank:
       case IniLineKind::Other:

@@ -29,8 +29,8 @@
 namespace qxTools::qxIniTools {
 
 using qxTreeList::pQXTreeNode;
+using qxTreeList::pQXTreeNodeLink;
 using qxTreeList::TEnumTreeNodeProc;
-using qxTreeList::TNodeKey;
 
 /// The data of a section's node ("RootKey" and the section's name) or of a value's. Both end with NUL and are
 /// null when empty. Callers read it and never write.
@@ -130,22 +130,27 @@ class QXTOOLS_API TQXIniFile : public TObject {
  private:
   struct Lookup;
 
-  qxTreeList::pQXTreeNodeLink LinkOf(const TNodeKey& key) const;
-  pQXTreeNode AddPair(const TNodeKey& parentKey, std::string_view name, std::string_view value);
+  pQXTreeNodeLink FindSection(std::string_view name) const;
+  pQXTreeNodeLink FindNumber(Integer index) const;
+  pQXTreeNodeLink FindValue(std::string_view name) const;
+  void RequireSection() const;
+  void RequireRecord() const;
+  pQXTreeNodeLink AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value);
   void FreePair(pQXTreeNode node);
   void FreeOrKeepPair(pQXTreeNode node);
   void KeepPair(pQXTreeNode node);
-  void DeleteNode(const TNodeKey& key);
-  void OpenItem(pQXTreeNode node);
-  bool FindsOpenItem() const;
-  void RequireSection() const;
+  void DeleteBranch(pQXTreeNodeLink link);
+  pQXTreeNodeLink OrRoot(pQXTreeNodeLink link) const;
+  bool CanMove() const;
+  void OpenRecord(pQXTreeNodeLink link);
 
   qxTreeList::TQXTreeNodes FTree;
   std::string FRootKeyName;
-  TNodeKey FRootKey;
-  TNodeKey FItemKey;
   bool FRootOpened = false;
   bool FItemOpened = false;
+  bool FLoaded = false;
+  pQXTreeNodeLink FSection = nullptr;  // the opened ones, null once they are deleted
+  pQXTreeNodeLink FRecord = nullptr;
   std::vector<pQXIniPair> FKept;  // pairs that deletes leave in memory, freed with the object
   std::unique_ptr<Lookup> FLookup;
 };

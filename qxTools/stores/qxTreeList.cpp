@@ -25,13 +25,18 @@ TNodeKey FreshKey() {
   return QXUniKey::UniKeyBytes(key) ? TNodeKey(std::string_view(key.data(), key.size())) : TNodeKey();
 }
 
-pQXTreeNodeLink MakeRecords(Integer dataSize, const TNodeKey& parentKey, const TNodeKey& key, Integer level) {
-  Record link(MakeRecord(sizeof(LinkWithLastChild)));
-  Record node(MakeRecord(sizeof(TQXTreeNode)));
+// A store's link and its node lie in one block.
+struct Entry {
+  LinkWithLastChild link;
+  TQXTreeNode node;
+};
+
+pQXTreeNodeLink MakeEntry(Integer dataSize, const TNodeKey& parentKey, const TNodeKey& key, Integer level) {
+  Record block(MakeRecord(sizeof(Entry)));
   void* const data = dataSize > 0 ? MakeRecord(static_cast<std::size_t>(dataSize)) : nullptr;
-  auto* const made = new (link.release()) LinkWithLastChild();
-  made->Node = new (node.release()) TQXTreeNode{parentKey, key, data, level};
-  return made;
+  auto* const entry = new (block.release()) Entry{{}, {parentKey, key, data, level}};
+  entry->link.Node = &entry->node;
+  return &entry->link;
 }
 
 // The first node with that key in the subtree of `top`.
@@ -39,11 +44,6 @@ pQXTreeNodeLink Walk(const TNodeKey& key, pQXTreeNodeLink top) {
   pQXTreeNodeLink link = top;
   while (link != nullptr && !(link->Node->Key == key)) link = Successor(link, top, true);
   return link;
-}
-
-bool IsInSubtree(pQXTreeNodeLink link, pQXTreeNodeLink top) {
-  for (Integer n = link->Node->Level - top->Node->Level; n > 0; --n) link = link->Parent;
-  return link == top;
 }
 
 bool HasChildren(pQXTreeNodeLink link) { return link->FirstChild != nullptr && link->Count != 0; }
@@ -76,7 +76,13 @@ std::size_t BlockSize(Integer size) { return static_cast<std::uint32_t>(size) + 
 
 void NewTreeNode(pQXTreeNodeLink& Link) { NewTreeNode(0, Link); }
 
-void NewTreeNode(Integer DataSize, pQXTreeNodeLink& Link) { Link = MakeRecords(DataSize, {}, FreshKey(), 0); }
+void NewTreeNode(Integer DataSize, pQXTreeNodeLink& Link) {
+  Record link(MakeRecord(sizeof(LinkWithLastChild)));
+  Record node(MakeRecord(sizeof(TQXTreeNode)));
+  void* const data = DataSize > 0 ? MakeRecord(static_cast<std::size_t>(DataSize)) : nullptr;
+  Link = new (link.release()) LinkWithLastChild();
+  Link->Node = new (node.release()) TQXTreeNode{{}, FreshKey(), data, 0};
+}
 
 void FreeTreeNode(pQXTreeNodeLink Link) { FreeTreeNode(0, Link); }
 
@@ -108,22 +114,25 @@ void vFreeMem(void* P) {
 
 // --- The store: making and freeing -------------------------------------------
 
-TQXTreeNodes::TQXTreeNodes(Integer ADataSize) : FDataSize(ADataSize), FIndex(std::make_unique<KeyIndex>()) {
+TQXTreeNodes::TQXTreeNodes(Integer ADataSize) : FDataSize(ADataSize) {
   FreshKey();  // on purpose: the root draws a key like every node, and drops it
-  FRoot = MakeLink({}, kRootKey, 0);
+  FRoot = MakeEntry(ADataSize, {}, kRootKey, 0);
 }
 
 TQXTreeNodes::~TQXTreeNodes() {
   Clear();
-  FreeTreeNode(FDataSize, FRoot);
+  if (FDataSize > 0) MemFree(FRoot->Node->Data);
+  MemFree(FRoot);
 }
 
-pQXTreeNodeLink TQXTreeNodes::MakeLink(const TNodeKey& parentKey, const TNodeKey& key, Integer level) {
-  const pQXTreeNodeLink link = MakeRecords(FDataSize, parentKey, key, level);
+pQXTreeNodeLink TQXTreeNodes::MakeLink(pQXTreeNodeLink parent) {
+  const TQXTreeNode& node = *parent->Node;
+  const pQXTreeNodeLink link = MakeEntry(FDataSize, node.Key, FreshKey(), node.Level + 1);
   try {
-    FIndex->Insert(link);
+    if (FIndex != nullptr) FIndex->Insert(link);
   } catch (...) {
-    FreeTreeNode(FDataSize, link);
+    if (FDataSize > 0) MemFree(link->Node->Data);
+    MemFree(link);
     throw;
   }
   return link;
@@ -132,8 +141,8 @@ pQXTreeNodeLink TQXTreeNodes::MakeLink(const TNodeKey& parentKey, const TNodeKey
 // On purpose: the data block stays, it is the caller's.
 void TQXTreeNodes::FreeLink(pQXTreeNodeLink link) {
   if (link == FCurrent) FCurrent = nullptr;
-  FIndex->Erase(link);
-  FreeTreeNode(link);
+  if (FIndex != nullptr) FIndex->Erase(link);
+  MemFree(link);
 }
 
 // Children first, down to a leaf and back by the parents.
@@ -176,20 +185,26 @@ pQXTreeNode TQXTreeNodes::Add() {
 }
 
 pQXTreeNode TQXTreeNodes::Add(const TNodeKey& ParentKey) {
-  const pQXTreeNodeLink found = Find(ParentKey);
-  const pQXTreeNodeLink parent = found != nullptr ? found : FRoot;
-  const pQXTreeNodeLink link = MakeLink(parent->Node->Key, FreshKey(), parent->Node->Level + 1);
-  Append(parent, link);
-  return link->Node;
+  const pQXTreeNodeLink parent = Find(ParentKey);
+  return AddLink(parent != nullptr ? parent : FRoot)->Node;
+}
+
+pQXTreeNodeLink TQXTreeNodes::AddLink(pQXTreeNodeLink Parent) {
+  const pQXTreeNodeLink link = MakeLink(Parent);
+  Append(Parent, link);
+  return link;
 }
 
 void TQXTreeNodes::Delete(const TNodeKey& Key) {
   const pQXTreeNodeLink link = Find(Key);
-  if (link == nullptr) return;
-  FreeBelow(link);
-  if (link == FRoot) return;
-  Unlink(link);
-  FreeLink(link);
+  if (link != nullptr) DeleteLink(link);
+}
+
+void TQXTreeNodes::DeleteLink(pQXTreeNodeLink Link) {
+  FreeBelow(Link);
+  if (Link == FRoot) return;
+  Unlink(Link);
+  FreeLink(Link);
 }
 
 void TQXTreeNodes::Delete(pQXTreeNode Node) {
@@ -198,18 +213,30 @@ void TQXTreeNodes::Delete(pQXTreeNode Node) {
 
 void TQXTreeNodes::Delete(const TNodeKey&, Integer) {}
 
-void TQXTreeNodes::Clear() { FreeBelow(FRoot); }
+void TQXTreeNodes::Clear() {
+  FIndex.reset();
+  FreeBelow(FRoot);
+}
 
 // --- The store: finding ------------------------------------------------------
 
+KeyIndex& TQXTreeNodes::Index() const {
+  if (FIndex != nullptr) return *FIndex;
+  auto index = std::make_unique<KeyIndex>();
+  for (pQXTreeNodeLink link = FRoot; link != nullptr; link = Successor(link, FRoot, true))
+    index->Insert(link);
+  FIndex = std::move(index);
+  return *FIndex;
+}
+
 pQXTreeNodeLink TQXTreeNodes::Find(const TNodeKey& key) const {
-  return FIndex->IsShared(key) ? Walk(key, FRoot) : FIndex->Find(key);
+  return Index().IsShared(key) ? Walk(key, FRoot) : Index().Find(key);
 }
 
 // `start` is a link of this store.
 pQXTreeNodeLink TQXTreeNodes::FindFrom(const TNodeKey& key, pQXTreeNodeLink start) const {
-  if (FIndex->IsShared(key)) return Walk(key, start);
-  const pQXTreeNodeLink link = FIndex->Find(key);
+  if (Index().IsShared(key)) return Walk(key, start);
+  const pQXTreeNodeLink link = Index().Find(key);
   return link != nullptr && (start == FRoot || IsInSubtree(link, start)) ? link : nullptr;
 }
 

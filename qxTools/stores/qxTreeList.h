@@ -123,6 +123,12 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
   /// Deletes all nodes but the root.
   void Clear();
 
+  // By link, for a caller that has one of this store at hand: the same without a search.
+
+  pQXTreeNodeLink GetRootLink() const { return FRoot; }
+  pQXTreeNodeLink AddLink(pQXTreeNodeLink Parent);
+  void DeleteLink(pQXTreeNodeLink Link);
+
   // Finding in the opened node's subtree, the opened node included.
 
   /// Without success, also when nothing is opened, `Node` is null.
@@ -165,9 +171,10 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
   pQXTreeNode GetRootNode() const { return FRoot->Node; }
 
  private:
-  pQXTreeNodeLink MakeLink(const TNodeKey& parentKey, const TNodeKey& key, Integer level);
+  pQXTreeNodeLink MakeLink(pQXTreeNodeLink parent);
   void FreeLink(pQXTreeNodeLink link);
   void FreeBelow(pQXTreeNodeLink top);
+  KeyIndex& Index() const;
   pQXTreeNodeLink Find(const TNodeKey& key) const;
   pQXTreeNodeLink FindFrom(const TNodeKey& key, pQXTreeNodeLink start) const;
 
@@ -175,7 +182,7 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
   pQXTreeNodeLink FCurrent = nullptr;
   bool FOpened = false;
   Integer FDataSize = 0;
-  std::unique_ptr<KeyIndex> FIndex;
+  mutable std::unique_ptr<KeyIndex> FIndex;  // made by the first search for a key
 };
 
 }  // namespace qxTools::qxTreeList

@@ -15,6 +15,7 @@ namespace {
 using namespace qxTools;
 using namespace qxTools::qxIniTools;
 using namespace std::string_literals;
+using qxTools::qxTreeList::TNodeKey;
 using qxTools::test::BytesOf;
 using qxTools::test::MessageOf;
 using qxTools::test::TemporaryFolder;
