@@ -30,6 +30,7 @@ constinit auto units = std::to_array<Unit>({
     {"CVCode"},
     {"QXArrayTools"},
     {"QXStrTools"},
+    {"qxDrawTools"},
     {"QXMemTools"},
     {"QXMemBank"},
     {"QXSqlDefine"},
@@ -41,6 +42,7 @@ constinit auto units = std::to_array<Unit>({
     {"qxOleVariant"},
     {"qxSqlStoreProc", qxSqlStoreProc::FillGlobals, qxSqlStoreProc::ReleaseGlobals},
     {"qxTreeList"},
+    {"qxIniTools"},
 });
 // clang-format on
 
