@@ -9,5 +9,6 @@ void AddCallCommand(CLI::App& app);
 void AddCommandCommand(CLI::App& app);
 void AddStoreCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);
+void AddFrameCommand(CLI::App& app);
 
 }  // namespace qxtool

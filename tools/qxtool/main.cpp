@@ -30,6 +30,7 @@ void AddCommands(CLI::App& app) {
   qxtool::AddCommandCommand(app);
   qxtool::AddStoreCommand(app);
   qxtool::AddConvertCommand(app);
+  qxtool::AddFrameCommand(app);
 }
 
 int Fail(const char* message) {

@@ -1,0 +1,141 @@
+// qxtool frame: what a frame file holds, how it looks, and its pieces from and to bitmap files.
+#include <qxTools/graphics/qxDrawTools.h>
+#include <qxTools/runtime/Exceptions.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "Commands.h"
+#include "Edge.h"
+#include "TextTable.h"
+
+namespace qxtool {
+
+namespace {
+
+using namespace qxTools;
+using qxDrawTools::TFrameBitmaps;
+
+constexpr const char* kPieceNames[] = {"top-left", "left",      "bottom-left", "top",         "centre",
+                                       "bottom",   "top-right", "right",       "bottom-right"};
+static_assert(std::size(kPieceNames) == std::tuple_size_v<TFrameBitmaps>, "one name a piece");
+
+struct Options {
+  std::string frame;
+  std::string folder;
+  std::string picture;
+  Integer width = 320;
+  Integer height = 200;
+  TColor fill = 0xFFFFFF;
+};
+
+void Load(const std::string& fileName, TFrameBitmaps& pieces) {
+  Naming(fileName, [&] {
+    try {
+      qxDrawTools::LoadDWF(fileName, pieces);
+    } catch (const Exception& e) {
+      // The library's words say the opposite.
+      if (e.what() == fileName + " is a Draw of Frame(DW1) File.") throw Exception("This is no frame file");
+      throw;
+    }
+  });
+}
+
+std::string PieceFile(const Options& options, std::size_t piece) {
+  return options.folder + "/" + kPieceNames[piece] + ".bmp";
+}
+
+void Info(const Options& options) {
+  TFrameBitmaps pieces;
+  Load(options.frame, pieces);
+  std::vector<TextRow> rows;
+  for (std::size_t k = 0; k < pieces.size(); ++k)
+    rows.push_back(
+        {kPieceNames[k], std::to_string(pieces[k].GetWidth()), std::to_string(pieces[k].GetHeight())});
+  Print(AlignRows({"Piece", "Width", "Height"}, rows));
+}
+
+void Render(const Options& options) {
+  TFrameBitmaps pieces;
+  Load(options.frame, pieces);
+  TBitmap picture(options.width, options.height);
+  const TRect whole{0, 0, options.width, options.height};
+  picture.GetCanvas().SetBrushColor(options.fill);
+  picture.GetCanvas().FillRect(whole);
+  qxDrawTools::DrawFrameWithBMP(picture.GetCanvas(), whole, pieces);
+  Naming(options.picture, [&] { picture.SaveToFile(options.picture); });
+}
+
+/// A piece without a file is empty.
+void Pack(const Options& options) {
+  TFrameBitmaps pieces;
+  std::size_t found = 0;
+  for (std::size_t k = 0; k < pieces.size(); ++k) {
+    const std::string name = PieceFile(options, k);
+    std::error_code ignored;
+    if (!std::filesystem::exists(name, ignored)) continue;
+    Naming(name, [&] { pieces[k].LoadFromFile(name); });
+    ++found;
+  }
+  if (found == 0) throw Failure(Visible(options.folder) + ": holds none of the pieces");
+  Naming(options.frame, [&] { qxDrawTools::SaveDWF(options.frame, pieces); });
+}
+
+/// Empty pieces are written too, so that none is left over from another frame.
+void Unpack(const Options& options) {
+  TFrameBitmaps pieces;
+  Load(options.frame, pieces);
+  Naming(options.folder, [&] { std::filesystem::create_directories(options.folder); });
+  for (std::size_t k = 0; k < pieces.size(); ++k) {
+    const std::string name = PieceFile(options, k);
+    Naming(name, [&] { pieces[k].SaveToFile(name); });
+  }
+}
+
+/// RRGGBB as a colour, whose lowest byte is red.
+TColor ColorOf(const std::string& text) {
+  const bool valid =
+      text.size() == 6 && text.find_first_not_of("0123456789ABCDEFabcdef") == std::string::npos;
+  if (!valid) throw CLI::ValidationError("--fill", "is RRGGBB, six hexadecimal digits");
+  const auto value = static_cast<TColor>(std::stoul(text, nullptr, 16));
+  return (value & 0xFF) << 16 | (value & 0xFF00) | value >> 16;
+}
+
+CLI::App* AddAction(CLI::App& frame, const std::string& name, const std::string& help,
+                    void (*run)(const Options&), const std::shared_ptr<Options>& options) {
+  CLI::App* const action = frame.add_subcommand(name, help);
+  action->callback([run, options] { run(*options); });
+  action->add_option("FRAME", options->frame, "Frame file; its bitmap file stands beside it")->required();
+  return action;
+}
+
+}  // namespace
+
+void AddFrameCommand(CLI::App& app) {
+  const auto options = std::make_shared<Options>();
+  CLI::App& frame = *app.add_subcommand("frame", "Look into frame files, paint, pack and unpack them");
+  frame.require_subcommand(1);
+  AddAction(frame, "info", "Show the sizes of the pieces", Info, options);
+
+  CLI::App* const render = AddAction(frame, "render", "Paint the frame into a bitmap file", Render, options);
+  render->add_option("PICTURE", options->picture, "Bitmap file to be written")->required();
+  render->add_option("--width", options->width, "Width in pixels")
+      ->check(CLI::Range(1, 32767))
+      ->capture_default_str();
+  render->add_option("--height", options->height, "Height in pixels")
+      ->check(CLI::Range(1, 32767))
+      ->capture_default_str();
+  render
+      ->add_option_function<std::string>(
+          "--fill", [options](const std::string& text) { options->fill = ColorOf(text); },
+          "Colour of the inside, white unless given")
+      ->type_name("RRGGBB");
+
+  const char* const folderHelp = "Folder of the pieces: top-left.bmp, left.bmp ... bottom-right.bmp";
+  CLI::App* const pack = AddAction(frame, "pack", "Make a frame of bitmap files", Pack, options);
+  pack->add_option("FOLDER", options->folder, folderHelp)->required();
+  CLI::App* const unpack = AddAction(frame, "unpack", "Write the pieces into bitmap files", Unpack, options);
+  unpack->add_option("FOLDER", options->folder, folderHelp)->required();
+}
+
+}  // namespace qxtool
