@@ -1,12 +1,11 @@
 #include <qxTools/calendar/QXToDigit.h>
+#include <qxTools/runtime/Ascii.h>
 
 #include <algorithm>
 
 namespace qxTools::QXToDigit {
 
 namespace {
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool HasSegments(char c) { return IsDigit(c) || c == ' ' || c == '-' || c == 'E' || c == 'F'; }
 

@@ -1,5 +1,5 @@
 /// @file
-/// Letter case for byte strings: ASCII letters only, every other byte kept, no locale asked.
+/// Letter case and digits of byte strings: ASCII only, every other byte kept, no locale asked.
 ///
 /// On purpose: the second byte of a double-byte character is a byte like any other, so one in the
 /// range of the letters changes with them. Names in old data were compared and stored this way.
@@ -13,6 +13,7 @@
 
 namespace qxTools {
 
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr char UpperChar(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr char LowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 

@@ -18,8 +18,6 @@ std::string_view TrimmedView(std::string_view s, bool left, bool right) {
 
 std::string_view TillNul(const char* p) { return p != nullptr ? std::string_view(p) : std::string_view(); }
 
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // The value of a hexadecimal digit, or -1.
 constexpr int HexDigit(char c) {
   if (IsDigit(c)) return c - '0';
