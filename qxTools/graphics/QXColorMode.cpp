@@ -1,10 +1,8 @@
 #include <qxTools/graphics/QXColorMode.h>
 #include <qxTools/runtime/Exceptions.h>
+#include <qxTools/runtime/Numbers.h>
 
-#include <algorithm>
-#include <cmath>
 #include <cstdio>
-#include <limits>
 #include <numbers>
 
 namespace qxTools::QXColorMode {
@@ -56,12 +54,7 @@ Real Divide(Real a, Real b) {
   return a / b;
 }
 
-std::uint32_t Round(Real channel) {
-  using Limits = std::numeric_limits<Integer>;
-  if (std::isnan(channel)) return 0;
-  const Real nearest = std::nearbyint(std::clamp<Real>(channel, Limits::min(), Limits::max()));
-  return static_cast<std::uint32_t>(static_cast<Integer>(nearest));
-}
+TColor Round(Real channel) { return static_cast<TColor>(RoundToInteger(channel)); }
 
 TColor Pack(Real R, Real G, Real B) { return Round(B) << 16 | Round(G) << 8 | Round(R); }
 

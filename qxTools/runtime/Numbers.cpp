@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace qxTools {
 
@@ -93,6 +94,12 @@ double StrToFloat(std::string_view text) {
     if (error == std::errc() && stop == end && std::isfinite(value)) return value;
   }
   throw EConvertError("'" + std::string(text) + "' is not a valid floating point value");
+}
+
+Integer RoundToInteger(long double value) {
+  using Limits = std::numeric_limits<Integer>;
+  if (std::isnan(value)) return 0;
+  return static_cast<Integer>(std::rint(std::clamp<long double>(value, Limits::min(), Limits::max())));
 }
 
 }  // namespace qxTools

@@ -21,4 +21,8 @@ QXTOOLS_API std::string FloatToStr(double value, int digits = 15);
 /// @throws EConvertError "'TEXT' is not a valid floating point value" for anything else.
 QXTOOLS_API double StrToFloat(std::string_view text);
 
+/// `value` rounded to the nearest integer, ties to even. NaN gives 0, what is beyond 32 bits the nearest
+/// limit.
+QXTOOLS_API Integer RoundToInteger(long double value);
+
 }  // namespace qxTools
