@@ -1,4 +1,5 @@
 #include <qxTools/platform/Clock.h>
+#include <qxTools/runtime/Ascii.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/runtime/Exceptions.h>
 #include <qxTools/runtime/FormatSettings.h>
@@ -13,23 +14,23 @@ namespace qxTools {
 namespace {
 
 constexpr std::int64_t kMillisecondsPerDay = 86400000;
-constexpr std::chrono::sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
 
 constexpr std::chrono::year_month_day CalendarDate(int year, int month, int day) {
   return std::chrono::year{year} / std::chrono::month{static_cast<unsigned>(month)} /
          std::chrono::day{static_cast<unsigned>(day)};
 }
 
-constexpr std::int64_t DayNumber(std::chrono::year_month_day date) {
+constexpr std::int64_t DaysTo(std::chrono::year_month_day date) {
   return (std::chrono::sys_days{date} - kDayZero).count();
 }
 
-constexpr std::int64_t kFirstDay = DayNumber(CalendarDate(1, 1, 1));
-constexpr std::int64_t kLastDay = DayNumber(CalendarDate(9999, 12, 31));
+constexpr std::int64_t kFirstDay = DaysTo(CalendarDate(1, 1, 1));
+constexpr std::int64_t kLastDay = DaysTo(CalendarDate(9999, 12, 31));
 
 /// The moment in milliseconds; its day is the quotient by kMillisecondsPerDay, truncated.
 std::int64_t Milliseconds(TDateTime date) {
-  const long double rounded = std::nearbyint(static_cast<long double>(date) * kMillisecondsPerDay);
+  // Not nearbyint, which saves and restores the processor's floating-point state.
+  const long double rounded = std::rint(static_cast<long double>(date) * kMillisecondsPerDay);
   if (!(rounded > (kFirstDay - 1) * kMillisecondsPerDay && rounded < (kLastDay + 1) * kMillisecondsPerDay))
     throw EConvertError("'" + FloatToStr(date) + "' is not a valid date");
   return static_cast<std::int64_t>(rounded);
@@ -65,7 +66,7 @@ bool TakeNumber(std::string_view& text, int& value, std::size_t& digits) {
   };
   skipBlanks();
   value = 0;
-  for (digits = 0; !text.empty() && text[0] >= '0' && text[0] <= '9'; ++digits) {
+  for (digits = 0; !text.empty() && IsDigit(text[0]); ++digits) {
     if (value > 9999) return false;
     value = value * 10 + (text[0] - '0');
     text.remove_prefix(1);
@@ -111,19 +112,21 @@ int DaysInMonth(int year, int month) {
 
 bool IsValidDate(int year, int month, int day) {
   return year >= 1 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 &&
-         day <= DaysInMonth(year, month);
+         (day <= 28 || day <= DaysInMonth(year, month));
 }
 
 TDateTime EncodeDate(int year, int month, int day) {
-  if (!IsValidDate(year, month, day)) throw EConvertError("Invalid argument to date encode");
-  return static_cast<TDateTime>(DayNumber(CalendarDate(year, month, day)));
+  if (!IsValidDate(year, month, day)) [[unlikely]]
+    throw EConvertError("Invalid argument to date encode");
+  return static_cast<TDateTime>(DaysTo(CalendarDate(year, month, day)));
 }
 
-DateParts DecodeDate(TDateTime date) {
-  const auto day = std::chrono::days{Milliseconds(date) / kMillisecondsPerDay};
-  const std::chrono::year_month_day parts{kDayZero + day};
-  return {static_cast<int>(parts.year()), static_cast<int>(static_cast<unsigned>(parts.month())),
-          static_cast<int>(static_cast<unsigned>(parts.day()))};
+std::int32_t DayNumber(TDateTime date) {
+  if (date >= kFirstDay && date <= kLastDay) {
+    const auto day = static_cast<std::int32_t>(date);
+    if (day == date) return day;  // midnight needs no rounding, and is what most dates are
+  }
+  return static_cast<std::int32_t>(Milliseconds(date) / kMillisecondsPerDay);
 }
 
 TimeParts DecodeTime(TDateTime date) {
