@@ -1,4 +1,5 @@
 #include <qxTools/Package.h>
+#include <qxTools/calendar/QXTimeTools.h>
 #include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/runtime/FormatSettings.h>
 #include <qxTools/sql/QXSqlTools.h>
@@ -29,12 +30,17 @@ constinit auto units = std::to_array<Unit>({
     // the units of the library
     {"CVCode"},
     {"QXArrayTools"},
+    {"QXColorMode"},
     {"QXStrTools"},
+    {"QXDateTools"},
     {"qxDrawTools"},
+    {"QXHTML"},
     {"QXMemTools"},
     {"QXMemBank"},
     {"QXSqlDefine"},
     {"QXSqlTools", QXSqlTools::FillGlobals, QXSqlTools::ReleaseGlobals},
+    {"QXTimeTools", QXTimeTools::FillGlobals, QXTimeTools::ReleaseGlobals},
+    {"QXToDigit"},
     {"QXUniKey", QXUniKey::FillGlobals, QXUniKey::ReleaseGlobals},
     {"QXValueTools"},
     {"qxStore"},
