@@ -10,5 +10,6 @@ void AddCommandCommand(CLI::App& app);
 void AddStoreCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);
 void AddFrameCommand(CLI::App& app);
+void AddDateCommand(CLI::App& app);
 
 }  // namespace qxtool

@@ -31,6 +31,7 @@ void AddCommands(CLI::App& app) {
   qxtool::AddStoreCommand(app);
   qxtool::AddConvertCommand(app);
   qxtool::AddFrameCommand(app);
+  qxtool::AddDateCommand(app);
 }
 
 int Fail(const char* message) {
