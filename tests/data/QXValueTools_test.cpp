@@ -3,6 +3,7 @@
 
 #include <limits>
 #include <random>
+#include <tuple>
 
 #include "support/MessageOf.h"
 
@@ -20,133 +21,98 @@ std::string NamesOf(TQXValueList& list) {
 
 TEST(QXValueTools, AnUnknownNameIsMadeAndHoldsNull) {
   TQXValueList list;
-  EXPECT_TRUE(list.GetValue("Qty").IsNull());
-  EXPECT_TRUE(list.GetValue("\t qTY\x01 ").IsNull());
-  EXPECT_EQ(NamesOf(list), "Qty|");
+  for (const char* name : {"Qty", "\t qTY\x01 "}) EXPECT_TRUE(list.GetValue(name).IsNull());
   list.SetValue(" new ", 5);
   EXPECT_EQ(list.GetValue("NEW"), Variant(5));
-  EXPECT_EQ(NamesOf(list), "Qty| new |");
   list.SetAutoCreate(false);
   EXPECT_EQ(MessageOf([&] { list.GetValue(" none"); }), "Index ( none) is not find.");
   EXPECT_EQ(MessageOf([&] { list.SetValue("none", 1); }), "Index (none) is not find.");
-  EXPECT_EQ(list.GetCount(), 2);
+  EXPECT_EQ(MessageOf([&] { list.Delete("none"); }), "List index out of bounds (-1)");
+  EXPECT_EQ(NamesOf(list), "Qty| new |");
 }
 
 TEST(QXValueTools, NamesMatchWithoutCaseAndBlanksByteByByte) {
-  struct {
-    std::string name;
-    std::string query;
-    bool found;
-  } const cases[] = {
-      {"Qty", "QTY", true},
+  // A second byte like a letter's changes with the letters; a name of more than 100 bytes is stored cut.
+  const std::tuple<std::string, std::string, bool> cases[] = {
       {std::string("\0a\x1F", 3), " A", true},
       {"a b", "ab", false},
       {"a\x7F", "a", false},
-      {"\xA4\x61", "\xA4\x41", true},  // a second byte like a letter's changes with the letters
-      {"", " \r\n", true},
-      {std::string(150, 'x'), std::string(150, 'x'), false},  // stored cut
+      {"\xA4\x61", "\xA4\x41", true},
+      {std::string(150, 'x'), std::string(150, 'x'), false},
       {std::string(150, 'x'), std::string(100, 'X'), true},
-      {std::string(100, ' ') + "x", "", true},
-  };
-  for (const auto& c : cases) {
+      {std::string(100, ' ') + "x", "", true}};
+  for (const auto& [name, query, found] : cases) {
     TQXValueList list;
-    list.SetValue(c.name, 1);
-    EXPECT_EQ(list.IndexOf(c.query), c.found ? 0 : -1) << c.name;
+    list.SetValue(name, 1);
+    EXPECT_EQ(list.IndexOf(query), found ? 0 : -1) << name;
   }
 }
 
-TEST(QXValueTools, ReadingTakesTheFirstAndWritingTheLast) {
-  TQXValueList list;
-  for (int i = 0; i < 3; ++i) list.Add()->Name = "twin";
-  list.SetValue("twin", 7);
-  list.GetItem(0)->Value = 1;
-  EXPECT_EQ(list.GetValue("twin"), Variant(1));
-  EXPECT_EQ(list.GetItem(2)->Value, Variant(7));
-  EXPECT_EQ(list.IndexOf("twin"), 2);
-  list.Delete("twin");
-  EXPECT_EQ(list.IndexOf("twin"), 1);
-  EXPECT_EQ(MessageOf([&] { list.Delete("none"); }), "List index out of bounds (-1)");
-}
-
-TEST(QXValueTools, PlacesPastTheEndAreReached) {
-  TQXValueList list;
-  EXPECT_TRUE(list.GetItem(4)->Value.IsEmpty());
-  EXPECT_EQ(NamesOf(list), "|||||");
-  const TValueRecord record("a", "text");
-  list.SetItem(6, record);
-  list.SetItem(6, *list.GetItem(6));
-  list.Insert(0, &record);
-  list.Insert(8, list.GetItem(0));
-  EXPECT_EQ(NamesOf(list), "a|||||||a|a|");
-  EXPECT_EQ(list.GetItem(7)->Value, Variant("text"));
-  list.GetItem(8)->Value = "other";
-  EXPECT_EQ(record.Value, Variant("text"));
-
+TEST(QXValueTools, RecordsAreCopiedAndPlacesPastTheEndAreReached) {
   constexpr Integer kLast = std::numeric_limits<Integer>::max();
-  EXPECT_EQ(MessageOf([&] { list.GetItem(kLast); }), "List index out of bounds (2147483647)");
-  EXPECT_EQ(MessageOf([&] { list.GetItem(-1); }), "List index out of bounds (-1)");
-  EXPECT_EQ(MessageOf([&] { list.Insert(10, &record); }), "List index out of bounds (10)");
-  EXPECT_EQ(MessageOf([&] { list.Delete(9); }), "List index out of bounds (9)");
-  list.SetAutoCreate(false);
-  EXPECT_EQ(MessageOf([&] { list.GetItem(9); }), "List index out of bounds (9)");
-  EXPECT_EQ(MessageOf([&] { list.SetItem(9, record); }), "List index out of bounds (9)");
-  EXPECT_EQ(list.GetCount(), 9);
-}
-
-TEST(QXValueTools, AssignCopiesTheRecordsAndEmptiesTheListItself) {
-  TQXValueList source;
-  source.SetValue("a", Variant::NewArray(0, 3));
-  source.SetAutoCreate(false);
   TQXValueList list;
-  list.SetValue("old", 1);
-  list.Assign(&source);
-  source.Clear();
-  EXPECT_EQ(NamesOf(list), "a|");
-  EXPECT_EQ(list.GetValue("a"), Variant::NewArray(0, 3));
-  EXPECT_TRUE(list.GetAutoCreate());
-  list.Assign(nullptr);
-  EXPECT_EQ(list.GetCount(), 1);
-  list.Assign(&list);
+  EXPECT_TRUE(list.GetItem(2)->Value.IsEmpty());
+  const TValueRecord record("a", Variant::NewArray(0, 3));
+  list.SetItem(4, record);
+  list.SetItem(4, *list.GetItem(4));
+  list.Insert(0, &record);
+  list.Insert(6, list.GetItem(0));
+  list.GetItem(6)->Value.SetElement(0, 1);
+  EXPECT_EQ(list.GetItem(0)->Value, record.Value);
+  for (const Integer index : {kLast, -1})
+    EXPECT_EQ(MessageOf([&] { list.GetItem(index); }),
+              "List index out of bounds (" + std::to_string(index) + ")");
+  EXPECT_EQ(MessageOf([&] { list.Insert(8, &record); }), "List index out of bounds (8)");
+  EXPECT_EQ(MessageOf([&] { list.Delete(7); }), "List index out of bounds (7)");
+  list.SetAutoCreate(false);
+  EXPECT_EQ(MessageOf([&] { list.SetItem(7, record); }), "List index out of bounds (7)");
+  EXPECT_EQ(NamesOf(list), "a|||||a|a|");
+
+  TQXValueList copy;
+  copy.SetValue("old", 1);
+  copy.Assign(&list);
+  copy.Assign(nullptr);
+  list.Assign(&list);  // cleared first
   EXPECT_EQ(list.GetCount(), 0);
-  EXPECT_EQ(list.IndexOf("a"), -1);
+  EXPECT_EQ(NamesOf(copy), "a|||||a|a|");
+  EXPECT_EQ(copy.GetValue("a"), record.Value);
+  EXPECT_TRUE(copy.GetAutoCreate());
 }
 
-// The list against a plain walk over the same names, changed in every way that a caller has.
+// The list against a plain walk over the same names, changed in every way that a caller has. Reading takes
+// the first of a name, writing and IndexOf the last.
 TEST(QXValueTools, LookUpsStayExactWhateverChanges) {
   TQXValueList list;
-  list.SetAutoCreate(false);
-  std::vector<std::string> names;
+  std::vector<std::string> names = {"A"};
+  list.SetValue("a", 0);
   std::mt19937 random(1);
   const auto below = [&](std::size_t n) { return static_cast<Integer>(random() % n); };
-  const auto anyName = [&] { return std::string(1, static_cast<char>('A' + below(6))); };
   for (int step = 0; step < 20000; ++step) {
-    const Integer count = list.GetCount();
-    const Integer place = count > 0 ? below(names.size()) : 0;
-    const std::string name = anyName();
+    const std::string name(1, static_cast<char>('A' + below(6)));
+    const Integer place = below(names.size());
     const auto at = names.begin() + place;
-    switch (count == 0 ? 0 : below(12)) {
-      case 0: {
-        const TValueRecord record(name, 1);
-        list.Insert(place, &record);
-        names.insert(at, name);
-        break;
-      }
-      case 1:
-        list.Add()->Name = name;
-        names.push_back(name);
-        break;
-      case 2:
-        list.GetItem(place)->Name = name;
-        *at = name;
-        break;
-      case 3:
-        list.Delete(place);
-        names.erase(at);
-        break;
-      default: {
-        const auto last = std::find(names.rbegin(), names.rend(), name);
-        ASSERT_EQ(list.IndexOf(name), names.rend() - last - 1) << "step " << step;
-      }
+    const auto last = static_cast<Integer>(names.rend() - std::find(names.rbegin(), names.rend(), name)) - 1;
+    const int action = below(12);
+    if (action == 0) {
+      const TValueRecord record(name, step);
+      list.Insert(place, &record);
+      names.insert(at, name);
+    } else if (action == 1) {
+      list.Add()->Name = name;
+      names.push_back(name);
+    } else if (action == 2) {
+      list.GetItem(place)->Name = name;
+      *at = name;
+    } else if (action == 3 && names.size() > 1) {
+      list.Delete(place);
+      names.erase(at);
+    } else {
+      ASSERT_EQ(list.IndexOf(name), last) << "step " << step;
+      if (last < 0) continue;
+      list.SetValue(name, step);
+      ASSERT_EQ(list.GetItem(last)->Value, Variant(step));
+      const auto first = std::find(names.begin(), names.end(), name) - names.begin();
+      ASSERT_EQ(list.GetValue(name), list.GetItem(static_cast<Integer>(first))->Value);
     }
   }
 }

@@ -8,80 +8,62 @@ namespace {
 using namespace qxTools;
 using test::MessageOf;
 
-/// Two blocks of bytes, each written when it differs from the ancestor's.
+/// Two blocks of bytes, each written when it is not empty.
 class Blocks : public TPersistent {
  public:
   void DefineProperties(TFiler& filer) override {
-    const auto* ancestor = dynamic_cast<Blocks*>(filer.GetAncestor());
-    Define(filer, "First", first, ancestor != nullptr ? ancestor->first : "");
-    Define(filer, "Second", second, ancestor != nullptr ? ancestor->second : "");
+    Define(filer, "First", first);
+    Define(filer, "Second", second);
   }
-
   std::string first;
   std::string second;
 
  private:
-  static void Define(TFiler& filer, const char* name, std::string& block, const std::string& inherited) {
-    filer.DefineBinaryProperty(
-        name,
-        [&block](TStream* stream) {
-          block.resize(static_cast<std::size_t>(stream->GetSize()));
-          stream->ReadBuffer(block.data(), block.size());
-        },
-        [&block](TStream* stream) { stream->WriteBuffer(block.data(), block.size()); }, block != inherited);
+  static void Define(TFiler& filer, const char* name, std::string& block) {
+    const auto read = [&block](TStream* stream) {
+      block.resize(static_cast<std::size_t>(stream->GetSize()));
+      stream->ReadBuffer(block.data(), block.size());
+    };
+    const auto write = [&block](TStream* stream) { stream->WriteBuffer(block.data(), block.size()); };
+    filer.DefineBinaryProperty(name, read, write, !block.empty());
   }
 };
 
-TMemoryStream& Rewound(TMemoryStream& stream) {
-  stream.SetPosition(0);
-  return stream;
-}
-
 TEST(Filer, PropertiesComeBackAsWritten) {
-  Blocks object;
-  object.first = std::string("a\0b", 3);
-  object.second = "in both";
-  Blocks ancestor;
-  ancestor.second = "in both";
+  Blocks objects[3];
+  objects[0].first = std::string("a\0b", 3);
+  objects[2].first = objects[2].second = std::string(300, 's');
   TMemoryStream stream;
-  TWriter(&stream).WriteProperties(&object, &ancestor);
-  TWriter(&stream).WriteProperties(&object);
-  EXPECT_EQ(stream.GetBytes().substr(0, 18), std::string("\5First\3\0\0\0\0\0\0\0a\0b\0", 18));
-  TReader reader(&Rewound(stream));
-  Blocks loaded;
-  reader.ReadProperties(&loaded);
-  EXPECT_EQ(loaded.first, object.first);
-  EXPECT_EQ(loaded.second, "");
-  reader.ReadProperties(&loaded);
-  EXPECT_EQ(loaded.second, "in both");
-  EXPECT_EQ(stream.GetPosition(), stream.GetSize());
+  for (Blocks& object : objects) TWriter(&stream).WriteProperties(&object);
+  EXPECT_EQ(stream.GetBytes().substr(0, 19), std::string("\5First\3\0\0\0\0\0\0\0a\0b\0\0", 19));
+  stream.SetPosition(0);
+  for (const Blocks& object : objects) {
+    Blocks loaded;
+    TReader(&stream).ReadProperties(&loaded);
+    EXPECT_EQ(loaded.first, object.first);
+    EXPECT_EQ(loaded.second, object.second);
+  }
 }
 
 TEST(Filer, WhatDoesNotFitRaises) {
-  struct {
-    std::string bytes;
-    const char* message;
-  } const cases[] = {
+  const std::pair<std::string, const char*> cases[] = {
       {"", "Stream read error"},
       {"\5Fir", "Stream read error"},
-      {"\5Third", "Property Third does not exist"},
       {"\5first", "Property first does not exist"},
       {std::string("\5First\4\0\0\0\0\0\0\0abc", 17), "Stream read error"},
-      {"\5First\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", "Stream read error"},
-      {"\5First\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x7F", "Stream read error"},
-  };
-  for (const auto& c : cases) {
+      {"\5First\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x7F", "Stream read error"}};
+  for (const auto& [bytes, message] : cases) {
     TMemoryStream stream;
-    stream.WriteBuffer(c.bytes.data(), c.bytes.size());
+    stream.WriteBuffer(bytes.data(), bytes.size());
+    stream.SetPosition(0);
     Blocks object;
-    EXPECT_EQ(MessageOf([&] { TReader(&Rewound(stream)).ReadProperties(&object); }), c.message);
+    TReader reader(&stream);
+    EXPECT_EQ(MessageOf([&reader, &object] { reader.ReadProperties(&object); }), message);
   }
   TMemoryStream stream;
   TWriter writer(&stream);
-  const auto nothing = [](TStream*) {};
   for (const std::string& name : {std::string(), std::string(256, 'n')})
-    EXPECT_EQ(MessageOf([&] { writer.DefineBinaryProperty(name, nothing, nothing, true); }),
-              "Stream write error");
+    EXPECT_EQ(MessageOf([&] { writer.DefineBinaryProperty(name, {}, {}, true); }), "Stream write error");
 }
 
 }  // namespace

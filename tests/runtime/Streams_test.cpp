@@ -21,33 +21,26 @@ std::string Read(TStream& stream, std::size_t count) {
   return bytes;
 }
 
-std::string All(TStream& stream) {
-  stream.SetPosition(0);
-  return Read(stream, static_cast<std::size_t>(stream.GetSize()));
-}
-
 void ReadsWritesAndSeeks(TStream& stream) {
   Write(stream, "hello");
-  EXPECT_EQ(stream.GetPosition(), 5);
   EXPECT_EQ(stream.Seek(-4, soEnd), 1);
   EXPECT_EQ(Read(stream, 2), "el");
   EXPECT_EQ(stream.Seek(1, soCurrent), 4);
   EXPECT_EQ(Read(stream, 9), "o");
-  EXPECT_EQ(Read(stream, 9), "");
-  EXPECT_EQ(stream.Seek(-9, soCurrent), 0);
-  EXPECT_EQ(stream.Seek(std::numeric_limits<std::int64_t>::min(), soEnd), 0);
+  EXPECT_EQ(stream.Seek(std::numeric_limits<std::int64_t>::min(), soCurrent), 0);
   Write(stream, "J");
   stream.SetPosition(7);
   EXPECT_EQ(Read(stream, 1), "");
   EXPECT_EQ(stream.GetSize(), 5);
   Write(stream, "!");
-  EXPECT_EQ(All(stream), std::string("Jello\0\0!", 8));
+  stream.SetPosition(0);
+  EXPECT_EQ(Read(stream, 9), std::string("Jello\0\0!", 8));
   stream.SetSize(3);
   EXPECT_EQ(stream.GetPosition(), 3);
   stream.SetSize(5);
-  EXPECT_EQ(All(stream), std::string("Jel\0\0", 5));
-  EXPECT_EQ(MessageOf([&] { stream.SetSize(-1); }), "Stream write error");
-  EXPECT_EQ(MessageOf([&] { stream.SetSize(kFarthest); }), "Stream write error");
+  EXPECT_EQ(Read(stream, 9), std::string("\0\0", 2));
+  for (const std::int64_t size : {std::int64_t{-1}, kFarthest})
+    EXPECT_EQ(MessageOf([&] { stream.SetSize(size); }), "Stream write error");
   stream.SetPosition(4);
   char two[2];
   EXPECT_EQ(MessageOf([&] { stream.ReadBuffer(two, 2); }), "Stream read error");
@@ -56,6 +49,11 @@ void ReadsWritesAndSeeks(TStream& stream) {
 TEST(Streams, MemoryAndFileReadWriteAndSeekAlike) {
   TMemoryStream memory;
   ReadsWritesAndSeeks(memory);
+  for (const std::int64_t place : {kFarthest - 9, kFarthest}) {
+    memory.SetPosition(place);
+    EXPECT_EQ(MessageOf([&] { Write(memory, "d"); }), "Stream write error");
+  }
+  EXPECT_EQ(memory.GetSize(), 5);
   const test::TemporaryFolder folder;
   TFileStream file(folder.File("a"), fmCreate);
   ReadsWritesAndSeeks(file);
@@ -66,31 +64,19 @@ TEST(Streams, CopyFromTakesWhatIsAnnouncedOrRaises) {
   const std::string bytes(3 << 20, 'x');
   TMemoryStream source;
   Write(source, bytes + "tail");
-  TFileStream file(folder.File("a"), fmCreate);
   source.SetPosition(0);
+  TFileStream file(folder.File("a"), fmCreate);
   file.CopyFrom(source, 3 << 20);
   EXPECT_EQ(Read(source, 9), "tail");
-  TMemoryStream target;
   file.SetPosition(0);
+  TMemoryStream target;
   target.SetPosition(2);
   target.CopyFrom(file, 3 << 20);
   EXPECT_EQ(target.GetBytes(), std::string(2, '\0') + bytes);
-  EXPECT_EQ(target.GetPosition(), target.GetSize());
   for (const std::int64_t count : {std::int64_t{1}, std::int64_t{-1}, kFarthest})
     EXPECT_EQ(MessageOf([&] { target.CopyFrom(file, count); }), "Stream read error") << count;
   target.CopyFrom(file, 0);
-  target.Clear();
-  EXPECT_EQ(All(target), "");
-}
-
-TEST(Streams, APlaceBeyondMemoryTakesNothing) {
-  TMemoryStream stream;
-  Write(stream, "abc");
-  EXPECT_EQ(stream.Seek(kFarthest, soEnd), kFarthest);
-  EXPECT_EQ(MessageOf([&] { Write(stream, "d"); }), "Stream write error");
-  stream.SetPosition(kFarthest - 9);
-  EXPECT_EQ(MessageOf([&] { Write(stream, "d"); }), "Stream write error");
-  EXPECT_EQ(stream.GetBytes(), "abc");
+  EXPECT_EQ(target.GetPosition(), target.GetSize());
 }
 
 }  // namespace
