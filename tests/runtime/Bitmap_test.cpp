@@ -10,7 +10,7 @@ namespace {
 
 std::string Little(std::uint64_t value, int size) {
   std::string bytes;
-  for (int i = 0; i < size; ++i) bytes += static_cast<char>(value >> 8 * i & 0xFF);
+  for (int i = 0; i < size; ++i, value >>= 8) bytes += static_cast<char>(value & 0xFF);
   return bytes;
 }
 
