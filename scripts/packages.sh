@@ -45,4 +45,4 @@ quietly() {
 }
 
 build_packages=(g++ cmake ninja-build libcli11-dev)
-test_packages=(libgtest-dev clang g++-multilib googletest)
+test_packages=(libgtest-dev clang g++-multilib googletest shared-mime-info libglib2.0-bin desktop-file-utils)

@@ -1,0 +1,110 @@
+#include <qxTools/platform/Registry.h>
+#include <qxTools/runtime/Ascii.h>
+#include <qxTools/shell/QXRegFileType.h>
+
+#include <algorithm>
+#include <optional>
+
+namespace qxTools::QXRegFileType {
+
+namespace {
+
+constexpr std::string_view kOpenCommand = "\\Shell\\Open\\Command";
+constexpr std::string_view kDefaultIcon = "\\DefaultIcon";
+constexpr std::string_view kArgument = " \"%1\"";
+
+std::string KeyOf(std::string_view name, std::string_view below = "") {
+  std::string key = "\\";
+  return key.append(name).append(below);
+}
+
+bool IsSame(std::string_view one, std::string_view other) { return LowerCase(one) == LowerCase(other); }
+
+std::string Read(std::string_view name, std::string_view below = "") {
+  return ReadClassesValue(KeyOf(name, below)).value_or("");
+}
+
+std::string WithoutQuotes(std::string_view path) {
+  const bool isQuoted = path.size() > 1 && path.starts_with('"') && path.ends_with('"');
+  return std::string(isQuoted ? path.substr(1, path.size() - 2) : path);
+}
+
+std::string ProgramOf(std::string_view command) {
+  if (command.ends_with(kArgument)) command.remove_suffix(kArgument.size());
+  return WithoutQuotes(command);
+}
+
+std::string IconOf(std::string_view value) { return WithoutQuotes(value.substr(0, value.rfind(','))); }
+
+std::vector<std::string> ExtensionsOf(std::string_view typeName) {
+  std::vector<std::string> extensions = GetFileTypeExtensions();
+  std::erase_if(extensions, [&](const auto& ext) { return !IsSame(Read(ext), typeName); });
+  return extensions;
+}
+
+}  // namespace
+
+std::array<TFileTypeValue, 5> GetFileTypeValues(std::string_view ext, std::string_view typeName,
+                                                std::string_view appPath, std::string_view description,
+                                                Integer iconIndex) {
+  const std::string path(appPath);
+  const std::string command = path + std::string(kArgument);
+  return {{{KeyOf(ext), AnsiString(typeName)},
+           {KeyOf(ext, kOpenCommand), command},
+           {KeyOf(typeName), AnsiString(description)},
+           {KeyOf(typeName, kDefaultIcon), path + "," + std::to_string(iconIndex)},
+           {KeyOf(typeName, kOpenCommand), command}}};
+}
+
+void RegFileType(std::string_view ext, std::string_view typeName, std::string_view appPath,
+                 std::string_view description, Integer iconIndex) {
+  // An extension that moves leaves its old type behind, which may be without any then.
+  const std::optional<std::string> oldType = ReadClassesValue(KeyOf(ext));
+  for (const TFileTypeValue& value : GetFileTypeValues(ext, typeName, appPath, description, iconIndex))
+    WriteClassesValue(value.Key, value.Value);
+  // A type that is called like the extension has its description where the extension has the type.
+  const std::string newType = ReadClassesValue(KeyOf(ext)).value_or(std::string(typeName));
+  PublishFileType(GetFileType(newType));
+  if (oldType && !IsSame(*oldType, newType)) PublishFileType(GetFileType(*oldType));
+}
+
+bool UnregFileType(std::string_view ext) {
+  const std::optional<std::string> type = ReadClassesValue(KeyOf(ext));
+  if (!type) return false;
+  DeleteClassesValue(KeyOf(ext));
+  if (ReadClassesValue(KeyOf(ext))) return false;
+  DeleteClassesValue(KeyOf(ext, kOpenCommand));
+  if (ExtensionsOf(*type).empty())
+    for (const std::string_view below : {std::string_view(), kDefaultIcon, kOpenCommand})
+      DeleteClassesValue(KeyOf(*type, below));
+  PublishFileType(GetFileType(*type));
+  return true;
+}
+
+std::vector<AnsiString> GetFileTypeExtensions() {
+  std::vector<AnsiString> extensions = ReadClassesKeys();
+  std::erase_if(extensions,
+                [](const auto& key) { return !key.starts_with('.') || !ReadClassesValue(KeyOf(key)); });
+  return extensions;
+}
+
+FileType GetFileType(std::string_view typeName) {
+  const std::vector<std::string> extensions = ExtensionsOf(typeName);
+  const std::string description = Read(typeName);
+  std::string command = Read(typeName, kOpenCommand);
+  if (command.empty() && !extensions.empty()) command = Read(extensions.front(), kOpenCommand);
+  return {std::string(typeName), extensions, description.empty() ? std::string(typeName) : description,
+          ProgramOf(command), IconOf(Read(typeName, kDefaultIcon))};
+}
+
+FileType PlanFileType(std::string_view ext, std::string_view typeName, std::string_view appPath,
+                      std::string_view description, Integer iconIndex) {
+  const auto values = GetFileTypeValues(ext, typeName, appPath, description, iconIndex);
+  std::vector<std::string> extensions = ExtensionsOf(typeName);
+  if (std::ranges::none_of(extensions, [&](const auto& other) { return IsSame(other, ext); }))
+    extensions.insert(std::ranges::upper_bound(extensions, ext), std::string(ext));
+  return {std::string(typeName), extensions, std::string(description.empty() ? typeName : description),
+          ProgramOf(values[4].Value), IconOf(values[3].Value)};
+}
+
+}  // namespace qxTools::QXRegFileType

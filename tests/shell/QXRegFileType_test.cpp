@@ -1,0 +1,225 @@
+#include <gtest/gtest.h>
+#include <qxTools/platform/Registry.h>
+#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/shell/QXRegFileType.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <thread>
+
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::QXRegFileType;
+using qxTools::test::BytesOf;
+using qxTools::test::TemporaryFolder;
+namespace fs = std::filesystem;
+
+/// A user of the test's own: nothing outside his folders is read or written.
+class QXRegFileType : public ::testing::Test {
+ protected:
+  QXRegFileType() {
+    setenv("HOME", folder_.Path().c_str(), 1);
+    setenv("XDG_DATA_HOME", folder_.File("data").c_str(), 1);
+    setenv("XDG_CONFIG_HOME", folder_.File("config").c_str(), 1);
+    setenv("XDG_DATA_DIRS", "/usr/share", 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+  }
+
+  std::string Class(const std::string& key) const { return folder_.File("data/qxTools/classes/" + key); }
+  std::string Defaults() const { return BytesOf(folder_.File("config/mimeapps.list")); }
+  std::string Entry(const std::string& id) const {
+    return folder_.File("data/applications/qxtools-" + id + ".desktop");
+  }
+  std::string Package(const std::string& id) const {
+    return BytesOf(folder_.File("data/mime/packages/qxtools-" + id + ".xml"));
+  }
+
+  void MakeFile(const std::string& path, const std::string& bytes) const {
+    fs::create_directories(fs::path(path).parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+  }
+
+  /// A program that notes how many arguments it got, and the first.
+  void MakeProgram(const std::string& path) const {
+    MakeFile(path, "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$1\" >\"$NOTE.part\"\nmv \"$NOTE.part\" \"$NOTE\"\n");
+    fs::permissions(path, fs::perms::owner_all);
+  }
+
+  /// What the program noted when the desktop opened `file`.
+  std::string NoteOfOpening(const std::string& file) const {
+    const std::string note = folder_.File("note");
+    fs::remove(note);
+    setenv("NOTE", note.c_str(), 1);
+    setenv("OPENED", file.c_str(), 1);
+    if (std::system("gio open \"$OPENED\"") != 0) return "gio open failed";
+    for (int i = 0; i < 500 && !fs::exists(note); ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    return BytesOf(note);
+  }
+
+  /// Every file below `part` of the user's folder, with its bytes.
+  std::map<std::string, std::string> FilesBelow(const std::string& part) const {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder_.File(part)))
+      if (entry.is_regular_file()) files[entry.path()] = BytesOf(entry.path());
+    return files;
+  }
+
+  const TemporaryFolder folder_;
+};
+
+TEST_F(QXRegFileType, FiveValuesStandUnderTheirKeys) {
+  const struct {
+    const char* key;
+    const char* value;
+  } wanted[] = {
+      {".qxo", "QXOrder"},
+      {".qxo/Shell/Open/Command", "/opt/my orders/o \"%1\""},
+      {"QXOrder", "\xAD\x71\xB3\xE6"},  // 訂單
+      {"QXOrder/DefaultIcon", "/opt/my orders/o,0"},
+      {"QXOrder/Shell/Open/Command", "/opt/my orders/o \"%1\""},
+  };
+  RegFileType(".qxo", "QXOrder", "/opt/my orders/o", "\xAD\x71\xB3\xE6", 0);
+  const auto values = GetFileTypeValues(".qxo", "QXOrder", "/opt/my orders/o", "\xAD\x71\xB3\xE6", 0);
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    EXPECT_EQ(BytesOf(Class(wanted[i].key) + "/%default"), wanted[i].value);
+    EXPECT_EQ(values[i].Value, wanted[i].value);
+    EXPECT_EQ(ReadClassesValue(values[i].Key), wanted[i].value) << values[i].Key;
+  }
+}
+
+TEST_F(QXRegFileType, AKeyThatCannotBeMadeIsLeftOut) {
+  MakeFile(Class(".qxo"), "a file where the key's folder would be");
+  RegFileType(".qxo", "QXOrder", "/opt/o", "Order", 1);
+  EXPECT_EQ(ReadClassesValue("\\QXOrder"), "Order");
+  EXPECT_EQ(ReadClassesValue("\\QXOrder\\Shell\\Open\\Command"), "/opt/o \"%1\"");
+  EXPECT_FALSE(fs::exists(Entry("qxorder")));
+  fs::remove_all(folder_.File("data"));
+  MakeFile(folder_.File("data/qxTools"), "");
+  RegFileType(".qxo", "QXOrder", "/opt/o", "Order", 0);
+  EXPECT_FALSE(UnregFileType(".qxo"));
+  EXPECT_EQ(FilesBelow("data").size(), 1U);
+}
+
+TEST_F(QXRegFileType, AValueThatCannotBeWrittenRaisesAndEndsTheSteps) {
+  fs::create_directories(Class("QXOrder/%default"));
+  EXPECT_THROW(RegFileType(".qxo", "QXOrder", "/opt/o", "Order", 0), EFCreateError);
+  EXPECT_EQ(ReadClassesValue("\\.qxo"), "QXOrder");
+  EXPECT_EQ(ReadClassesValue("\\QXOrder\\DefaultIcon"), std::nullopt);
+}
+
+TEST_F(QXRegFileType, KeysAreFoundInAnyCaseAndStayBelowTheRoot) {
+  const std::string odd("a/b%\x01\0", 6);
+  for (const std::string& level : {std::string(".."), std::string("."), odd}) {
+    EXPECT_TRUE(WriteClassesValue("\\" + level + "\\Sub", "value of " + level));
+    EXPECT_EQ(ReadClassesValue(level + "\\\\SUB\\"), "value of " + level);
+  }
+  EXPECT_EQ(ReadClassesKeys(), (std::vector<std::string>{".", "..", odd}));
+  EXPECT_TRUE(fs::exists(Class("a%2Fb%25%01%00/Sub/%default")));
+  EXPECT_TRUE(fs::exists(Class("%2E%2E/Sub/%default")));
+  EXPECT_TRUE(WriteClassesValue("..\\sub", "new"));
+  EXPECT_EQ(ReadClassesValue("..\\Sub"), "new");
+  EXPECT_FALSE(WriteClassesValue(std::string(300, 'n'), ""));
+  DeleteClassesValue("..\\Sub");
+  EXPECT_FALSE(fs::exists(Class("%2E%2E")));
+  EXPECT_TRUE(fs::exists(Class("%2E")));
+}
+
+TEST_F(QXRegFileType, TheDesktopOpensAFileWithTheProgramWhateverTheNames) {
+  for (const std::string tool :
+       {"gio", "update-mime-database", "update-desktop-database", "desktop-file-validate"})
+    ASSERT_EQ(std::system(("command -v >/dev/null " + tool).c_str()), 0)
+        << "apt-get install -y shared-mime-info libglib2.0-bin desktop-file-utils";
+  const std::string file = folder_.Make("\xE8\xA8\x82 \xE5\x96\xAE.QXO", "text");  // 訂 單
+  for (const char* const name :
+       {"orders", "my \"orders\"", "it's 100%f %% a=b", "$HOME ${HOME} $(id)", "`id` \\s\\\\ \\\"",
+        "a;b|c&d<e>#*?", "line\nExec=false\ttab", "\xE8\xA8\x82\xE5\x96\xAE"}) {
+    const std::string program = folder_.File(std::string("bin x/") + name);
+    MakeProgram(program);
+    RegFileType(".qxo", "QXOrder", program, "a<b>&\"\n", 0);
+    EXPECT_EQ(NoteOfOpening(file), "1\n" + file + "\n") << name;
+    setenv("ENTRY", Entry("qxorder").c_str(), 1);
+    EXPECT_EQ(std::system("desktop-file-validate \"$ENTRY\""), 0) << BytesOf(Entry("qxorder"));
+  }
+  EXPECT_EQ(std::system("gio mime application/x-qxtools-qxorder | grep -q qxtools-qxorder.desktop"), 0);
+  const std::string quoted = "\"" + folder_.File("bin x/orders") + "\"";
+  RegFileType(".qxo", "QXOrder", quoted, "", 0);
+  EXPECT_EQ(NoteOfOpening(file), "1\n" + file + "\n");
+}
+
+TEST_F(QXRegFileType, WhatIsPublishedFollowsWhatIsStored) {
+  RegFileType(".qxo", "QXOrder", "/opt/o", "\xAD\x71\xB3\xE6 <&>", 0);
+  const auto once = FilesBelow("");
+  RegFileType(".QXO", "qxorder", "/opt/o", "\xAD\x71\xB3\xE6 <&>", 0);
+  RegFileType(".qxo", "QXOrder", "/opt/o", "\xAD\x71\xB3\xE6 <&>", 0);
+  EXPECT_EQ(FilesBelow(""), once);
+  RegFileType(".q[2]", "QXOrder", "/opt/o", "\xAD\x71\xB3\xE6 <&>", 0);
+  EXPECT_NE(Package("qxorder").find("<comment>\xE8\xA8\x82\xE5\x96\xAE &lt;&amp;&gt;</comment>\n"
+                                    "    <glob pattern=\"*.q[[]2]\" weight=\"80\"/>\n"
+                                    "    <glob pattern=\"*.qxo\" weight=\"80\"/>\n"),
+            std::string::npos);
+  RegFileType(".qxo", "Other_Type", "/opt/p", "Other", 0);  // moves
+  EXPECT_EQ(Package("qxorder").find("*.qxo"), std::string::npos);
+  EXPECT_NE(Package("other_5ftype").find("*.qxo"), std::string::npos);
+  EXPECT_TRUE(UnregFileType(".q[2]"));
+  EXPECT_FALSE(UnregFileType(".q[2]"));
+  EXPECT_FALSE(fs::exists(Entry("qxorder")));
+  EXPECT_EQ(ReadClassesKeys(), (std::vector<std::string>{".qxo", "Other_Type"}));
+  EXPECT_EQ(Defaults(),
+            "[Default Applications]\napplication/x-qxtools-other_5ftype=qxtools-other_5ftype.desktop\n");
+}
+
+TEST_F(QXRegFileType, TheUsersOtherDefaultsStay) {
+  const std::string others = "[Added Associations]\na/b=c\n\n[Default Applications]\r\ntext/plain=e.desktop";
+  const std::string list = folder_.File("config/mimeapps.list");
+  const std::string line = "application/x-qxtools-t=qxtools-t.desktop\n";
+  MakeFile(list, others);
+  RegFileType(".t", "T", "/opt/t", "", 0);
+  EXPECT_EQ(Defaults(),
+            "[Added Associations]\na/b=c\n\n[Default Applications]\r\n" + line + "text/plain=e.desktop");
+  UnregFileType(".t");
+  EXPECT_EQ(Defaults(), others);
+  MakeFile(list, "a\n[X]");
+  RegFileType(".t", "T", "/opt/t", "", 0);
+  EXPECT_EQ(Defaults(), "a\n[X]\n[Default Applications]\n" + line);
+  fs::remove(list);
+  RegFileType(".t", "T", "/opt/t", "", 0);
+  UnregFileType(".t");
+  EXPECT_FALSE(fs::exists(list));
+}
+
+TEST_F(QXRegFileType, APictureBesideTheProgramIsTheIcon) {
+  const std::string png = std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0\x31", 20);  // 49 wide
+  const std::string icon = folder_.File("data/icons/hicolor/48x48/mimetypes/application-x-qxtools-t.png");
+  MakeFile(folder_.File("t.png"), png);
+  RegFileType(".t", "T", folder_.File("t.exe"), "", 0);
+  EXPECT_EQ(BytesOf(icon), png);
+  EXPECT_NE(BytesOf(Entry("t")).find("\nIcon=application-x-qxtools-t\n"), std::string::npos);
+  fs::remove(folder_.File("t.png"));
+  RegFileType(".t", "T", folder_.File("t.exe"), "", 0);
+  EXPECT_FALSE(fs::exists(icon));
+  EXPECT_EQ(BytesOf(Entry("t")).find("Icon="), std::string::npos);
+}
+
+TEST_F(QXRegFileType, NamesThatTheDesktopCannotHaveOnlyStandInTheRegistry) {
+  for (const char* const ext : {"qxo", ".", ".a\n*", ".a/b", ".a:cs"}) {
+    RegFileType(ext, "T", "/opt/t", "", 0);
+    EXPECT_EQ(ReadClassesValue("\\" + std::string(ext)), "T");
+    EXPECT_FALSE(fs::exists(Entry("t"))) << ext;
+  }
+  RegFileType(".t", "T", std::string("/opt/t\0x", 8), "", 0);
+  EXPECT_FALSE(fs::exists(Entry("t")));
+  unsetenv("XDG_DATA_HOME");
+  setenv("HOME", "relative", 1);
+  RegFileType(".t", "T", "/opt/t", "", 0);
+  EXPECT_EQ(ReadClassesValue("\\.t"), std::nullopt);
+}
+
+}  // namespace
