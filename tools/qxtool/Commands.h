@@ -11,5 +11,6 @@ void AddStoreCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);
 void AddFrameCommand(CLI::App& app);
 void AddDateCommand(CLI::App& app);
+void AddFileTypeCommand(CLI::App& app);
 
 }  // namespace qxtool

@@ -32,6 +32,7 @@ void AddCommands(CLI::App& app) {
   qxtool::AddConvertCommand(app);
   qxtool::AddFrameCommand(app);
   qxtool::AddDateCommand(app);
+  qxtool::AddFileTypeCommand(app);
 }
 
 int Fail(const char* message) {

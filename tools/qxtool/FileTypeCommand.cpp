@@ -1,0 +1,123 @@
+// qxtool filetype: registers, shows and removes file types, and says what registering would do.
+#include <qxTools/platform/Registry.h>
+#include <qxTools/shell/QXRegFileType.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "Commands.h"
+#include "Edge.h"
+#include "TextTable.h"
+
+namespace qxtool {
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::QXRegFileType;
+
+struct Options {
+  std::string extension;
+  std::string type;
+  std::string program;
+  std::string description;
+  Integer icon = 0;
+};
+
+/// A path below the current folder would mean another file in another folder.
+std::string PathOf(const std::string& program) {
+  if (program.find('/') == std::string::npos) return program;
+  return std::filesystem::absolute(program).lexically_normal().string();
+}
+
+/// Calls `take` with the arguments of a registration, as the library wants them.
+template <class Take>
+auto WithArguments(const Options& options, Take&& take) {
+  return take(FromArgument(options.extension), FromArgument(options.type), PathOf(options.program),
+              FromArgument(options.description), options.icon);
+}
+
+void Register(const Options& options) {
+  Naming(options.extension, [&] { WithArguments(options, RegFileType); });
+  for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
+    if (ReadClassesValue(value.Key) != value.Value)
+      throw Failure(Visible(options.extension) + ": key " + Visible(value.Key) + " cannot be written");
+}
+
+TextRow RowOf(const std::string& extension) {
+  const std::string name = ReadClassesValue("\\" + extension).value_or("");
+  const FileType type = GetFileType(name);
+  return {extension, name, type.description, type.program, MimeTypeOf(name)};
+}
+
+void Show(const Options& options) {
+  const std::string wanted = FromArgument(options.extension);
+  std::vector<TextRow> rows;
+  if (wanted.empty())
+    for (const std::string& extension : GetFileTypeExtensions()) rows.push_back(RowOf(extension));
+  else if (ReadClassesValue("\\" + wanted))
+    rows.push_back(RowOf(wanted));
+  else
+    throw Failure(Visible(options.extension) + ": not registered");
+  Print(AlignRows({"Extension", "Type", "Description", "Program", "MIME type"}, rows));
+}
+
+void Remove(const Options& options) {
+  if (!ReadClassesValue("\\" + FromArgument(options.extension)))
+    throw Failure(Visible(options.extension) + ": not registered");
+  if (!UnregFileType(FromArgument(options.extension)))
+    throw Failure(Visible(options.extension) + ": cannot be removed");
+}
+
+void PrintFile(const DesktopFile& file) {
+  const bool isText = file.bytes->find('\0') == std::string::npos && file.bytes->ends_with('\n');
+  PrintBytes("\n" + file.path + "\n");
+  PrintBytes(isText ? *file.bytes : "(" + std::to_string(file.bytes->size()) + " bytes)\n");
+}
+
+void ShowPlan(const Options& options) {
+  std::vector<TextRow> rows;
+  for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
+    rows.push_back({value.Key, value.Value});
+  Print(AlignRows({"Key", "Value"}, rows));
+  for (const DesktopFile& file : DesktopFilesOf(WithArguments(options, PlanFileType)))
+    if (file.bytes) PrintFile(file);
+}
+
+using SharedOptions = std::shared_ptr<Options>;
+
+CLI::App* AddAction(CLI::App& command, const char* name, const char* help, const SharedOptions& options,
+                    void (*run)(const Options&)) {
+  CLI::App* const action = command.add_subcommand(name, help);
+  action->callback([options, run] { run(*options); });
+  return action;
+}
+
+void AddRegistration(CLI::App& action, Options& options) {
+  action.add_option("EXT", options.extension, "The extension, with its dot")->required();
+  action.add_option("TYPE", options.type, "The name of the file type")->required();
+  action.add_option("PROGRAM", options.program, "The program that opens the files")->required();
+  action.add_option("DESCRIPTION", options.description, "What the files are called");
+  action.add_option("--icon", options.icon, "The number of the icon")->capture_default_str();
+}
+
+}  // namespace
+
+void AddFileTypeCommand(CLI::App& app) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command = app.add_subcommand("filetype", "Register file types with the desktop");
+  command->require_subcommand(1);
+  command->fallthrough();
+  AddRegistration(
+      *AddAction(*command, "register", "Open files of an extension with a program", options, Register),
+      *options);
+  AddRegistration(*AddAction(*command, "dry-run", "Show what registering would write", options, ShowPlan),
+                  *options);
+  AddAction(*command, "show", "Show what is registered", options, Show)
+      ->add_option("EXT", options->extension, "One extension only");
+  AddAction(*command, "remove", "Take a registration back", options, Remove)
+      ->add_option("EXT", options->extension, "The extension, with its dot")
+      ->required();
+}
+
+}  // namespace qxtool
