@@ -7,10 +7,10 @@ namespace qxtool {
 
 void AddCallCommand(CLI::App& app);
 void AddCommandCommand(CLI::App& app);
-void AddStoreCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);
-void AddFrameCommand(CLI::App& app);
 void AddDateCommand(CLI::App& app);
 void AddFileTypeCommand(CLI::App& app);
+void AddFrameCommand(CLI::App& app);
+void AddStoreCommand(CLI::App& app);
 
 }  // namespace qxtool

@@ -28,11 +28,11 @@ void AddCommands(CLI::App& app) {
   app.fallthrough();
   qxtool::AddCallCommand(app);
   qxtool::AddCommandCommand(app);
-  qxtool::AddStoreCommand(app);
   qxtool::AddConvertCommand(app);
-  qxtool::AddFrameCommand(app);
   qxtool::AddDateCommand(app);
   qxtool::AddFileTypeCommand(app);
+  qxtool::AddFrameCommand(app);
+  qxtool::AddStoreCommand(app);
 }
 
 int Fail(const char* message) {
