@@ -11,8 +11,8 @@
 
 namespace qxTools {
 
-/// Whether something of that name is there. What may not be looked at counts as there: it will fail when it is
-/// opened, where a missing file would pass unseen.
+/// Whether something of that name is there. What may not be looked at counts as there: it will fail when it
+/// is opened, where a missing file would pass unseen.
 QXTOOLS_API bool FileExists(const std::string& fileName);
 
 /// The bytes of a file.
