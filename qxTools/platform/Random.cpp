@@ -1,7 +1,6 @@
 #include <qxTools/platform/Random.h>
 
 #include <algorithm>
-#include <random>
 
 namespace qxTools {
 
@@ -9,9 +8,14 @@ namespace {
 
 RandomSource* pluggedIn = nullptr;
 
-std::mt19937& BuiltIn() {
-  static std::mt19937 generator;  // the standard's default seed: one fixed state
-  return generator;
+std::uint64_t state = 0;  // the one fixed state that every process starts from
+
+// SplitMix64 (Steele, Lea and Flood, 2014), of whose numbers the upper half is taken.
+std::uint32_t DrawBuiltIn() {
+  state += 0x9E3779B97F4A7C15;
+  std::uint64_t mixed = (state ^ state >> 30) * 0xBF58476D1CE4E5B9;
+  mixed = (mixed ^ mixed >> 27) * 0x94D049BB133111EB;
+  return static_cast<std::uint32_t>((mixed ^ mixed >> 31) >> 32);
 }
 
 }  // namespace
@@ -26,7 +30,7 @@ RandomSource* SetRandomSource(RandomSource* source) {
 
 void DrawRandom(std::uint32_t* numbers, std::size_t count) {
   if (pluggedIn != nullptr) return pluggedIn->Draw(numbers, count);
-  std::generate_n(numbers, count, [&] { return static_cast<std::uint32_t>(BuiltIn()()); });
+  std::generate_n(numbers, count, DrawBuiltIn);
 }
 
 }  // namespace qxTools
