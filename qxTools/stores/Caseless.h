@@ -1,5 +1,5 @@
 /// @file
-/// Hash tables whose keys are names that ignore letter case. For the stores' own use.
+/// A hash for names that ignore letter case. For the stores' own use.
 #pragma once
 
 #include <qxTools/runtime/Ascii.h>
@@ -9,16 +9,11 @@
 
 namespace qxTools::stores {
 
-struct CaselessHash {
-  std::size_t operator()(std::string_view name) const {
-    std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a
-    for (const char c : name) hash = (hash ^ static_cast<unsigned char>(UpperChar(c))) * 0x100000001B3;
-    return static_cast<std::size_t>(hash ^ hash >> 32);
-  }
-};
-
-struct CaselessEqual {
-  bool operator()(std::string_view a, std::string_view b) const { return SameText(a, b); }
-};
+/// Equal for names that are SameText.
+inline std::size_t CaselessHash(std::string_view name) {
+  std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a
+  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(UpperChar(c))) * 0x100000001B3;
+  return static_cast<std::size_t>(hash ^ hash >> 32);
+}
 
 }  // namespace qxTools::stores

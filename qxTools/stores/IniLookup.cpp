@@ -7,6 +7,7 @@ namespace qxTools::qxIniTools {
 using qxTreeList::IsInSubtree;
 using qxTreeList::Predecessor;
 using qxTreeList::Successor;
+using stores::CaselessHash;
 
 namespace {
 
@@ -19,15 +20,13 @@ constexpr Integer kShortRecord = 16;  // a walk over so few names is as quick
 void FirstByName::Build(pQXTreeNodeLink parent) {
   FParent = nullptr;
   FShared = false;
-  FLinks.clear();
-  FLinks.reserve(static_cast<std::size_t>(parent->Count));
+  FLinks.Clear();
   for (pQXTreeNodeLink link = parent->FirstChild; link != nullptr; link = link->Next) Put(link);
   FParent = parent;
 }
 
 pQXTreeNodeLink FirstByName::Find(std::string_view name) const {
-  const auto found = FLinks.find(name);
-  return found != FLinks.end() ? found->second : nullptr;
+  return FLinks.Find(CaselessHash(name), Bears(name));
 }
 
 pQXTreeNodeLink FirstByName::Walk(pQXTreeNodeLink parent, std::string_view name) const {
@@ -45,14 +44,16 @@ void FirstByName::Append(pQXTreeNodeLink link) {
 }
 
 void FirstByName::Put(pQXTreeNodeLink link) {
-  if (PairOf(link) != nullptr && !FLinks.emplace(NameOf(link), link).second) FShared = true;
+  if (PairOf(link) == nullptr) return;
+  const std::string_view name = NameOf(link);
+  if (FLinks.Insert(link, CaselessHash(name), Bears(name)) != nullptr) FShared = true;
 }
 
 void FirstByName::Remove(pQXTreeNodeLink link) {
   if (FParent == nullptr || PairOf(link) == nullptr) return;
-  const auto found = FLinks.find(NameOf(link));
-  if (found == FLinks.end() || found->second != link) return;
-  FLinks.erase(found);
+  const std::string_view name = NameOf(link);
+  if (Find(name) != link) return;
+  FLinks.Erase(CaselessHash(name), Bears(name));
   if (FShared) Drop();
 }
 

@@ -4,10 +4,9 @@
 #pragma once
 
 #include <qxTools/stores/Caseless.h>
+#include <qxTools/stores/LinkTable.h>
 #include <qxTools/stores/TreeOrder.h>
 #include <qxTools/stores/qxIniTools.h>
-
-#include <unordered_map>
 
 namespace qxTools::qxIniTools {
 
@@ -41,11 +40,14 @@ class FirstByName {
  private:
   void Put(pQXTreeNodeLink link);
   std::string_view NameOf(pQXTreeNodeLink link) const { return View(PairOf(link)->*FName); }
+  auto Bears(std::string_view name) const {
+    return [this, name](pQXTreeNodeLink link) { return SameText(NameOf(link), name); };
+  }
 
   char* TQXIniPair::*FName;
   pQXTreeNodeLink FParent = nullptr;
   bool FShared = false;  // a name was met twice: when the first goes, the next is not known
-  std::unordered_map<std::string_view, pQXTreeNodeLink, stores::CaselessHash, stores::CaselessEqual> FLinks;
+  qxTreeList::LinkTable FLinks;
 };
 
 /// The nodes of a section by their number in tree order. The last place is remembered, and the next search

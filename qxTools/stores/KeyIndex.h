@@ -2,10 +2,9 @@
 /// From a node's key to its link, in constant time on average. For the tree store's own use.
 #pragma once
 
-#include <qxTools/stores/qxTreeList.h>
+#include <qxTools/stores/LinkTable.h>
 
 #include <unordered_map>
-#include <vector>
 
 namespace qxTools::qxTreeList {
 
@@ -22,24 +21,11 @@ class KeyIndex {
   bool IsShared(const TNodeKey& key) const;
 
  private:
-  // Open addressing; the next slot is the next choice, and a slot without a link ends the search.
-  struct Slot {
-    pQXTreeNodeLink link = nullptr;
-    pQXTreeNode node = nullptr;  // the link's, to reach the key without a step in between
-    std::size_t hash = 0;
-  };
-
   struct Hash {
     std::size_t operator()(const TNodeKey& key) const;
   };
 
-  std::size_t SlotOf(const TNodeKey& key, std::size_t hash) const;
-  std::size_t Mask() const { return FSlots.size() - 1; }
-  void EmptySlot(std::size_t slot);
-  void Grow();
-
-  std::vector<Slot> FSlots;  // a power of two of them
-  std::size_t FUsed = 0;
+  LinkTable FLinks;
   std::unordered_map<TNodeKey, std::size_t, Hash> FShared;
 };
 

@@ -3,7 +3,7 @@
 #include <qxTools/platform/VirtualMemory.h>
 #include <qxTools/runtime/Exceptions.h>
 #include <qxTools/stores/KeyIndex.h>
-#include <qxTools/stores/Records.h>
+#include <qxTools/stores/NodePool.h>
 #include <qxTools/stores/TreeOrder.h>
 #include <qxTools/stores/qxTreeList.h>
 
@@ -25,18 +25,15 @@ TNodeKey FreshKey() {
   return QXUniKey::UniKeyBytes(key) ? TNodeKey(std::string_view(key.data(), key.size())) : TNodeKey();
 }
 
-// A store's link and its node lie in one block.
-struct Entry {
-  LinkWithLastChild link;
-  TQXTreeNode node;
-};
+void* MakeData(Integer size) { return size > 0 ? MakeRecord(static_cast<std::size_t>(size)) : nullptr; }
 
-pQXTreeNodeLink MakeEntry(Integer dataSize, const TNodeKey& parentKey, const TNodeKey& key, Integer level) {
-  Record block(MakeRecord(sizeof(Entry)));
-  void* const data = dataSize > 0 ? MakeRecord(static_cast<std::size_t>(dataSize)) : nullptr;
-  auto* const entry = new (block.release()) Entry{{}, {parentKey, key, data, level}};
-  entry->link.Node = &entry->node;
-  return &entry->link;
+pQXTreeNodeLink MakeRecords(Integer dataSize, const TNodeKey& key) {
+  Record link(MakeRecord(sizeof(LinkWithLastChild)));
+  Record node(MakeRecord(sizeof(TQXTreeNode)));
+  void* const data = MakeData(dataSize);
+  auto* const made = new (link.release()) LinkWithLastChild();
+  made->Node = new (node.release()) TQXTreeNode{{}, key, data, 0};
+  return made;
 }
 
 // The first node with that key in the subtree of `top`.
@@ -76,13 +73,7 @@ std::size_t BlockSize(Integer size) { return static_cast<std::uint32_t>(size) + 
 
 void NewTreeNode(pQXTreeNodeLink& Link) { NewTreeNode(0, Link); }
 
-void NewTreeNode(Integer DataSize, pQXTreeNodeLink& Link) {
-  Record link(MakeRecord(sizeof(LinkWithLastChild)));
-  Record node(MakeRecord(sizeof(TQXTreeNode)));
-  void* const data = DataSize > 0 ? MakeRecord(static_cast<std::size_t>(DataSize)) : nullptr;
-  Link = new (link.release()) LinkWithLastChild();
-  Link->Node = new (node.release()) TQXTreeNode{{}, FreshKey(), data, 0};
-}
+void NewTreeNode(Integer DataSize, pQXTreeNodeLink& Link) { Link = MakeRecords(DataSize, FreshKey()); }
 
 void FreeTreeNode(pQXTreeNodeLink Link) { FreeTreeNode(0, Link); }
 
@@ -114,27 +105,24 @@ void vFreeMem(void* P) {
 
 // --- The store: making and freeing -------------------------------------------
 
-TQXTreeNodes::TQXTreeNodes(Integer ADataSize) : FDataSize(ADataSize) {
+TQXTreeNodes::TQXTreeNodes(Integer ADataSize) : FDataSize(ADataSize), FPool(std::make_unique<NodePool>()) {
   FreshKey();  // on purpose: the root draws a key like every node, and drops it
-  FRoot = MakeEntry(ADataSize, {}, kRootKey, 0);
+  FRoot = MakeRecords(ADataSize, kRootKey);
 }
 
-TQXTreeNodes::~TQXTreeNodes() {
-  Clear();
-  if (FDataSize > 0) MemFree(FRoot->Node->Data);
-  MemFree(FRoot);
-}
+TQXTreeNodes::~TQXTreeNodes() { FreeTreeNode(FDataSize, FRoot); }
 
 pQXTreeNodeLink TQXTreeNodes::MakeLink(pQXTreeNodeLink parent) {
+  Record data(MakeData(FDataSize));
   const TQXTreeNode& node = *parent->Node;
-  const pQXTreeNodeLink link = MakeEntry(FDataSize, node.Key, FreshKey(), node.Level + 1);
+  const pQXTreeNodeLink link = FPool->Make(node.Key, FreshKey(), data.get(), node.Level + 1);
   try {
     if (FIndex != nullptr) FIndex->Insert(link);
   } catch (...) {
-    if (FDataSize > 0) MemFree(link->Node->Data);
-    MemFree(link);
+    FPool->Free(link);
     throw;
   }
+  data.release();
   return link;
 }
 
@@ -142,7 +130,7 @@ pQXTreeNodeLink TQXTreeNodes::MakeLink(pQXTreeNodeLink parent) {
 void TQXTreeNodes::FreeLink(pQXTreeNodeLink link) {
   if (link == FCurrent) FCurrent = nullptr;
   if (FIndex != nullptr) FIndex->Erase(link);
-  MemFree(link);
+  FPool->Free(link);
 }
 
 // Children first, down to a leaf and back by the parents.
@@ -214,8 +202,11 @@ void TQXTreeNodes::Delete(pQXTreeNode Node) {
 void TQXTreeNodes::Delete(const TNodeKey&, Integer) {}
 
 void TQXTreeNodes::Clear() {
+  if (FCurrent != FRoot) FCurrent = nullptr;
   FIndex.reset();
-  FreeBelow(FRoot);
+  FPool->FreeAll();
+  FRoot->FirstChild = LastChildOf(FRoot) = nullptr;
+  FRoot->Count = 0;
 }
 
 // --- The store: finding ------------------------------------------------------

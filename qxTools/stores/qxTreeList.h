@@ -89,6 +89,7 @@ QXTOOLS_API void vFreeMem(void* P);
 // --- The store ---------------------------------------------------------------
 
 class KeyIndex;
+class NodePool;
 
 class QXTOOLS_API TQXTreeNodes : public TObject {
  public:
@@ -182,6 +183,7 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
   pQXTreeNodeLink FCurrent = nullptr;
   bool FOpened = false;
   Integer FDataSize = 0;
+  std::unique_ptr<NodePool> FPool;
   mutable std::unique_ptr<KeyIndex> FIndex;  // made by the first search for a key
 };
 

@@ -1,0 +1,34 @@
+/// @file
+/// The links and nodes of one tree, many to a block of memory. For the stores' own use.
+#pragma once
+
+#include <qxTools/stores/Records.h>
+#include <qxTools/stores/TreeOrder.h>
+
+#include <vector>
+
+namespace qxTools::qxTreeList {
+
+/// Making and freeing one takes constant time; freeing all takes no time for each. What is freed singly is
+/// used again, and goes back to the system with all others.
+class NodePool {
+ public:
+  /// A link in no tree, with its node. @throws std::bad_alloc
+  pQXTreeNodeLink Make(const TNodeKey& parentKey, const TNodeKey& key, void* data, Integer level);
+  void Free(pQXTreeNodeLink link);
+  void FreeAll();
+
+ private:
+  struct Entry : LinkWithLastChild {
+    TQXTreeNode node;
+  };
+
+  void* Take();
+
+  std::vector<stores::Record> FBlocks;
+  std::size_t FBlockSize = 0;  // of the last block, in entries
+  std::size_t FUsed = 0;
+  pQXTreeNodeLink FFreed = nullptr;  // tied together by Next
+};
+
+}  // namespace qxTools::qxTreeList
