@@ -83,6 +83,7 @@ std::size_t TStrings::Checked(Integer index) const {
 }
 
 void TStrings::Changed() {
+  ++changes_;
   if (updates_ == 0 && onChange_) onChange_(this);
 }
 

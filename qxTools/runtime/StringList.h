@@ -55,12 +55,17 @@ class QXTOOLS_API TStrings : public TObject {
   void BeginUpdate() { ++updates_; }
   void EndUpdate();
 
+ protected:
+  /// Goes up with every change, so that what was worked out from the lines can be kept until the next.
+  std::uint64_t GetChanges() const { return changes_; }
+
  private:
   std::size_t Checked(Integer index) const;
   void Changed();
 
   std::vector<std::string> lines_;
   TNotifyEvent onChange_;
+  std::uint64_t changes_ = 0;
   int updates_ = 0;
 };
 
