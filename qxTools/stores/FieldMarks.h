@@ -1,0 +1,41 @@
+/// @file
+/// Where the fields of a table's line begin and end. For the string table and what shows tables.
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace qxTools::QXStringTable {
+
+inline constexpr std::string_view kFieldBegin = "[#";
+inline constexpr std::string_view kFieldEnd = "#]";
+
+/// The offsets of each "[#" and of each "#]". On purpose they are counted apart and are no pairs: "[#]" holds
+/// one of each. Field i, from 0, stands between the i-th of both.
+class FieldMarks {
+ public:
+  FieldMarks() = default;
+  explicit FieldMarks(std::string_view line) {
+    for (std::size_t i = line.find('#'); i != std::string_view::npos; i = line.find('#', i + 1)) {
+      if (i > 0 && line[i - 1] == '[') FBegins.push_back(i - 1);
+      if (i + 1 < line.size() && line[i + 1] == ']') FEnds.push_back(i);
+    }
+  }
+
+  std::size_t Count() const { return std::min(FBegins.size(), FEnds.size()); }
+  const std::vector<std::size_t>& Begins() const { return FBegins; }
+  const std::vector<std::size_t>& Ends() const { return FEnds; }
+
+  /// The text of field `i` below Count in the line; "" where the marks overlap.
+  std::string_view Text(std::string_view line, std::size_t i) const {
+    const std::size_t start = FBegins[i] + kFieldBegin.size();
+    return start < FEnds[i] ? line.substr(start, FEnds[i] - start) : std::string_view();
+  }
+
+ private:
+  std::vector<std::size_t> FBegins;
+  std::vector<std::size_t> FEnds;
+};
+
+}  // namespace qxTools::QXStringTable

@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+#include <qxTools/runtime/Ascii.h>
+#include <qxTools/stores/QXStringTable.h>
+#include <qxTools/strings/QXStrTools.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <random>
+#include <string>
+
+#include "support/MessageOf.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::QXStringTable;
+using qxTools::test::BytesOf;
+using qxTools::test::MessageOf;
+using qxTools::test::TemporaryFolder;
+
+void Fill(TQXStringTable& table) {
+  table.SetText("[#Name#][#Phone#][#X#]\r\n[#Lee#][#555-0100#][##]\r\n[#\xA4\xFD#][##][#y#]\r\n");
+  table.Top();
+}
+
+// --- The definitions, step by step, on whole lines ---
+
+Integer CountOf(const std::string& line) {
+  return std::min(QXStrTools::Occurs("[#", line), QXStrTools::Occurs("#]", line));
+}
+
+std::string TextOf(const std::string& line, Integer i) {
+  const Integer start = QXStrTools::At("[#", line, i) + 2;
+  const Integer stop = QXStrTools::At("#]", line, i) - 1;
+  return QXStrTools::substr(line, start, stop - start + 1);
+}
+
+Integer IndexOf(const std::string& line, const std::string& name) {
+  for (Integer i = 1; i <= CountOf(line); ++i)
+    if (UpperCase(TextOf(line, i)) == UpperCase(name)) return i;
+  return 0;
+}
+
+TEST(QXStringTable, LinesAreReadByTheDefinition) {
+  std::mt19937 random(3);
+  const auto piece = [&] {
+    static const char* const pieces[] = {"[#", "#]", "[", "#", "]", "a", "A", "b"};
+    return pieces[random() % 8];
+  };
+  TQXStringTable table("");
+  for (int round = 0; round < 3000; ++round) {
+    std::string lines[3];
+    for (std::string& line : lines)
+      for (auto n = random() % 12; n > 0; --n) line += piece();
+    const std::string name = random() % 3 == 0 ? "" : piece();
+    const Integer index = IndexOf(lines[0], name);
+    ASSERT_EQ(FieldIndex(lines[0], name), index) << lines[0];
+    Integer position = -9;
+    Integer length = -9;
+    AtField(lines[0], name, position, length);
+    const Integer begin = QXStrTools::At("[#", lines[0], index);
+    const bool empty = lines[0].empty();
+    ASSERT_EQ(position, index > 0 ? begin + 2 : empty ? 0 : -9) << lines[0];
+    ASSERT_EQ(length, index > 0 ? QXStrTools::At("#]", lines[0], index) - begin - 3 : empty ? 0 : -9);
+    table.Clear();
+    for (const std::string& line : lines) table.Add(line);
+    table.Top();
+    ASSERT_EQ(table.GetFieldCount(), CountOf(lines[0]));
+    for (int record = 1; record <= 2; ++record, table.Next())
+      ASSERT_EQ(table.GetField(name), index > 0 ? TextOf(lines[record], index) : "")
+          << lines[0] << lines[record];
+  }
+}
+
+TEST(QXStringTable, ReplaceFieldKeepsWhatIsAroundTheField) {
+  const struct {
+    const char* record;
+    Integer index;
+    const char* want;
+  } cases[] = {
+      {"[#a#][#b#]", 2, "[#a#][# N #]"},
+      {"[#a#][#b#]tail", 1, "[# N #][#b#]tail"},
+      {"abc", 0, "a N abc"},
+      {"[#a#]", 2, "[ N [#a#]"},   // no such field: the first character, and all of it
+      {"[#a#][", 2, " N [#a#]["},  // the last character could have been one
+      {"[#a", 1, "[# N [#a"},      // a field that does not end
+      {"a#]", 1, "a N #]"},
+      {"", 0, " N "},
+      {"[#a#]", -1, "[ N [#a#]"},
+  };
+  for (const auto& row : cases)
+    EXPECT_EQ(ReplaceField(row.record, row.index, " N "), row.want) << row.record << " " << row.index;
+  EXPECT_EQ(GenField("  a b "), "[#a b#]");
+}
+
+TEST(QXStringTable, FieldsAreAddedAndRemovedInTheHeaderAlone) {
+  TQXStringTable table("");
+  table.AddRecord({"lost"});
+  table.NewEmptyRecord();
+  table.RemoveField("Name");
+  table.SetField("Name", "lost");
+  EXPECT_TRUE(table.GetEmpty());
+  EXPECT_EQ(table.GetField("Name"), "");
+  Fill(table);
+  table.AddField(" City ");
+  table.AddField("phone");
+  EXPECT_EQ(table.GetStrings(0), "[#Name#][#Phone#][#X#][#City#]");
+  table.RemoveField("x");  // of one character: it stays
+  table.RemoveField("none");
+  table.RemoveField("PHONE");
+  EXPECT_EQ(table.GetStrings(0), "[#Name#][#X#][#City#]");
+  EXPECT_EQ(table.GetStrings(1), "[#Lee#][#555-0100#][##]");
+  EXPECT_EQ(table.GetField("x"), "555-0100");
+}
+
+TEST(QXStringTable, RecordsHaveAsManyFieldsAsTheHeader) {
+  TQXStringTable table("");
+  Fill(table);
+  table.AddRecord({" a ", "b", "c", "d"});
+  table.AddRecord({"a"});
+  table.NewEmptyRecord();
+  EXPECT_EQ(table.GetStrings(3), "[#a#][#b#][#c#]");
+  EXPECT_EQ(table.GetStrings(4), "[#a#][##][##]");
+  EXPECT_EQ(table.GetStrings(5), "[##][##][##]");
+  EXPECT_EQ(table.GetRecNo(), 1);
+  table.RemoveRecord(5);
+  EXPECT_EQ(table.GetReccount(), 4);
+  EXPECT_EQ(MessageOf([&] { table.RemoveRecord(5); }), "List index out of bounds (5)");
+  table.SetText("no fields\r\n");
+  table.AddRecord({"a"});
+  EXPECT_EQ(table.GetText(), "no fields\r\n\r\n");
+}
+
+TEST(QXStringTable, TheCursorStaysInsideUnlessTheLinesGo) {
+  TQXStringTable table("");
+  const auto at = [&](void (TQXStringTable::*move)()) {
+    (table.*move)();
+    return table.GetRecNo();
+  };
+  EXPECT_EQ(at(&TQXStringTable::Top), 0);
+  EXPECT_EQ(at(&TQXStringTable::Next), 0);
+  EXPECT_EQ(at(&TQXStringTable::Bottom), 0);
+  Fill(table);
+  EXPECT_EQ(at(&TQXStringTable::Previous), 1);
+  EXPECT_EQ(at(&TQXStringTable::Next), 2);
+  EXPECT_EQ(at(&TQXStringTable::Next), 2);
+  EXPECT_EQ(at(&TQXStringTable::Top), 1);
+  EXPECT_EQ(at(&TQXStringTable::Bottom), 2);
+  table.RemoveRecord(1);
+  EXPECT_EQ(table.GetField("none"), "");
+  EXPECT_EQ(MessageOf([&] { table.GetField("Name"); }), "List index out of bounds (2)");
+  EXPECT_EQ(MessageOf([&] { table.SetField("Name", "a"); }), "List index out of bounds (2)");
+}
+
+TEST(QXStringTable, FieldsOfTheCurrentRecordAreReadAndWritten) {
+  TQXStringTable table("");
+  Fill(table);
+  EXPECT_EQ(table.GetField("NAME"), "Lee");
+  EXPECT_EQ(table.GetField("x"), "");
+  table.SetField("name", " Kim ");  // not trimmed
+  EXPECT_EQ(table.GetField("Name"), " Kim ");
+  table.SetField("none", "?");
+  EXPECT_EQ(table.GetStrings(1), "[?[# Kim #][#555-0100#][##]");
+  table.Next();
+  EXPECT_EQ(table.GetField("Name"), "\xA4\xFD");  // 王
+  table.SetText("[#A#]");
+  table.Top();
+  table.SetField("a", "B");  // the cursor is at 0
+  EXPECT_EQ(table.GetText(), "[#B#]\r\n");
+  EXPECT_EQ(table.GetField("b"), "B");
+}
+
+TEST(QXStringTable, ATableHasAFileOrIsInMemory) {
+  const TemporaryFolder folder;
+  const std::string name = folder.File("people.tbl");
+  {
+    TQXStringTable table(name);
+    EXPECT_EQ(BytesOf(name), "");
+    EXPECT_TRUE(std::filesystem::exists(name));
+    EXPECT_EQ(table.GetRecNo(), 0);
+    Fill(table);
+    table.UpdateTable();
+    table.AddField("lost");
+  }
+  TQXStringTable table(name);
+  EXPECT_EQ(table.GetRecNo(), 1);
+  EXPECT_EQ(table.GetFieldCount(), 3);
+  table.Bottom();
+  table.Clear();
+  table.RevertTable();
+  EXPECT_EQ(table.GetField("x"), "y");
+  std::filesystem::remove(name);
+  table.RevertTable();
+  EXPECT_EQ(table.GetReccount(), 2);
+  EXPECT_THROW(TQXStringTable(folder.Path()), EFOpenError);
+  EXPECT_THROW(TQXStringTable(folder.File("none/x")), EFCreateError);
+  for (const char* memory : {"", "#temp"}) {
+    TQXStringTable temporary(memory);
+    temporary.AddField("A");
+    temporary.UpdateTable();
+    temporary.RevertTable();
+    EXPECT_EQ(temporary.GetText(), "[#A#]\r\n");
+    EXPECT_FALSE(std::filesystem::exists(memory));
+  }
+}
+
+}  // namespace
