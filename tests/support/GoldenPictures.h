@@ -47,6 +47,7 @@ inline void DrawTriangles(TCanvas& canvas) {
   for (Integer i = 0; i < 4; ++i)
     Draw3Angle(canvas, {1 + 11 * i, 1, 9 + 11 * i, 7}, static_cast<TDrawAngleType>(i), ColorOf('r'));
   Draw3Angle(canvas, {45, 1, 51, 4}, daBottom, ColorOf('g'));
+  Draw3Angle(canvas, {0, 0, 53, 8}, static_cast<TDrawAngleType>(4), ColorOf('k'));  // no direction: nothing
 }
 
 inline void DrawTabs(TCanvas& canvas) {
