@@ -42,6 +42,7 @@ constinit auto units = std::to_array<Unit>({
     {"QXRegFileType"},
     {"QXSqlDefine"},
     {"QXSqlTools", QXSqlTools::FillGlobals, QXSqlTools::ReleaseGlobals},
+    {"QXStringTable"},
     {"QXTimeTools", QXTimeTools::FillGlobals, QXTimeTools::ReleaseGlobals},
     {"QXToDigit"},
     {"QXUniKey", QXUniKey::FillGlobals, QXUniKey::ReleaseGlobals},
