@@ -109,6 +109,7 @@ TEST(qxDrawTools, Numbers) {
 }
 
 TEST(qxDrawTools, PicturesAreThoseOfTheGoldenTexts) {
+  const BoxText painter;
   for (const GoldenPicture& golden : kGoldenPictures) {
     Paper paper(golden.width, golden.height);
     golden.draw(paper.GetCanvas());

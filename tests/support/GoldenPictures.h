@@ -1,5 +1,5 @@
 // What drawing gives, pixel for pixel, on every canvas. Each picture starts on paper; letters are those of
-// Picture.h.
+// Picture.h, and text is that of BoxText.h.
 #pragma once
 
 #include <qxTools/graphics/qxDrawTools.h>
@@ -55,6 +55,22 @@ inline void DrawTabs(TCanvas& canvas) {
   qxDrawTools::DrawTabset(canvas, {27, 1, 49, 13}, ColorOf('r'), 0, "", false);
 }
 
+inline void DrawAlignments(TCanvas& canvas) {
+  using namespace qxDrawTools;
+  canvas.SetBrushColor(ColorOf('g'));
+  for (Integer i = 0; i < 9; ++i) {
+    const Integer left = 1 + i / 3 * 11;
+    const Integer top = 1 + i % 3 * 6;
+    DrawText(canvas, {left, top, left + 9, top + 5}, "ab", static_cast<TAlignmentEx>(i));
+  }
+  DrawText(canvas, {34, 1, 42, 5}, "ab", TAlignmentEx(9));
+  DrawText(canvas, {35, 9, 40, 10}, "ab", aeAllCenter);  // too large: the halves go towards zero
+}
+
+inline void DrawCaption(TCanvas& canvas) {
+  qxDrawTools::DrawTabset(canvas, {0, 0, 23, 6}, ColorOf('r'), ColorOf('g'), "abc", true);
+}
+
 // clang-format off
 inline constexpr GoldenPicture kGoldenPictures[] = {
     {"bevels", 56, 8, DrawBevels,
@@ -104,6 +120,34 @@ inline constexpr GoldenPicture kGoldenPictures[] = {
      ".22555555555558.8...................\n"
      "....................................\n"
      "....................................\n"},
+    {"alignments", 44, 19, DrawAlignments,
+     "............................................\n"
+     ".kk.kk.......kk.kk........kk.kk...kk.kk.....\n"
+     ".kk.kk.......kk.kk........kk.kk...kk.kk.....\n"
+     "............................................\n"
+     "............................................\n"
+     "............................................\n"
+     "............................................\n"
+     "............................................\n"
+     ".kk.kk.......kk.kk........kk.kk.............\n"
+     ".kk.kk.......kk.kk........kk.kk....kk.kk....\n"
+     "............................................\n"
+     "............................................\n"
+     "............................................\n"
+     "............................................\n"
+     "............................................\n"
+     "............................................\n"
+     ".kk.kk.......kk.kk........kk.kk.............\n"
+     ".kk.kk.......kk.kk........kk.kk.............\n"
+     "............................................\n"},
+    {"caption", 24, 7, DrawCaption,
+     "kkkkkkkkkkkkkkkkkkkkkkkk\n"
+     ".krrrrrrrrrrrrrrrrrrrrk.\n"
+     "..krrrrggrggrggrrrrrrk..\n"
+     "...krrrggrggrggrrrrrk...\n"
+     "....krrrrrrrrrrrrrrk....\n"
+     ".....krrrrrrrrrrrrk.....\n"
+     "......kkkkkkkkkkkk......\n"},
 };
 // clang-format on
 

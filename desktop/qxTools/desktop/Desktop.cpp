@@ -1,0 +1,45 @@
+#include <qxTools/desktop/BitmapText.h>
+#include <qxTools/desktop/Desktop.h>
+#include <qxTools/desktop/Glyphs.h>
+#include <qxTools/desktop/QtScreen.h>
+#include <qxTools/desktop/SystemPalette.h>
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QApplication>
+
+namespace qxTools::desktop {
+
+class Desktop::Parts : public QObject {
+ public:
+  Parts() {
+    SetTextPainter(&text_);
+    SetScreenSource(&screen_);
+    SetSystemColors(SystemColorsOf(QApplication::palette()));
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+
+  ~Parts() override {
+    SetSystemColors(DefaultSystemColors());
+    SetScreenSource(nullptr);
+    SetTextPainter(nullptr);
+  }
+
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (event->type() == QEvent::ApplicationPaletteChange)
+      SetSystemColors(SystemColorsOf(QApplication::palette()));
+    return QObject::eventFilter(receiver, event);
+  }
+
+ private:
+  BitmapText text_;
+  QtScreen screen_;
+};
+
+Desktop::Desktop() {
+  RequireApplication();
+  parts_ = std::make_unique<Parts>();
+}
+
+Desktop::~Desktop() = default;
+
+}  // namespace qxTools::desktop

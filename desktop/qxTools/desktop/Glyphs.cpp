@@ -1,0 +1,36 @@
+#include <qxTools/desktop/Glyphs.h>
+#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/runtime/Exceptions.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QFontMetrics>
+
+namespace qxTools::desktop {
+
+void RequireApplication() {
+  if (QCoreApplication::instance() == nullptr) throw Exception("No application object");
+}
+
+QString ToQString(std::string_view text) { return QString::fromStdU16String(BytesToWide(text)); }
+
+TColor ToTColor(const QColor& color) {
+  return static_cast<TColor>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+TPoint MeasureGlyphs(const QFont& font, std::string_view text) {
+  RequireApplication();
+  const QFontMetrics metrics(font);
+  return {metrics.horizontalAdvance(ToQString(text)), metrics.height()};
+}
+
+void PaintGlyphs(QPainter& painter, const QFont& font, const TRect& clip, const TPoint& at,
+                 std::string_view text, TColor color) {
+  RequireApplication();
+  painter.setFont(font);
+  painter.setPen(ToQColor(color));
+  painter.setClipRect(clip.Left, clip.Top, clip.Right - clip.Left, clip.Bottom - clip.Top);
+  painter.drawText(QPointF(at.X, at.Y) + QPointF(0, QFontMetrics(font).ascent()), ToQString(text));
+  painter.setClipping(false);
+}
+
+}  // namespace qxTools::desktop

@@ -1,0 +1,32 @@
+// Text as Qt measures and paints it. The bytes are read by the library's own table of code page 950: the
+// toolkit's decoder reads some of them differently.
+#pragma once
+
+#include <qxTools/runtime/Geometry.h>
+#include <qxTools/runtime/Types.h>
+
+#include <QtGui/QFont>
+#include <QtGui/QPainter>
+#include <string_view>
+
+namespace qxTools::desktop {
+
+/// @throws Exception "No application object" unless the program has made one: without it Qt has no fonts.
+void RequireApplication();
+
+QString ToQString(std::string_view text);
+
+inline QColor ToQColor(TColor plainColor) {
+  return QColor(plainColor & 0xFF, plainColor >> 8 & 0xFF, plainColor >> 16 & 0xFF);
+}
+
+TColor ToTColor(const QColor& color);
+
+/// Width and height of one line of text.
+TPoint MeasureGlyphs(const QFont& font, std::string_view text);
+
+/// Paints nothing outside `clip`; `at` is the top left of the text.
+void PaintGlyphs(QPainter& painter, const QFont& font, const TRect& clip, const TPoint& at,
+                 std::string_view text, TColor color);
+
+}  // namespace qxTools::desktop

@@ -1,0 +1,55 @@
+#include <qxTools/desktop/Glyphs.h>
+#include <qxTools/desktop/QtCanvas.h>
+#include <qxTools/runtime/Bitmap.h>
+#include <qxTools/runtime/Exceptions.h>
+
+#include <QtGui/QImage>
+#include <cmath>
+
+namespace qxTools::desktop {
+
+namespace {
+
+/// A recording has no sides of its own; this is what a page or screen may need.
+constexpr TRect kRecordingBounds{0, 0, 32767, 32767};
+
+/// Widgets tell their size in logical pixels, all else in the device's own.
+TRect BoundsOf(const QPaintDevice& surface) {
+  if (surface.devType() == QInternal::Picture) return kRecordingBounds;
+  const double ratio = surface.devType() == QInternal::Widget ? 1 : surface.devicePixelRatioF();
+  const auto logical = [ratio](int size) { return static_cast<Integer>(std::ceil(size / ratio)); };
+  return {0, 0, logical(surface.width()), logical(surface.height())};
+}
+
+}  // namespace
+
+QtCanvas::QtCanvas(QPaintDevice& surface) {
+  if (!painter_.begin(&surface)) throw Exception("The surface cannot be painted");
+  font_ = painter_.font();
+  bounds_ = BoundsOf(surface);
+}
+
+QtCanvas::~QtCanvas() = default;
+
+Integer QtCanvas::TextWidth(std::string_view text) { return MeasureGlyphs(font_, text).X; }
+
+Integer QtCanvas::TextHeight(std::string_view text) { return MeasureGlyphs(font_, text).Y; }
+
+void QtCanvas::PaintRects(std::span<const TRect> rects, TColor color) {
+  const QColor solid = ToQColor(color);
+  for (const TRect& rect : rects)
+    painter_.fillRect(rect.Left, rect.Top, rect.Right - rect.Left, rect.Bottom - rect.Top, solid);
+}
+
+void QtCanvas::PaintBitmap(Integer x, Integer y, const TBitmap& bitmap) {
+  const auto* const pixels = reinterpret_cast<const uchar*>(bitmap.GetRow(0));
+  const qsizetype rowBytes = qsizetype{bitmap.GetWidth()} * 4;
+  const QImage image(pixels, bitmap.GetWidth(), bitmap.GetHeight(), rowBytes, QImage::Format_RGB32);
+  painter_.drawImage(x, y, image);
+}
+
+void QtCanvas::PaintText(const TRect& clip, const TPoint& at, std::string_view text, TColor color) {
+  PaintGlyphs(painter_, font_, clip, at, text, color);
+}
+
+}  // namespace qxTools::desktop

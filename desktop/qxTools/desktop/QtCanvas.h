@@ -1,0 +1,46 @@
+/// @file
+/// A canvas over anything that Qt paints on: a widget, a picture, a printer's page.
+///
+/// Pictures are those of a bitmap's canvas, pixel for pixel; only glyphs are the desktop's own. Coordinates
+/// are Qt's logical ones: on a surface with a device pixel ratio of 2 each pixel becomes 2 x 2.
+#pragma once
+
+#include <qxTools/desktop/Export.h>
+#include <qxTools/runtime/Canvas.h>
+
+#include <QtGui/QFont>
+#include <QtGui/QPainter>
+#include <vector>
+
+namespace qxTools::desktop {
+
+/// Paints from its making to its end; a widget makes it in paintEvent. The surface outlives it and is painted
+/// by nothing else meanwhile. The font is at first the surface's. Text needs the program's application
+/// object.
+class QXTOOLS_DESKTOP_API QtCanvas : public TCanvas {
+ public:
+  /// @throws Exception "The surface cannot be painted" when Qt refuses it: null, or being painted already.
+  explicit QtCanvas(QPaintDevice& surface);
+  ~QtCanvas() override;
+
+  const QFont& GetFont() const { return font_; }
+  void SetFont(const QFont& font) { font_ = font; }
+
+  /// @throws Exception "No application object".
+  Integer TextWidth(std::string_view text) override;
+  /// The height of a line, whatever it says. @throws Exception "No application object".
+  Integer TextHeight(std::string_view text) override;
+
+ protected:
+  TRect GetBounds() const override { return bounds_; }
+  void PaintRects(std::span<const TRect> rects, TColor color) override;
+  void PaintBitmap(Integer x, Integer y, const TBitmap& bitmap) override;
+  void PaintText(const TRect& clip, const TPoint& at, std::string_view text, TColor color) override;
+
+ private:
+  QPainter painter_;
+  QFont font_;
+  TRect bounds_;
+};
+
+}  // namespace qxTools::desktop

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QtWidgets/QApplication>
+
+namespace qxTools::test {
+
+/// Tests that run in a program with an application object.
+class WithApplication : public testing::Test {
+ private:
+  int count_ = 1;
+  char name_[5] = "test";
+  char* arguments_[2] = {name_, nullptr};
+  QApplication application_{count_, arguments_};
+};
+
+}  // namespace qxTools::test

@@ -1,0 +1,218 @@
+// Needs a Chinese font, as the package fonts-wqy-microhei has, and Qt's offscreen platform.
+#include <gtest/gtest.h>
+#include <qxTools/desktop/QtCanvas.h>
+
+#include <QtGui/QFontDatabase>
+#include <QtGui/QImage>
+#include <QtGui/QPicture>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+#include <random>
+
+#include "desktop/Application.h"
+#include "support/GoldenPictures.h"
+#include "support/MessageOf.h"
+
+namespace qxTools::test {
+
+namespace {
+
+using desktop::QtCanvas;
+
+/// With the text of BoxText instead of a font's.
+class BoxCanvas : public QtCanvas {
+ public:
+  using QtCanvas::QtCanvas;
+  Integer TextWidth(std::string_view text) override { return 3 * static_cast<Integer>(text.size()); }
+  Integer TextHeight(std::string_view) override { return 2; }
+
+ protected:
+  void PaintText(const TRect& clip, const TPoint& at, std::string_view text, TColor color) override {
+    for (Integer x = clip.Left; x < clip.Right; ++x)
+      for (Integer y = clip.Top; y < clip.Bottom; ++y) {
+        const TRect pixel{x, y, x + 1, y + 1};
+        const bool inText = x >= at.X && x < at.X + TextWidth(text) && y >= at.Y && y < at.Y + 2;
+        if (inText && (x - at.X) % 3 != 2) PaintRects({&pixel, 1}, color);
+      }
+  }
+};
+
+QRgb PaperColor() { return qRgb(0xFF, 0xFF, 0x80); }
+
+QImage QtPaper(Integer width, Integer height, int ratio = 1) {
+  QImage image(width * ratio, height * ratio, QImage::Format_RGB32);
+  image.setDevicePixelRatio(ratio);
+  image.fill(PaperColor());
+  return image;
+}
+
+/// The picture's letters; with a ratio above 1 every pixel must be a block of equal ones.
+std::string TextOf(const QImage& image, int ratio = 1) {
+  std::string text;
+  for (int y = 0; y < image.height(); y += ratio) {
+    for (int x = 0; x < image.width(); x += ratio) {
+      const QRgb pixel = image.pixel(x, y);
+      bool even = true;
+      for (int i = 0; i < ratio * ratio; ++i)
+        even = even && image.pixel(x + i % ratio, y + i / ratio) == pixel;
+      const auto color = static_cast<TColor>(qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16);
+      text += even ? LetterOf(color) : '#';
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+/// Random lines, polygons, fills and copies, the same for the same seed.
+void DrawAtRandom(TCanvas& canvas, unsigned seed) {
+  std::mt19937 random(seed);
+  const auto place = [&random] { return static_cast<Integer>(random() % 60) - 15; };
+  const auto rect = [&place] { return TRect{place(), place(), place(), place()}; };
+  TBitmap stamp;
+  Paint(stamp, "012\n345\n");
+  for (int i = 0; i < 8; ++i) {
+    canvas.SetPenColor(kInks[random() % std::size(kInks)].color);
+    canvas.SetBrushColor(kInks[random() % std::size(kInks)].color);
+    const TPoint corners[] = {{place(), place()}, {place(), place()}, {place(), place()}};
+    canvas.Polygon(corners);
+    canvas.LineTo(place(), place());
+    canvas.FillRect(rect());
+    canvas.CopyRect(rect(), stamp);
+  }
+}
+
+/// Whether a pixel that differs from the paper lies in the rectangle, and whether one lies outside.
+struct Inked {
+  Inked(const QImage& image, const QRect& rect) {
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        if (image.pixel(x, y) != PaperColor()) (rect.contains(x, y) ? inside : outside) = true;
+  }
+  bool inside = false;
+  bool outside = false;
+};
+
+constexpr char kOrder[] = "\xAD\x71\xB3\xE6";  // 訂單
+
+class QtCanvasTest : public WithApplication {};
+
+}  // namespace
+
+TEST_F(QtCanvasTest, GoldenPicturesAreThoseOfTheCore) {
+  for (const GoldenPicture& golden : kGoldenPictures)
+    for (const int ratio : {1, 2, 3}) {
+      QImage image = QtPaper(golden.width, golden.height, ratio);
+      BoxCanvas canvas(image);
+      golden.draw(canvas);
+      EXPECT_EQ(TextOf(image, ratio), golden.text) << golden.name << " at ratio " << ratio;
+    }
+}
+
+TEST_F(QtCanvasTest, RandomPicturesAreThoseOfTheCore) {
+  for (unsigned seed = 0; seed < 100; ++seed) {
+    Paper paper(30, 30);
+    DrawAtRandom(paper.GetCanvas(), seed);
+    for (const int ratio : {1, 2}) {
+      QImage image = QtPaper(30, 30, ratio);
+      QtCanvas canvas(image);
+      DrawAtRandom(canvas, seed);
+      ASSERT_EQ(TextOf(image, ratio), TextOf(paper)) << "seed " << seed << " at ratio " << ratio;
+    }
+  }
+}
+
+TEST_F(QtCanvasTest, EveryKindOfSurfaceCanBePainted) {
+  const GoldenPicture& golden = kGoldenPictures[0];
+  QPixmap pixmap = QPixmap::fromImage(QtPaper(golden.width, golden.height));
+  {
+    QtCanvas canvas(pixmap);
+    golden.draw(canvas);
+  }
+  EXPECT_EQ(TextOf(pixmap.toImage()), golden.text);
+
+  QPicture picture;
+  {
+    QtCanvas canvas(picture);
+    golden.draw(canvas);
+  }
+  QImage played = QtPaper(golden.width, golden.height);
+  QPainter(&played).drawPicture(0, 0, picture);
+  EXPECT_EQ(TextOf(played), golden.text);
+
+  class Form : public QWidget {
+    void paintEvent(QPaintEvent*) override {
+      QtCanvas canvas(*this);
+      canvas.SetBrushColor(ColorOf('.'));
+      canvas.FillRect({0, 0, width(), height()});
+      kGoldenPictures[0].draw(canvas);
+    }
+  } form;
+  form.resize(golden.width, golden.height);
+  EXPECT_EQ(TextOf(form.grab().toImage()), golden.text);
+}
+
+TEST_F(QtCanvasTest, ASurfaceThatIsBeingPaintedIsRefused) {
+  QImage image = QtPaper(8, 8);
+  const QtCanvas first(image);
+  EXPECT_EQ(MessageOf([&] { QtCanvas second(image); }), "The surface cannot be painted");
+}
+
+TEST_F(QtCanvasTest, GlyphsStayInTheClip) {
+  ASSERT_TRUE(QFontDatabase::families(QFontDatabase::TraditionalChinese).size() > 0)
+      << "a Chinese font is needed: package fonts-wqy-microhei";
+  for (const int ratio : {1, 2}) {
+    QImage image = QtPaper(60, 40, ratio);
+    QtCanvas canvas(image);
+    canvas.SetBrushStyle(bsClear);
+    canvas.SetFontColor(ColorOf('r'));
+    canvas.TextRect({10, 12, 20, 18}, 8, 8, kOrder);
+    const Inked ink(image, QRect(10 * ratio, 12 * ratio, 10 * ratio, 6 * ratio));
+    EXPECT_TRUE(ink.inside && !ink.outside) << "ratio " << ratio;
+  }
+}
+
+TEST_F(QtCanvasTest, ASolidBrushFillsBehindTheGlyphs) {
+  QImage image = QtPaper(60, 40);
+  QtCanvas canvas(image);
+  canvas.SetBrushColor(ColorOf('g'));
+  canvas.SetFontColor(ColorOf('g'));
+  canvas.TextRect({1, 1, 4, 3}, 0, 0, kOrder);
+  EXPECT_EQ(TextOf(image.copy(0, 0, 5, 4)), ".....\n.ggg.\n.ggg.\n.....\n");
+  EXPECT_FALSE(Inked(image, QRect(1, 1, 3, 2)).outside);
+}
+
+TEST_F(QtCanvasTest, TextIsReadByTheLibrarysTable) {
+  const char bytes[] = "\xA1\x45\xA1\x5A\xF9\xD6\xF9\xFA";  // other tables differ here
+  const QString text = QString::fromUtf16(u"\u2027\u2574\u7881\u256D");
+  QImage ours = QtPaper(99, 30);
+  QImage direct = QtPaper(99, 30);
+  QtCanvas canvas(ours);
+  canvas.SetBrushStyle(bsClear);
+  canvas.TextRect({0, 0, 99, 30}, 3, 4, bytes);
+  QPainter painter(&direct);
+  painter.drawText(3, 4 + painter.fontMetrics().ascent(), text);
+  EXPECT_EQ(ours, direct);
+  EXPECT_EQ(canvas.TextWidth(bytes), painter.fontMetrics().horizontalAdvance(text));
+  EXPECT_EQ(canvas.TextHeight(""), painter.fontMetrics().height());
+}
+
+TEST_F(QtCanvasTest, TextTakesTheCanvassFont) {
+  QImage image = QtPaper(8, 8);
+  QtCanvas canvas(image);
+  const Integer before = canvas.TextHeight(kOrder);
+  QFont large = canvas.GetFont();
+  large.setPixelSize(3 * before);
+  canvas.SetFont(large);
+  EXPECT_GT(canvas.TextHeight(kOrder), 2 * before);
+}
+
+TEST(QtCanvas, TextWithoutAnApplicationObjectIsAnError) {
+  QImage image = QtPaper(8, 8);
+  QtCanvas canvas(image);
+  canvas.LineTo(8, 8);  // needs none
+  EXPECT_EQ(MessageOf([&] { canvas.TextWidth("a"); }), "No application object");
+  EXPECT_EQ(MessageOf([&] { canvas.TextRect({0, 0, 8, 8}, 0, 0, "a"); }), "No application object");
+}
+
+}  // namespace qxTools::test
