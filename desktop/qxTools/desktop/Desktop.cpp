@@ -1,6 +1,7 @@
 #include <qxTools/desktop/BitmapText.h>
 #include <qxTools/desktop/Desktop.h>
 #include <qxTools/desktop/Glyphs.h>
+#include <qxTools/desktop/QtDialogs.h>
 #include <qxTools/desktop/QtScreen.h>
 #include <qxTools/desktop/SystemPalette.h>
 
@@ -14,12 +15,14 @@ class Desktop::Parts : public QObject {
   Parts() {
     SetTextPainter(&text_);
     SetScreenSource(&screen_);
+    SetDialogService(&dialogs_);
     SetSystemColors(SystemColorsOf(QApplication::palette()));
     QCoreApplication::instance()->installEventFilter(this);
   }
 
   ~Parts() override {
     SetSystemColors(DefaultSystemColors());
+    SetDialogService(nullptr);
     SetScreenSource(nullptr);
     SetTextPainter(nullptr);
   }
@@ -33,6 +36,7 @@ class Desktop::Parts : public QObject {
  private:
   BitmapText text_;
   QtScreen screen_;
+  QtDialogs dialogs_;
 };
 
 Desktop::Desktop() {

@@ -1,0 +1,161 @@
+// Needs Qt's offscreen platform.
+#include <gtest/gtest.h>
+#include <qxTools/desktop/Desktop.h>
+#include <qxTools/shell/QXDialogs.h>
+
+#include <QtCore/QTimer>
+#include <QtCore/QTranslator>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QScreen>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+#include "desktop/Application.h"
+#include "support/MessageOf.h"
+
+namespace qxTools::test {
+
+namespace {
+
+using desktop::Desktop;
+using QXDialogs::QX_MessageBox;
+
+constexpr TDialogButtons kAllButtons = (1U << 11) - 1;
+
+/// Shows a dialog and does something with its window once it is open.
+template <class Action>
+Integer Answer(TDialogButtons buttons, Action&& action, TDialogType type = dtConfirmation,
+               std::string_view title = "") {
+  const Desktop desktop;
+  QTimer::singleShot(0, [&] { action(*QApplication::activeModalWidget()); });
+  return QX_MessageBox("<b>A&B</b>\r\n\xAD\x71\xB3\xE6", type, buttons, title);  // 訂單
+}
+
+void Click(const QWidget& window, const char* name) { window.findChild<QPushButton*>(name)->click(); }
+
+class QtDialogsTest : public WithApplication {};
+
+/// Puts its own word for every text of one context.
+class Words : public QTranslator {
+ public:
+  Words(const char* context, const QString& word) : context_(context), word_(word) {
+    QCoreApplication::installTranslator(this);
+  }
+  bool isEmpty() const override { return false; }
+  QString translate(const char* context, const char*, const char*, int) const override {
+    return std::string_view(context) == context_ ? word_ : QString();
+  }
+
+ private:
+  const std::string context_;
+  const QString word_;
+};
+
+}  // namespace
+
+TEST_F(QtDialogsTest, EveryButtonHasItsResult) {
+  const struct {
+    const char* name;
+    Integer result;
+  } cases[] = {{"OK", 1},  {"Cancel", 2}, {"Abort", 3}, {"Retry", 4},   {"Ignore", 5},
+               {"Yes", 6}, {"No", 7},     {"All", 8},   {"NoToAll", 9}, {"YesToAll", 10}};
+  for (const auto& c : cases)
+    EXPECT_EQ(Answer(kAllButtons, [&](QWidget& window) { Click(window, c.name); }), c.result) << c.name;
+}
+
+TEST_F(QtDialogsTest, OnlyTheAskedButtonsAreThere) {
+  Answer(dbYes | dbNo, [](QWidget& window) {
+    EXPECT_EQ(window.findChildren<QPushButton*>().size(), 2);
+    EXPECT_TRUE(window.findChild<QPushButton*>("Yes")->isDefault());
+    window.close();
+  });
+}
+
+TEST_F(QtDialogsTest, HelpLeavesTheDialogOpen) {
+  const Integer result = Answer(dbOK | dbHelp, [](QWidget& window) {
+    Click(window, "Help");
+    EXPECT_TRUE(window.isVisible());
+    Click(window, "OK");
+  });
+  EXPECT_EQ(result, 1);
+}
+
+TEST_F(QtDialogsTest, ClosingAnswersAsTheOnlyButtonOrAsCancel) {
+  const auto close = [](QWidget& window) { window.close(); };
+  EXPECT_EQ(Answer(dbYes | dbNo, close), 2);
+  EXPECT_EQ(Answer(dbIgnore, close), 5);
+  EXPECT_EQ(Answer(0, close), 2);
+  const auto escape = [](QWidget& window) {
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &key);
+  };
+  EXPECT_EQ(Answer(dbYes | dbNo, escape), 2);
+  EXPECT_EQ(Answer(dbOK | dbHelp, escape), 1);
+}
+
+TEST_F(QtDialogsTest, CaptionsAreThoseOfTheTypeUnlessGiven) {
+  QGuiApplication::setApplicationDisplayName("Orders");
+  const struct {
+    TDialogType type;
+    const char* title;
+    const char* caption;
+    int labels;  // the text, and the icon
+  } cases[] = {
+      {dtWarning, "", "Warning", 2},         {dtError, "", "Error", 2},
+      {dtInformation, "", "Information", 2}, {dtConfirmation, "", "Confirm", 2},
+      {dtCustom, "", "Orders", 1},           {dtError, "\xAD\x71\xB3\xE6", "\xE8\xA8\x82\xE5\x96\xAE", 2}};
+  for (const auto& c : cases)
+    Answer(
+        dbOK,
+        [&](QWidget& window) {
+          EXPECT_EQ(window.windowTitle().toStdString(), c.caption);
+          EXPECT_EQ(window.findChildren<QLabel*>().size(), c.labels) << c.caption;
+          window.close();
+        },
+        c.type, c.title);
+}
+
+TEST_F(QtDialogsTest, TheMessageIsPlainTextInTheMiddleOfTheScreen) {
+  Answer(dbOK, [](QWidget& window) {
+    const auto* const label = window.findChild<QLabel*>("Message");
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    EXPECT_EQ(label->text(), QString::fromUtf16(u"<b>A&B</b>\n\u8A02\u55AE"));
+    const QPoint off =
+        window.frameGeometry().center() - QGuiApplication::primaryScreen()->geometry().center();
+    EXPECT_LE(off.manhattanLength(), 2);
+    window.close();
+  });
+}
+
+TEST_F(QtDialogsTest, LongMessagesAreWrapped) {
+  const Desktop desktop;
+  QTimer::singleShot(0, [] {
+    QWidget* const window = QApplication::activeModalWidget();
+    EXPECT_LT(window->width(), QGuiApplication::primaryScreen()->size().width());
+    window->close();
+  });
+  QXDialogs::ShowMessageBox(std::string(3000, '-'), "");
+}
+
+// In UTF-8: 是, 全部.
+TEST_F(QtDialogsTest, ButtonTextsFollowTheTranslator) {
+  const auto expect = [](const char* yes, const char* all) {
+    Answer(kAllButtons, [&](QWidget& window) {
+      EXPECT_EQ(window.findChild<QPushButton*>("Yes")->text().toStdString(), yes);
+      EXPECT_EQ(window.findChild<QPushButton*>("All")->text().toStdString(), all);
+      window.close();
+    });
+  };
+  expect("&Yes", "&All");
+  const Words qt("QPlatformTheme", QString::fromUtf16(u"\u662F(&Y)"));
+  expect("\xE6\x98\xAF(&Y)", "\xE5\x85\xA8\xE9\x83\xA8(&A)");
+  const Words own("qxTools", "*");
+  expect("\xE6\x98\xAF(&Y)", "*");
+}
+
+TEST_F(QtDialogsTest, WithoutADesktopABoxIsAnError) {
+  { const Desktop desktop; }
+  EXPECT_EQ(MessageOf([] { QXDialogs::ShowMessageBox("a", ""); }), "No dialog service");
+}
+
+}  // namespace qxTools::test
