@@ -1,0 +1,98 @@
+// The library on a real desktop: an order form whose bevels, triangles, tabs, text and frame the library
+// paints.
+//
+//   desk                          shows the form
+//   desk --screenshot FILE.png    paints form and message box into a picture; with QT_QPA_PLATFORM=offscreen
+//                                 it needs no screen
+//   desk --make-frame FILE.dw1    writes the frame that the form wears, with its bitmap file
+#include <qxTools/desktop/Desktop.h>
+#include <qxTools/runtime/Exceptions.h>
+
+#include <QtCore/QLibraryInfo>
+#include <QtCore/QTimer>
+#include <QtCore/QTranslator>
+#include <QtWidgets/QApplication>
+#include <iostream>
+
+#include "OrderForm.h"
+#include "Skin.h"
+
+namespace {
+
+constexpr int kGap = 24;
+
+/// What a window manager would put above the dialog, and the dialog.
+QPixmap GrabWithCaption(QWidget& window) {
+  const QPixmap inside = window.grab();
+  const int caption = 2 * window.fontMetrics().height();
+  QPixmap all(inside.width() + 2, inside.height() + caption + 1);
+  all.fill(QColor(0x20, 0x40, 0x80));
+  QPainter painter(&all);
+  painter.setPen(Qt::white);
+  painter.drawText(QRect(10, 0, inside.width(), caption), Qt::AlignVCenter, window.windowTitle());
+  painter.drawPixmap(1, caption, inside);
+  return all;
+}
+
+QPixmap GrabMessageBox() {
+  QPixmap grabbed;
+  QTimer::singleShot(0, [&grabbed] {
+    QWidget* const window = QApplication::activeModalWidget();
+    grabbed = GrabWithCaption(*window);
+    window->close();
+  });
+  desk::OrderForm::AskToSave();
+  return grabbed;
+}
+
+bool SavePicture(desk::OrderForm& form, const QString& fileName) {
+  const QPixmap formPicture = form.grab();
+  const QPixmap box = GrabMessageBox();
+  QPixmap all(formPicture.width() + 2 * kGap, formPicture.height() + box.height() + 3 * kGap);
+  all.fill(QColor(0x7A, 0x93, 0xAC));
+  QPainter painter(&all);
+  painter.drawPixmap(kGap, kGap, formPicture);
+  painter.drawPixmap((all.width() - box.width()) / 2, formPicture.height() + 2 * kGap, box);
+  painter.end();
+  return all.save(fileName);
+}
+
+void MakeFrame(const std::string& fileName) {
+  qxTools::qxDrawTools::TFrameBitmaps pieces;
+  desk::PaintSkin(pieces);
+  qxTools::qxDrawTools::SaveDWF(fileName, pieces);
+}
+
+int Run(QApplication& application) {
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() == 3 && arguments[1] == "--make-frame") {
+    MakeFrame(arguments[2].toStdString());
+    return 0;
+  }
+  const qxTools::desktop::Desktop desktop;
+  desk::OrderForm form(DESK_FRAME);
+  if (arguments.size() == 3 && arguments[1] == "--screenshot") return SavePicture(form, arguments[2]) ? 0 : 1;
+  form.show();
+  return application.exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setStyle("Fusion");
+  QApplication::setPalette(QPalette(QColor(0xD4, 0xD0, 0xC8)));
+  QFont font;
+  font.setFamilies({"Noto Sans CJK TC", "WenQuanYi Micro Hei"});
+  font.setPointSizeF(11);
+  QApplication::setFont(font);
+  QTranslator chinese;  // the buttons of message boxes
+  if (chinese.load("qtbase_zh_TW", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&chinese);
+  try {
+    return Run(application);
+  } catch (const qxTools::Exception& e) {
+    std::cerr << e.what() << "\n";
+    return 1;
+  }
+}
