@@ -11,6 +11,9 @@ void AddConvertCommand(CLI::App& app);
 void AddDateCommand(CLI::App& app);
 void AddFileTypeCommand(CLI::App& app);
 void AddFrameCommand(CLI::App& app);
+void AddIniCommand(CLI::App& app);
+void AddKeyCommand(CLI::App& app);
 void AddStoreCommand(CLI::App& app);
+void AddTableCommand(CLI::App& app);
 
 }  // namespace qxtool

@@ -73,6 +73,24 @@ void FlushOutput() {
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) throw Failure("standard output: " + Reason());
 }
 
+void SaveText(const std::string& fileName, const std::string& text) {
+  const bool utf8 = GetEncoding().utf8Files;
+  const std::string bytes = utf8 ? qxTools::BytesToUtf8(text) : text;
+  if (utf8 && qxTools::Utf8ToBytes(bytes) != text)
+    throw Failure(Visible(fileName) + ": the text holds bytes that are no characters; nothing was saved");
+  Naming(fileName, [&] { qxTools::SaveWholeFile(fileName, bytes); });
+}
+
+namespace {
+
+bool found = false;
+
+}  // namespace
+
+void TellFound() { found = true; }
+
+bool WasFound() { return found; }
+
 std::string Visible(std::string_view text) {
   std::string shown;
   for (const char c : text) {

@@ -39,6 +39,13 @@ void PrintBytes(std::string_view bytes);
 /// Flushes standard output. @throws Failure when something was not taken: a full disk, a closed pipe.
 void FlushOutput();
 
+/// Saves text as a whole file, in the encoding of files. @throws Failure; the old file stays then.
+void SaveText(const std::string& fileName, const std::string& text);
+
+/// Exit status 1: a check has found something.
+void TellFound();
+bool WasFound();
+
 /// A name for a message: control bytes made visible, as the terminal shows text.
 std::string Visible(std::string_view text);
 

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int kDone = 0;
+constexpr int kFound = 1;
 constexpr int kFailed = 2;
 
 void AddCommands(CLI::App& app) {
@@ -32,7 +33,10 @@ void AddCommands(CLI::App& app) {
   qxtool::AddDateCommand(app);
   qxtool::AddFileTypeCommand(app);
   qxtool::AddFrameCommand(app);
+  qxtool::AddIniCommand(app);
+  qxtool::AddKeyCommand(app);
   qxtool::AddStoreCommand(app);
+  qxtool::AddTableCommand(app);
 }
 
 int Fail(const char* message) {
@@ -46,7 +50,7 @@ int Run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
     qxtool::FlushOutput();
-    return kDone;
+    return qxtool::WasFound() ? kFound : kDone;
   } catch (const CLI::ParseError& e) {
     if (app.exit(e) != static_cast<int>(CLI::ExitCodes::Success)) return kFailed;
     qxtool::FlushOutput();

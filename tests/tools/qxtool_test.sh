@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Runs qxtool as a user does: outputs, exit statuses, and files that change only when a command succeeds.
+#   qxtool_test.sh QXTOOL SOURCE_FOLDER
+set -u
+qxtool=$1
+source=$2
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" || exit 1
+bad=0
+
+# expect STATUS TEXT COMMAND...: the exit status, and a text that standard output or error holds.
+expect() {
+  local status=$1 text=$2 output
+  shift 2
+  output=$("$qxtool" "$@" 2>&1)
+  local got=$?
+  if [ $got != "$status" ] || [[ "$output" != *"$text"* ]]; then
+    printf 'qxtool %s\n  exit status %s, not %s; wanted: %s\n%s\n' "$*" $got "$status" "$text" "$output"
+    bad=1
+  fi
+}
+
+statement=$source/examples/order_search/order_search.sql
+expect 0 "N'@MM_From Datetime , @MM_To Sql_variant" call "$statement" --set '@MM_From:date=2003/01/01' --set '@MM_To:null'
+expect 0 "''作廢''" --utf8-terminal call "$statement"
+expect 0 "macro      [\$Orders]     Varchar  5" call "$statement" --list --set '$Orders=Goods'
+expect 0 "@a Int , @b Varchar(20)" call "$statement" --declare '@a Int, @b Varchar(20)'
+expect 2 "no parameter or macro @x" call "$statement" --set @x=1
+expect 2 "Param Error" call "$statement" --declare @a
+expect 2 'Cannot open file "none"' call none
+expect 2 "--set @MM_Qty:int=x" call "$statement" --set @MM_Qty:int=x
+printf 'select @NID /* c */, @SName' >command.sql
+expect 0 "select 15 , 'O''Neil'" command command.sql --set '@NID=@N:15' --set "@SName=O'Neil"
+expect 2 "no parameter @X" command command.sql --set @X=1
+
+expect 0 "" ini a.ini add Main Mode=fast 'Path=C:\x'
+expect 0 "" --utf8-terminal ini a.ini add 主檔 名=值
+expect 0 "主檔     1       名    值" --utf8-terminal ini a.ini list
+expect 0 'C:\x' ini a.ini get main 1 path
+expect 0 "" ini a.ini check
+cp a.ini before
+expect 2 "no record 2" ini a.ini set main 2 mode slow
+expect 2 "cannot be empty" ini a.ini set main 1 a:b slow
+cmp -s a.ini before || { echo "a failed command changed a.ini"; bad=1; }
+printf 'Main:[%%RootKey%%]\n[%%\n//c\n%%]\n' >b.ini
+expect 1 "a comment, or a line without a colon, is lost" ini b.ini check
+
+printf 'Name,Phone\n"Lee, A",555\n' >a.csv
+expect 0 "" table a.tbl from-csv a.csv
+expect 0 "" table a.tbl append Wang
+expect 0 '"Lee, A",555' table a.tbl to-csv
+expect 0 "2    Wang" table a.tbl show
+expect 2 "no field Fax" table a.tbl get 1 Fax
+
+printf '\xbb\xfa\xc6\xf7' >text.gb
+expect 0 "" convert --from gb2312 --to big5 text.gb -o text.big5
+expect 0 機器 convert --from big5 --to utf8 text.big5
+expect 0 9003 date 2024/2/29
+[ "$("$qxtool" key -n 3 | sort -u | wc -l)" = 3 ] || { echo "keys are not three"; bad=1; }
+
+"$qxtool" call "$statement" >/dev/full 2>message
+[ $? = 2 ] && grep -q "No space left" message || { echo "a full disk passed unseen"; bad=1; }
+exit $bad

@@ -1,0 +1,258 @@
+// qxtool ini: look into a settings file and change it.
+#include <qxTools/platform/Files.h>
+#include <qxTools/runtime/Ascii.h>
+#include <qxTools/runtime/Lines.h>
+#include <qxTools/stores/IniLines.h>
+#include <qxTools/stores/qxIniTools.h>
+
+#include <memory>
+#include <set>
+
+#include "Commands.h"
+#include "Edge.h"
+#include "TextTable.h"
+
+namespace qxtool {
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::qxIniTools;
+
+struct Options {
+  std::string file;
+  std::string section;
+  int record = 0;
+  std::string name;
+  std::string value;
+  std::vector<std::string> values;
+};
+
+std::string Text(const char* text) { return text != nullptr ? text : ""; }
+
+/// Called for each record and each value of a file with the place that it stands at.
+struct Place {
+  std::string section;
+  int record = 0;      // within its section, from 1
+  Integer number = 0;  // of records and values of the section together, from 1
+  pQXIniPair value = nullptr;
+};
+
+template <class Visit>
+void ForEachPlace(const TQXIniFile& file, Visit visit) {
+  Place place;
+  file.EnumTreeNode([&](pQXTreeNode node) {
+    place.value = static_cast<pQXIniPair>(node->Data);
+    if (node->Level == 1) {
+      place = Place();
+      place.section = Text(static_cast<pQXIniPair>(node->Data)->Value);
+      return;
+    }
+    ++place.number;
+    if (node->Level == 2) ++place.record;
+    visit(place, node->Level == 2);
+  });
+}
+
+void Load(TQXIniFile& file, const std::string& fileName) {
+  Naming(fileName, [&] { file.SetText(ReadInput(fileName)); });
+}
+
+/// Opens a record of an existing section. @return its number among records and values.
+Integer OpenRecord(TQXIniFile& file, const Options& options) {
+  pQXTreeNode section = nullptr;
+  if (!file.FindRootKey(FromArgument(options.section), section))
+    throw Failure(Visible(options.file) + ": no section " + Visible(options.section));
+  file.SetRootKey(FromArgument(options.section));
+  const std::string name = Text(static_cast<pQXIniPair>(section->Data)->Value);
+  Integer number = 0;
+  ForEachPlace(file, [&](const Place& place, bool isRecord) {
+    if (isRecord && place.section == name && place.record == options.record && number == 0)
+      number = place.number;
+  });
+  if (number == 0)
+    throw Failure(Visible(options.file) + ": no record " + std::to_string(options.record) + " in section " +
+                  Visible(options.section));
+  file.OpenKey(number);
+  return number;
+}
+
+pQXTreeNode FindValue(const TQXIniFile& file, const Options& options) {
+  pQXTreeNode node = nullptr;
+  if (!file.FindField(FromArgument(options.name), node))
+    throw Failure(Visible(options.file) + ": no value " + Visible(options.name));
+  return node;
+}
+
+/// A name or text that would come back from the saved file as another one.
+void CheckValue(const std::string& name, const std::string& value) {
+  const bool badName = name.empty() || name.find(':') != std::string::npos || name.starts_with("//") ||
+                       TrimBlanks(name).size() != name.size();
+  if (badName) throw Failure("a name cannot be empty, hold a colon, begin with // or have blanks around it");
+  const bool badText = value.find_first_of(std::string("\r\n\0", 3)) != std::string::npos || value.empty() ||
+                       TrimBlanks(value).size() != value.size();
+  if (badText) throw Failure("a text cannot be empty, hold a line break or have blanks around it");
+}
+
+void Save(const TQXIniFile& file, const Options& options) { SaveText(options.file, file.GetText()); }
+
+// --- Actions -----------------------------------------------------------------------------------------
+
+void List(const Options& options) {
+  TQXIniFile file;
+  Load(file, options.file);
+  std::vector<TextRow> rows;
+  ForEachPlace(file, [&](const Place& place, bool isRecord) {
+    if (isRecord)
+      rows.push_back({place.section, std::to_string(place.record), "", ""});
+    else if (rows.back()[2].empty() && rows.back()[3].empty())
+      rows.back() = {place.section, std::to_string(place.record), Text(place.value->Name),
+                     Text(place.value->Value)};
+    else
+      rows.push_back({"", "", Text(place.value->Name), Text(place.value->Value)});
+  });
+  Print(AlignRows({"Section", "Record", "Name", "Text"}, rows));
+}
+
+void Get(const Options& options) {
+  TQXIniFile file;
+  Load(file, options.file);
+  OpenRecord(file, options);
+  FindValue(file, options);
+  Print(file.GetValue(FromArgument(options.name)) + "\n");
+}
+
+void Set(const Options& options) {
+  TQXIniFile file;
+  Load(file, options.file);
+  OpenRecord(file, options);
+  CheckValue(FromArgument(options.name), FromArgument(options.value));
+  file.SetValue(FromArgument(options.name), FromArgument(options.value));
+  Save(file, options);
+}
+
+/// Appends a record, in a new section and a new file where these are not there yet.
+void Add(const Options& options) {
+  TQXIniFile file;
+  if (FileExists(options.file)) Load(file, options.file);
+  file.SetRootKey(FromArgument(options.section));
+  file.AppendKey();
+  for (const std::string& argument : options.values) {
+    const std::string pair = FromArgument(argument);
+    const std::size_t equals = pair.find('=');
+    if (equals == std::string::npos) throw Failure(Visible(argument) + ": not NAME=TEXT");
+    CheckValue(pair.substr(0, equals), pair.substr(equals + 1));
+    file.SetValue(pair.substr(0, equals), pair.substr(equals + 1));
+  }
+  Save(file, options);
+}
+
+void Delete(const Options& options) {
+  TQXIniFile file;
+  Load(file, options.file);
+  if (options.record == 0) {
+    Naming(options.file, [&] { file.DeleteRootKey(FromArgument(options.section)); });
+  } else {
+    const Integer number = OpenRecord(file, options);
+    if (options.name.empty()) {
+      file.DeleteKey(number);
+    } else {
+      FindValue(file, options);
+      file.DeleteValue(FromArgument(options.name));
+    }
+  }
+  Save(file, options);
+}
+
+// --- What a save would lose ---------------------------------------------------------------------------
+
+class Checker {
+ public:
+  void Line(std::string_view line) {
+    ++number_;
+    const IniLine parts = ReadIniLine(line);
+    if (line.find('\0') != std::string_view::npos) Tell("what stands behind a NUL is lost");
+    switch (parts.kind) {
+      case IniLineKind::Blank:
+        return;
+      case IniLineKind::Section:
+        return Section(std::string(parts.name));
+      case IniLineKind::RecordBegin:
+        if (sections_.empty()) Tell("a record before any section: loading ends here");
+        inRecord_ = true;
+        return;
+      case IniLineKind::RecordEnd:
+        inRecord_ = false;
+        return;
+      case IniLineKind::Value:
+        return Value(parts);
+      case IniLineKind::Other:
+        return Tell("a comment, or a line without a colon, is lost");
+    }
+  }
+
+  const std::vector<TextRow>& Rows() const { return rows_; }
+
+ private:
+  void Tell(const char* what) { rows_.push_back({std::to_string(number_), what}); }
+
+  void Section(const std::string& name) {
+    if (inRecord_) Tell("a section inside an open record: values up to its end stay with that record");
+    if (!sections_.insert(UpperCase(name)).second)
+      Tell("a section of the same name: its records move to the first");
+  }
+
+  void Value(const IniLine& parts) {
+    if (parts.text.size() > kSectionMark.size() && UpperCase(parts.text).ends_with(UpperCase(kSectionMark)))
+      return Tell("a section's name cannot hold a colon: read as a value");
+    if (!inRecord_) return Tell("a value outside a record is lost");
+    if (parts.name.empty() || parts.text.empty()) Tell("a value without a name or a text is lost");
+  }
+
+  int number_ = 0;
+  bool inRecord_ = false;
+  std::set<std::string> sections_;
+  std::vector<TextRow> rows_;
+};
+
+void Check(const Options& options) {
+  Checker checker;
+  ForEachLine(std::string_view(ReadInput(options.file)), [&](std::string_view line) { checker.Line(line); });
+  if (checker.Rows().empty()) return;
+  Print(AlignRows({"Line", "What a save changes"}, checker.Rows()));
+  TellFound();
+}
+
+}  // namespace
+
+void AddIniCommand(CLI::App& app) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const ini = app.add_subcommand("ini", "Look into a settings file and change it");
+  ini->add_option("FILE", options->file, "Settings file")->required();
+  ini->require_subcommand(1);
+  const auto action = [&](const char* name, const char* help, void (*run)(const Options&)) {
+    CLI::App* const made = ini->add_subcommand(name, help);
+    made->callback([options, run] { run(*options); });
+    return made;
+  };
+  const auto place = [&](CLI::App* made) {
+    made->add_option("SECTION", options->section)->required();
+    made->add_option("RECORD", options->record, "Counted from 1")->required()->check(CLI::PositiveNumber);
+    made->add_option("NAME", options->name)->required();
+  };
+  action("list", "Show sections, records and values", List);
+  place(action("get", "Print one text", Get));
+  CLI::App* const set = action("set", "Set one text in a record", Set);
+  place(set);
+  set->add_option("TEXT", options->value)->required();
+  CLI::App* const add = action("add", "Append a record to a section, which is made when it is new", Add);
+  add->add_option("SECTION", options->section)->required();
+  add->add_option("NAME=TEXT", options->values, "Its values");
+  CLI::App* const remove = action("delete", "Delete a section, a record or a value", Delete);
+  remove->add_option("SECTION", options->section)->required();
+  remove->add_option("RECORD", options->record, "Counted from 1")->check(CLI::PositiveNumber);
+  remove->add_option("NAME", options->name);
+  action("check", "List what a save would lose or move; exit status 1 when there is something", Check);
+}
+
+}  // namespace qxtool

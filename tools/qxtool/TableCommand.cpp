@@ -1,0 +1,208 @@
+// qxtool table: look into a string table, change it, and exchange it with CSV.
+#include <qxTools/stores/QXStringTable.h>
+#include <qxTools/strings/QXStrTools.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "Commands.h"
+#include "Edge.h"
+#include "TextTable.h"
+
+namespace qxtool {
+
+namespace {
+
+using namespace qxTools;
+using QXStringTable::TQXStringTable;
+
+struct Options {
+  std::string file;
+  int record = 0;
+  std::string field;
+  std::string value;
+  std::vector<std::string> values;
+};
+
+/// The texts of a line's fields, front to back.
+TextRow FieldsOf(std::string_view line) {
+  TextRow fields;
+  std::size_t begin = line.find("[#");
+  std::size_t end = line.find("#]");
+  while (begin != std::string_view::npos && end != std::string_view::npos) {
+    fields.emplace_back(begin + 2 <= end ? line.substr(begin + 2, end - begin - 2) : "");
+    begin = line.find("[#", begin + 1);
+    end = line.find("#]", end + 1);
+  }
+  return fields;
+}
+
+void Load(TQXStringTable& table, const Options& options) {
+  table.SetText(ReadInput(options.file));
+  if (table.GetEmpty()) throw Failure(Visible(options.file) + ": no header line");
+}
+
+void Save(const TQXStringTable& table, const Options& options) { SaveText(options.file, table.GetText()); }
+
+void GoTo(TQXStringTable& table, const Options& options) {
+  if (options.record > table.GetReccount())
+    throw Failure(Visible(options.file) + ": no record " + std::to_string(options.record));
+  for (table.Top(); table.GetRecNo() < options.record;) table.Next();
+}
+
+void CheckField(const TQXStringTable& table, const Options& options) {
+  if (QXStringTable::FieldIndex(table.GetStrings(0), FromArgument(options.field)) < 1)
+    throw Failure(Visible(options.file) + ": no field " + Visible(options.field));
+}
+
+std::string Checked(const std::string& text) {
+  if (text.find("[#") != std::string::npos || text.find("#]") != std::string::npos ||
+      text.find_first_of("\r\n") != std::string::npos)
+    throw Failure(Visible(text) + ": a text cannot hold [#, #] or a line break");
+  return text;
+}
+
+// --- Actions -----------------------------------------------------------------------------------------
+
+void Show(const Options& options) {
+  TQXStringTable table("#TEMP");
+  Load(table, options);
+  TextRow head = FieldsOf(table.GetStrings(0));
+  const std::size_t columns = head.size() + 1;
+  head.insert(head.begin(), "No.");
+  std::vector<TextRow> rows;
+  for (Integer i = 1; i <= table.GetReccount(); ++i) {
+    TextRow row = FieldsOf(table.GetStrings(i));
+    row.insert(row.begin(), std::to_string(i));
+    row.resize(columns);
+    rows.push_back(std::move(row));
+  }
+  Print(AlignRows(head, rows));
+}
+
+void Get(const Options& options) {
+  TQXStringTable table("#TEMP");
+  Load(table, options);
+  CheckField(table, options);
+  GoTo(table, options);
+  Print(table.GetField(FromArgument(options.field)) + "\n");
+}
+
+void Set(const Options& options) {
+  TQXStringTable table("#TEMP");
+  Load(table, options);
+  CheckField(table, options);
+  GoTo(table, options);
+  const auto number = QXStringTable::FieldIndex(table.GetStrings(0), FromArgument(options.field));
+  if (FieldsOf(table.GetStrings(options.record)).size() < static_cast<std::size_t>(number))
+    throw Failure(Visible(options.file) + ": record " + std::to_string(options.record) +
+                  " has no such field");
+  table.SetField(FromArgument(options.field), Checked(FromArgument(options.value)));
+  Save(table, options);
+}
+
+void Append(const Options& options) {
+  TQXStringTable table("#TEMP");
+  Load(table, options);
+  if (options.values.size() > static_cast<std::size_t>(table.GetFieldCount()))
+    throw Failure(Visible(options.file) + ": more values than fields");
+  TextRow values;
+  for (const std::string& value : options.values) values.push_back(Checked(FromArgument(value)));
+  table.AddRecord(values);
+  Save(table, options);
+}
+
+// --- CSV ---------------------------------------------------------------------------------------------
+
+std::string CsvLine(const TextRow& row) {
+  std::string line;
+  for (const std::string& cell : row) {
+    if (&cell != &row.front()) line += ',';
+    const bool quoted = cell.find_first_of(",\" ") != std::string::npos || cell.empty();
+    line += quoted ? '"' + QXStrTools::ReplaceAllStr(cell, "\"", "\"\"", false) + '"' : cell;
+  }
+  return line + "\r\n";
+}
+
+void ToCsv(const Options& options) {
+  TQXStringTable table("#TEMP");
+  Load(table, options);
+  for (Integer i = 0; i < table.GetCount(); ++i) Print(CsvLine(FieldsOf(table.GetStrings(i))));
+}
+
+/// The rows of a CSV text; quotes inside a quoted cell are doubled, and a line break ends a row.
+std::vector<TextRow> ReadCsv(std::string_view text) {
+  std::vector<TextRow> rows;
+  bool inQuotes = false;
+  bool rowOpen = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (!rowOpen) {
+      rows.push_back({""});
+      rowOpen = true;
+    }
+    if (c == '"') {
+      const bool doubled = inQuotes && i + 1 < text.size() && text[i + 1] == '"';
+      if (doubled) rows.back().back() += text[++i];
+      inQuotes = doubled || !inQuotes;
+    } else if (inQuotes || (c != ',' && c != '\r' && c != '\n')) {
+      rows.back().back() += c;
+    } else if (c == ',') {
+      rows.back().emplace_back();
+    } else {
+      if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+      rowOpen = false;
+    }
+  }
+  if (inQuotes) throw Failure("a quoted cell is not closed");
+  return rows;
+}
+
+void FromCsv(const Options& options) {
+  const std::vector<TextRow> rows = Naming(options.value, [&] { return ReadCsv(ReadInput(options.value)); });
+  if (rows.empty()) throw Failure(Visible(options.value) + ": no header line");
+  TQXStringTable table("#TEMP");
+  std::string header;
+  for (const std::string& name : rows.front()) header += QXStringTable::GenField(Checked(name));
+  table.Add(std::move(header));
+  for (std::size_t i = 1; i < rows.size(); ++i) {
+    if (rows[i].size() > rows.front().size())
+      throw Failure(Visible(options.value) + ": row " + std::to_string(i + 1) +
+                    " has more cells than the header");
+    for (const std::string& cell : rows[i]) Checked(cell);
+    table.AddRecord(rows[i]);
+  }
+  Save(table, options);
+}
+
+}  // namespace
+
+void AddTableCommand(CLI::App& app) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const table =
+      app.add_subcommand("table", "Look into a string table, change it, exchange it with CSV");
+  table->add_option("FILE", options->file, "Table file")->required();
+  table->require_subcommand(1);
+  const auto action = [&](const char* name, const char* help, void (*run)(const Options&)) {
+    CLI::App* const made = table->add_subcommand(name, help);
+    made->callback([options, run] { run(*options); });
+    return made;
+  };
+  const auto place = [&](CLI::App* made) {
+    made->add_option("RECORD", options->record, "Counted from 1")->required()->check(CLI::PositiveNumber);
+    made->add_option("FIELD", options->field)->required();
+  };
+  action("show", "Show the records, aligned", Show);
+  place(action("get", "Print one text", Get));
+  CLI::App* const set = action("set", "Set one text", Set);
+  place(set);
+  set->add_option("TEXT", options->value)->required();
+  action("append", "Append a record", Append)
+      ->add_option("TEXT", options->values, "Its texts, in the header's order");
+  action("to-csv", "Print the table as CSV", ToCsv);
+  action("from-csv", "Make the table anew from a CSV file", FromCsv)
+      ->add_option("CSV", options->value, "CSV file; its first row names the fields")
+      ->required();
+}
+
+}  // namespace qxtool
