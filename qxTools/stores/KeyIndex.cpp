@@ -1,4 +1,5 @@
 #include <qxTools/stores/KeyIndex.h>
+#include <qxTools/stores/NodePool.h>
 
 #include <cstring>
 
@@ -7,7 +8,7 @@ namespace qxTools::qxTreeList {
 namespace {
 
 auto HasKey(const TNodeKey& key) {
-  return [&key](pQXTreeNodeLink link) { return link->Node->Key == key; };
+  return [&key](pQXTreeNodeLink link) { return NodeBehind(link).Key == key; };
 }
 
 }  // namespace

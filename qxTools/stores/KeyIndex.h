@@ -8,8 +8,8 @@
 
 namespace qxTools::qxTreeList {
 
-/// Holds links by the keys of their nodes. A key that two links had at one time is shared until the last of
-/// them is gone: the index counts those links and does not hold them.
+/// Holds links of a tree by the keys of their nodes. A key that two links had at one time is shared until the
+/// last of them is gone: the index counts those links and does not hold them.
 class KeyIndex {
  public:
   /// @throws std::bad_alloc; nothing has changed then.

@@ -12,24 +12,22 @@ constexpr std::size_t kLargestBlock = 512;
 }  // namespace
 
 pQXTreeNodeLink NodePool::Make(const TNodeKey& parentKey, const TNodeKey& key, void* data, Integer level) {
-  auto* const entry = new (Take()) Entry{{}, {parentKey, key, data, level}};
-  entry->Node = &entry->node;
-  return entry;
+  return new (Take()) LinkAndNode(parentKey, key, data, level);
 }
 
 void* NodePool::Take() {
   if (FFreed != nullptr) {
     const pQXTreeNodeLink link = FFreed;
     FFreed = link->Next;
-    return static_cast<Entry*>(link);
+    return static_cast<LinkAndNode*>(link);
   }
   if (FUsed == FBlockSize) {
     const std::size_t size = std::clamp(FBlockSize * 2, kSmallestBlock, kLargestBlock);
-    FBlocks.emplace_back(stores::MakeRecord(size * sizeof(Entry)));
+    FBlocks.emplace_back(stores::MakeRecord(size * sizeof(LinkAndNode)));
     FBlockSize = size;
     FUsed = 0;
   }
-  return static_cast<std::byte*>(FBlocks.back().get()) + FUsed++ * sizeof(Entry);
+  return static_cast<std::byte*>(FBlocks.back().get()) + FUsed++ * sizeof(LinkAndNode);
 }
 
 void NodePool::Free(pQXTreeNodeLink link) {

@@ -9,6 +9,19 @@
 
 namespace qxTools::qxTreeList {
 
+/// A link of a tree and behind it its node.
+struct LinkAndNode : LinkWithLastChild {
+  TQXTreeNode node;
+
+  LinkAndNode(const TNodeKey& parentKey, const TNodeKey& key, void* data, Integer level)
+      : LinkWithLastChild{}, node{parentKey, key, data, level} {
+    Node = &node;
+  }
+};
+
+/// A tree's link's node, reached without reading the link.
+inline const TQXTreeNode& NodeBehind(pQXTreeNodeLink link) { return static_cast<LinkAndNode*>(link)->node; }
+
 /// Making and freeing one takes constant time; freeing all takes no time for each. What is freed singly is
 /// used again, and goes back to the system with all others.
 class NodePool {
@@ -19,14 +32,10 @@ class NodePool {
   void FreeAll();
 
  private:
-  struct Entry : LinkWithLastChild {
-    TQXTreeNode node;
-  };
-
   void* Take();
 
   std::vector<stores::Record> FBlocks;
-  std::size_t FBlockSize = 0;  // of the last block, in entries
+  std::size_t FBlockSize = 0;  // of the last block, in links
   std::size_t FUsed = 0;
   pQXTreeNodeLink FFreed = nullptr;  // tied together by Next
 };

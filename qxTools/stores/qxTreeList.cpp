@@ -27,15 +27,6 @@ TNodeKey FreshKey() {
 
 void* MakeData(Integer size) { return size > 0 ? MakeRecord(static_cast<std::size_t>(size)) : nullptr; }
 
-pQXTreeNodeLink MakeRecords(Integer dataSize, const TNodeKey& key) {
-  Record link(MakeRecord(sizeof(LinkWithLastChild)));
-  Record node(MakeRecord(sizeof(TQXTreeNode)));
-  void* const data = MakeData(dataSize);
-  auto* const made = new (link.release()) LinkWithLastChild();
-  made->Node = new (node.release()) TQXTreeNode{{}, key, data, 0};
-  return made;
-}
-
 // The first node with that key in the subtree of `top`.
 pQXTreeNodeLink Walk(const TNodeKey& key, pQXTreeNodeLink top) {
   pQXTreeNodeLink link = top;
@@ -73,7 +64,13 @@ std::size_t BlockSize(Integer size) { return static_cast<std::uint32_t>(size) + 
 
 void NewTreeNode(pQXTreeNodeLink& Link) { NewTreeNode(0, Link); }
 
-void NewTreeNode(Integer DataSize, pQXTreeNodeLink& Link) { Link = MakeRecords(DataSize, FreshKey()); }
+void NewTreeNode(Integer DataSize, pQXTreeNodeLink& Link) {
+  Record link(MakeRecord(sizeof(LinkWithLastChild)));
+  Record node(MakeRecord(sizeof(TQXTreeNode)));
+  void* const data = MakeData(DataSize);
+  Link = new (link.release()) LinkWithLastChild();
+  Link->Node = new (node.release()) TQXTreeNode{{}, FreshKey(), data, 0};
+}
 
 void FreeTreeNode(pQXTreeNodeLink Link) { FreeTreeNode(0, Link); }
 
@@ -107,10 +104,15 @@ void vFreeMem(void* P) {
 
 TQXTreeNodes::TQXTreeNodes(Integer ADataSize) : FDataSize(ADataSize), FPool(std::make_unique<NodePool>()) {
   FreshKey();  // on purpose: the root draws a key like every node, and drops it
-  FRoot = MakeRecords(ADataSize, kRootKey);
+  Record root(MakeRecord(sizeof(LinkAndNode)));
+  void* const data = MakeData(ADataSize);
+  FRoot = new (root.release()) LinkAndNode({}, kRootKey, data, 0);
 }
 
-TQXTreeNodes::~TQXTreeNodes() { FreeTreeNode(FDataSize, FRoot); }
+TQXTreeNodes::~TQXTreeNodes() {
+  if (FDataSize > 0) MemFree(FRoot->Node->Data);
+  MemFree(FRoot);
+}
 
 pQXTreeNodeLink TQXTreeNodes::MakeLink(pQXTreeNodeLink parent) {
   Record data(MakeData(FDataSize));
