@@ -68,7 +68,7 @@ void ReleaseGlobals() { std::string().swap(BaseTime); }
 
 bool CheckTimeFormat(std::string_view text, Integer maxHour) {
   if (text.size() != kLength || text[2] != ':') return false;
-  for (const std::size_t i : {0, 1, 3, 4})
+  for (const std::size_t i : {0U, 1U, 3U, 4U})
     if (!IsDigit(text[i])) return false;
   return HourOf(text) <= maxHour && MinuteOf(text) < 60;
 }
