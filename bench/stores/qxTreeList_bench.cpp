@@ -8,6 +8,7 @@
 #include <array>
 #include <cstring>
 #include <ctime>
+#include <list>
 #include <map>
 #include <memory>
 #include <random>
@@ -25,6 +26,16 @@ struct KeyHash {
   }
 };
 using Map = std::unordered_map<Key, void*, KeyHash>;
+
+// What one would keep siblings in by hand: a list in order, and a map from the keys to its places.
+struct Record {
+  Key parent;
+  Key key;
+  void* data;
+  int level;
+};
+using Records = std::list<Record>;
+using Places = std::unordered_map<Key, Records::iterator, KeyHash>;
 
 Key FreshKey() {
   const std::string text = qxTools::QXUniKey::UniKey();
@@ -79,7 +90,8 @@ void AppendToMap(benchmark::State& state) {
 
 // --- Finding and deleting ----------------------------------------------------
 
-// A filled tree, and the same keys in a map; keys to look for in an order of their own, and as many unknown.
+// A filled tree, the same keys in a map, and in a list with a map; keys to look for in an order of their own,
+// and as many unknown.
 struct Filled {
   explicit Filled(std::size_t count) {
     tree.OpenRootNode();
@@ -89,12 +101,15 @@ struct Filled {
       known.push_back(key);
       unknown.push_back(FreshKey());
       map.emplace(key, nullptr);
+      places.emplace(key, records.insert(records.end(), {Key{}, key, nullptr, 1}));
     }
     std::shuffle(known.begin(), known.end(), std::mt19937());
   }
 
   TQXTreeNodes tree;
   Map map;
+  Records records;
+  Places places;
   std::vector<Key> known;
   std::vector<Key> unknown;
 };
@@ -136,6 +151,20 @@ bool FindNodeLink(const Filled& filled, const Key& key) {
 bool FindNextNode(const Filled& filled, const Key& key) {
   pQXTreeNode node = filled.tree.GetRootNode();
   return filled.tree.FindNextNode(NodeKey(key), node) || node == nullptr;
+}
+
+bool NextInList(const Filled& filled, const Key& key) {
+  const auto place = filled.places.find(key);
+  if (place == filled.places.end()) return false;
+  const auto next = std::next(place->second);
+  if (next != filled.records.end()) benchmark::DoNotOptimize(&*next);
+  return true;
+}
+
+void DeleteFromList(Filled& filled, const Key& key) {
+  const auto place = filled.places.find(key);
+  filled.records.erase(place->second);
+  filled.places.erase(place);
 }
 
 template <class DeleteOne>
@@ -201,15 +230,14 @@ void LookUpRow(const char* name, bool known, LookUp lookUp) {
   LookUpRow("tree.find_link/qxTools", true, FindNodeLink);
   LookUpRow("tree.find_link/unordered_map", true, FindInMap);
   LookUpRow("tree.find_next/qxTools", true, FindNextNode);
-  LookUpRow("tree.find_next/unordered_map", true, FindInMap);
+  LookUpRow("tree.find_next/map_and_list", true, NextInList);
   LookUpRow("tree.find_miss/qxTools", false, FindNode);
   LookUpRow("tree.find_miss/unordered_map", false, FindInMap);
   const auto deleteNode = [](Filled& filled, const Key& key) { filled.tree.Delete(NodeKey(key)); };
-  const auto eraseKey = [](Filled& filled, const Key& key) { filled.map.erase(key); };
   Row(
       "tree.delete/qxTools", [=](benchmark::State& state) { DeleteAll(state, deleteNode); }, false);
   Row(
-      "tree.delete/unordered_map", [=](benchmark::State& state) { DeleteAll(state, eraseKey); }, false);
+      "tree.delete/map_and_list", [](benchmark::State& state) { DeleteAll(state, DeleteFromList); }, false);
   Row(
       "tree.wide/qxTools", [](benchmark::State& state) { EnumerateAndDelete(state, false); }, false);
   Row(

@@ -7,7 +7,6 @@ namespace qxTools::qxIniTools {
 using qxTreeList::IsInSubtree;
 using qxTreeList::Predecessor;
 using qxTreeList::Successor;
-using stores::CaselessHash;
 
 namespace {
 
@@ -26,7 +25,7 @@ void FirstByName::Build(pQXTreeNodeLink parent) {
 }
 
 pQXTreeNodeLink FirstByName::Find(std::string_view name) const {
-  return FLinks.Find(CaselessHash(name), Bears(name));
+  return FLinks.Find(NameTag(name), Bears(name));
 }
 
 pQXTreeNodeLink FirstByName::Walk(pQXTreeNodeLink parent, std::string_view name) const {
@@ -46,14 +45,14 @@ void FirstByName::Append(pQXTreeNodeLink link) {
 void FirstByName::Put(pQXTreeNodeLink link) {
   if (PairOf(link) == nullptr) return;
   const std::string_view name = NameOf(link);
-  if (FLinks.Insert(link, CaselessHash(name), Bears(name)) != nullptr) FShared = true;
+  if (FLinks.Insert(link, NameTag(name), Bears(name)) != nullptr) FShared = true;
 }
 
 void FirstByName::Remove(pQXTreeNodeLink link) {
   if (FParent == nullptr || PairOf(link) == nullptr) return;
   const std::string_view name = NameOf(link);
   if (Find(name) != link) return;
-  FLinks.Erase(CaselessHash(name), Bears(name));
+  FLinks.Erase(NameTag(name), Bears(name));
   if (FShared) Drop();
 }
 

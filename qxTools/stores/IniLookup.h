@@ -16,6 +16,16 @@ inline pQXIniPair PairOf(pQXTreeNodeLink link) { return PairOf(link->Node); }
 /// A text of a pair.
 inline std::string_view View(const char* text) { return text != nullptr ? text : std::string_view(); }
 
+/// What the index of names keeps beside a link.
+struct NameTag {
+  std::size_t hash = 0;
+
+  NameTag() = default;
+  explicit NameTag(std::string_view name) : hash(stores::CaselessHash(name)) {}
+  std::size_t Hash() const { return hash; }
+  bool operator==(const NameTag&) const = default;
+};
+
 /// The first of each name among the children of one parent. Children without a pair have no name.
 class FirstByName {
  public:
@@ -47,7 +57,7 @@ class FirstByName {
   char* TQXIniPair::*FName;
   pQXTreeNodeLink FParent = nullptr;
   bool FShared = false;  // a name was met twice: when the first goes, the next is not known
-  qxTreeList::LinkTable FLinks;
+  qxTreeList::LinkTable<NameTag> FLinks;
 };
 
 /// The nodes of a section by their number in tree order. The last place is remembered, and the next search

@@ -5,30 +5,42 @@
 
 namespace qxTools::qxTreeList {
 
-namespace {
-
-auto HasKey(const TNodeKey& key) {
-  return [&key](pQXTreeNodeLink link) { return NodeBehind(link).Key == key; };
-}
-
-}  // namespace
-
-// Keys hold the time in the middle and random marks everywhere: both words are mixed into all bits.
-std::size_t KeyIndex::Hash::operator()(const TNodeKey& key) const {
-  constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;  // 2^64 by the golden ratio
+KeyIndex::KeyBytes::KeyBytes(const TNodeKey& key) {
   const std::string_view text = key;
-  std::uint64_t words[2] = {0, 0};
   if (text.size() == sizeof words) {
     std::memcpy(words, text.data(), sizeof words);  // the usual case, of a size known beforehand
   } else {
     std::memcpy(words, text.data(), text.size());
   }
-  std::uint64_t hash = (words[0] + text.size()) * factor;
-  hash = (hash ^ hash >> 32 ^ words[1]) * factor;
-  return static_cast<std::size_t>(hash ^ hash >> 32);
 }
 
-pQXTreeNodeLink KeyIndex::Find(const TNodeKey& key) const { return FLinks.Find(Hash()(key), HasKey(key)); }
+// Keys hold the time in the middle and random marks everywhere: both words are mixed into all bits.
+std::size_t KeyIndex::KeyBytes::Hash() const {
+  constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;  // 2^64 by the golden ratio
+  const std::uint64_t first = words[0] * factor;
+  const std::uint64_t both = (first ^ first >> 32 ^ words[1]) * factor;
+  return static_cast<std::size_t>(both ^ both >> 32);
+}
+
+bool KeyIndex::KeyBytes::IsWhole() const {
+  char last = 0;
+  std::memcpy(&last, reinterpret_cast<const char*>(words) + sizeof words - 1, 1);
+  return last != 0;
+}
+
+namespace {
+
+// The links of equal bytes that have the key. A whole key's are not even read.
+auto HasKey(const TNodeKey& key, bool whole) {
+  return [&key, whole](pQXTreeNodeLink link) { return whole || NodeBehind(link)->Key == key; };
+}
+
+}  // namespace
+
+pQXTreeNodeLink KeyIndex::Find(const TNodeKey& key) const {
+  const KeyBytes bytes(key);
+  return FLinks.Find(bytes, HasKey(key, bytes.IsWhole()));
+}
 
 bool KeyIndex::IsShared(const TNodeKey& key) const { return !FShared.empty() && FShared.contains(key); }
 
@@ -38,15 +50,18 @@ void KeyIndex::Insert(pQXTreeNodeLink link) {
     ++FShared[key];
     return;
   }
-  const std::size_t hash = Hash()(key);
-  if (FLinks.Insert(link, hash, HasKey(key)) == nullptr) return;
+  const KeyBytes bytes(key);
+  if (FLinks.Insert(link, bytes, HasKey(key, bytes.IsWhole())) == nullptr) return;
   FShared.emplace(key, 2);
-  FLinks.Erase(hash, HasKey(key));
+  FLinks.Erase(bytes, HasKey(key, bytes.IsWhole()));
 }
 
 void KeyIndex::Erase(pQXTreeNodeLink link) {
   const TNodeKey& key = link->Node->Key;
-  if (!IsShared(key)) return FLinks.Erase(Hash()(key), HasKey(key));
+  if (!IsShared(key)) {
+    const KeyBytes bytes(key);
+    return FLinks.Erase(bytes, HasKey(key, bytes.IsWhole()));
+  }
   const auto shared = FShared.find(key);
   if (--shared->second == 0) FShared.erase(shared);
 }

@@ -21,12 +21,23 @@ class KeyIndex {
   bool IsShared(const TNodeKey& key) const;
 
  private:
-  struct Hash {
-    std::size_t operator()(const TNodeKey& key) const;
+  // A key's bytes, with zeros behind a short one.
+  struct KeyBytes {
+    std::uint64_t words[2] = {0, 0};
+
+    KeyBytes() = default;
+    explicit KeyBytes(const TNodeKey& key);
+    std::size_t Hash() const;
+    /// Equal bytes are an equal key, whatever its length.
+    bool IsWhole() const;
+    bool operator==(const KeyBytes&) const = default;
+  };
+  struct KeyHash {
+    std::size_t operator()(const TNodeKey& key) const { return KeyBytes(key).Hash(); }
   };
 
-  LinkTable FLinks;
-  std::unordered_map<TNodeKey, std::size_t, Hash> FShared;
+  LinkTable<KeyBytes> FLinks;
+  std::unordered_map<TNodeKey, std::size_t, KeyHash> FShared;
 };
 
 }  // namespace qxTools::qxTreeList

@@ -20,7 +20,7 @@ struct LinkAndNode : LinkWithLastChild {
 };
 
 /// A tree's link's node, reached without reading the link.
-inline const TQXTreeNode& NodeBehind(pQXTreeNodeLink link) { return static_cast<LinkAndNode*>(link)->node; }
+inline pQXTreeNode NodeBehind(pQXTreeNodeLink link) { return &static_cast<LinkAndNode*>(link)->node; }
 
 /// Making and freeing one takes constant time; freeing all takes no time for each. What is freed singly is
 /// used again, and goes back to the system with all others.

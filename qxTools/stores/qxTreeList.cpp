@@ -52,7 +52,7 @@ void Unlink(pQXTreeNodeLink link) {
 
 // Sets `node` to that of `link` when there is one.
 bool Give(pQXTreeNodeLink link, pQXTreeNode& node) {
-  if (link != nullptr) node = link->Node;
+  if (link != nullptr) node = NodeBehind(link);
   return link != nullptr;
 }
 
