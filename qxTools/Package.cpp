@@ -1,4 +1,5 @@
 #include <qxTools/Package.h>
+#include <qxTools/Version.h>
 #include <qxTools/calendar/QXTimeTools.h>
 #include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/runtime/FormatSettings.h>
@@ -95,6 +96,8 @@ void Finalize() {
 const TPackageInfoTable* GetPackageInfoTable() { return &kTable; }
 
 void SetPackageTrace(TPackageTrace trace) { packageTrace = trace; }
+
+const char* LibraryVersion() { return QXTOOLS_VERSION; }
 
 #ifndef QXTOOLS_STATIC
 namespace {

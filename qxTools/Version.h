@@ -1,0 +1,17 @@
+/// @file
+/// The library's version. Later 1.x versions run what was built against an earlier one.
+#pragma once
+
+#include <qxTools/Export.h>
+
+#define QXTOOLS_VERSION_MAJOR 1
+#define QXTOOLS_VERSION_MINOR 0
+#define QXTOOLS_VERSION_PATCH 0
+#define QXTOOLS_VERSION "1.0.0"
+
+namespace qxTools {
+
+/// The version of the library at hand, as in "1.0.0"; QXTOOLS_VERSION is that of its headers.
+QXTOOLS_API const char* LibraryVersion();
+
+}  // namespace qxTools
