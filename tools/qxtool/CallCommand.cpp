@@ -82,25 +82,21 @@ void Run(const Options& options) {
 
 }  // namespace
 
-void AddCallCommand(CLI::App& app) {
+void AddCallCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* const command = app.add_subcommand("call", "Write the sp_executesql call of a statement");
+  Command command = program.Add("call", "Write the sp_executesql call of a statement");
+  command.Text("FILE", options->file, "Statement with @ parameters and [$...] macros; - is standard input")
+      .Required();
   command
-      ->add_option("FILE", options->file,
-                   "Statement with @ parameters and [$...] macros; - is standard input")
-      ->required();
-  command
-      ->add_option("--set", options->set,
-                   "NAME=VALUE, NAME:TYPE=VALUE or NAME:null; NAME is @Parameter or $Macro, TYPE one of " +
-                       ValueTypes())
-      ->type_name("NAME=VALUE")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  command->add_option("--declare", options->declare, "Declaration list, a file or the text itself")
-      ->type_name("FILE|TEXT");
-  command->add_flag("--all", options->all, "Take every @ name, not only @MM and @MM_...");
-  command->add_flag("--list", options->list, "Show parameters and macros instead of the call");
-  command->callback([options] { Run(*options); });
+      .Repeated("--set", options->set,
+                "NAME=VALUE, NAME:TYPE=VALUE or NAME:null; NAME is @Parameter or $Macro, TYPE one of " +
+                    ValueTypes())
+      .Placeholder("NAME=VALUE");
+  command.Text("--declare", options->declare, "Declaration list, a file or the text itself")
+      .Placeholder("FILE|TEXT");
+  command.Flag("--all", options->all, "Take every @ name, not only @MM and @MM_...");
+  command.Flag("--list", options->list, "Show parameters and macros instead of the call");
+  command.OnRun([options] { Run(*options); });
 }
 
 }  // namespace qxtool

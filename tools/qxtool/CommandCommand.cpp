@@ -51,20 +51,17 @@ void Run(const Options& options) {
 
 }  // namespace
 
-void AddCommandCommand(CLI::App& app) {
+void AddCommandCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* const command = app.add_subcommand("command", "Fill the @ parameters of a command in");
-  command->add_option("FILE", options->file, "Command text with @ parameters; - is standard input")
-      ->required();
+  Command command = program.Add("command", "Fill the @ parameters of a command in");
+  command.Text("FILE", options->file, "Command text with @ parameters; - is standard input").Required();
   command
-      ->add_option("--set", options->set,
-                   "NAME=VALUE, NAME:TYPE=VALUE or NAME:null; TYPE is one of " + ValueTypes() +
-                       "; a text may name its style, as in @NID=@N:15")
-      ->type_name("NAME=VALUE")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  command->add_flag("--list", options->list, "Show the parameters instead of the text");
-  command->callback([options] { Run(*options); });
+      .Repeated("--set", options->set,
+                "NAME=VALUE, NAME:TYPE=VALUE or NAME:null; TYPE is one of " + ValueTypes() +
+                    "; a text may name its style, as in @NID=@N:15")
+      .Placeholder("NAME=VALUE");
+  command.Flag("--list", options->list, "Show the parameters instead of the text");
+  command.OnRun([options] { Run(*options); });
 }
 
 }  // namespace qxtool

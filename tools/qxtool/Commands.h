@@ -1,19 +1,19 @@
 // The commands of qxtool. Each adds its subcommand, with its options, and runs when it is chosen.
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "CommandLine.h"
 
 namespace qxtool {
 
-void AddCallCommand(CLI::App& app);
-void AddCommandCommand(CLI::App& app);
-void AddConvertCommand(CLI::App& app);
-void AddDateCommand(CLI::App& app);
-void AddFileTypeCommand(CLI::App& app);
-void AddFrameCommand(CLI::App& app);
-void AddIniCommand(CLI::App& app);
-void AddKeyCommand(CLI::App& app);
-void AddStoreCommand(CLI::App& app);
-void AddTableCommand(CLI::App& app);
+void AddCallCommand(Command program);
+void AddCommandCommand(Command program);
+void AddConvertCommand(Command program);
+void AddDateCommand(Command program);
+void AddFileTypeCommand(Command program);
+void AddFrameCommand(Command program);
+void AddIniCommand(Command program);
+void AddKeyCommand(Command program);
+void AddStoreCommand(Command program);
+void AddTableCommand(Command program);
 
 }  // namespace qxtool

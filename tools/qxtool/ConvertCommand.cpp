@@ -147,18 +147,16 @@ void Run(const Options& options) {
 
 }  // namespace
 
-void AddConvertCommand(CLI::App& app) {
+void AddConvertCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* const command = app.add_subcommand("convert", "Convert text between big5, gb2312 and utf8");
-  const CLI::IsMember encodings({"big5", "gb2312", "utf8"});
-  command->add_option("--from", options->from, "Encoding of the input")->required()->check(encodings);
-  command->add_option("--to", options->to, "Encoding of the output")->required()->check(encodings);
-  command->add_option("FILE", options->file, "Input; - or nothing is standard input");
-  command->add_option("-o,--output", options->output,
-                      "File that is written, whole, in place of standard output");
-  command->add_flag("--report", options->report,
-                    "List each character without a counterpart on standard error");
-  command->callback([options] { Run(*options); });
+  Command command = program.Add("convert", "Convert text between big5, gb2312 and utf8");
+  const std::vector<std::string> encodings{"big5", "gb2312", "utf8"};
+  command.Text("--from", options->from, "Encoding of the input").Required().OneOf(encodings);
+  command.Text("--to", options->to, "Encoding of the output").Required().OneOf(encodings);
+  command.Text("FILE", options->file, "Input; - or nothing is standard input");
+  command.Text("-o,--output", options->output, "File that is written, whole, in place of standard output");
+  command.Flag("--report", options->report, "List each character without a counterpart on standard error");
+  command.OnRun([options] { Run(*options); });
 }
 
 }  // namespace qxtool

@@ -89,11 +89,11 @@ void Run(const std::string& text) {
 
 }  // namespace
 
-void AddDateCommand(CLI::App& app) {
+void AddDateCommand(Command program) {
   const auto text = std::make_shared<std::string>();
-  CLI::App* const command = app.add_subcommand("date", "Show how each function reads a date");
-  command->add_option("TEXT", *text, "The date; put -- in front of one that begins with -")->required();
-  command->callback([text] { Run(FromArgument(*text)); });
+  Command command = program.Add("date", "Show how each function reads a date");
+  command.Text("TEXT", *text, "The date; put -- in front of one that begins with -").Required();
+  command.OnRun([text] { Run(FromArgument(*text)); });
 }
 
 }  // namespace qxtool

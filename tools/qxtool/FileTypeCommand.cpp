@@ -86,38 +86,36 @@ void ShowPlan(const Options& options) {
 
 using SharedOptions = std::shared_ptr<Options>;
 
-CLI::App* AddAction(CLI::App& command, const char* name, const char* help, const SharedOptions& options,
-                    void (*run)(const Options&)) {
-  CLI::App* const action = command.add_subcommand(name, help);
-  action->callback([options, run] { run(*options); });
+Command AddAction(Command& command, const char* name, const char* help, const SharedOptions& options,
+                  void (*run)(const Options&)) {
+  Command action = command.Add(name, help);
+  action.OnRun([options, run] { run(*options); });
   return action;
 }
 
-void AddRegistration(CLI::App& action, Options& options) {
-  action.add_option("EXT", options.extension, "The extension, with its dot")->required();
-  action.add_option("TYPE", options.type, "The name of the file type")->required();
-  action.add_option("PROGRAM", options.program, "The program that opens the files")->required();
-  action.add_option("DESCRIPTION", options.description, "What the files are called");
-  action.add_option("--icon", options.icon, "The number of the icon")->capture_default_str();
+void AddRegistration(Command action, Options& options) {
+  action.Text("EXT", options.extension, "The extension, with its dot").Required();
+  action.Text("TYPE", options.type, "The name of the file type").Required();
+  action.Text("PROGRAM", options.program, "The program that opens the files").Required();
+  action.Text("DESCRIPTION", options.description, "What the files are called");
+  action.Number("--icon", options.icon, "The number of the icon").ShowDefault();
 }
 
 }  // namespace
 
-void AddFileTypeCommand(CLI::App& app) {
+void AddFileTypeCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* const command = app.add_subcommand("filetype", "Register file types with the desktop");
-  command->require_subcommand(1);
-  command->fallthrough();
+  Command command = program.Add("filetype", "Register file types with the desktop");
   AddRegistration(
-      *AddAction(*command, "register", "Open files of an extension with a program", options, Register),
+      AddAction(command, "register", "Open files of an extension with a program", options, Register),
       *options);
-  AddRegistration(*AddAction(*command, "dry-run", "Show what registering would write", options, ShowPlan),
+  AddRegistration(AddAction(command, "dry-run", "Show what registering would write", options, ShowPlan),
                   *options);
-  AddAction(*command, "show", "Show what is registered", options, Show)
-      ->add_option("EXT", options->extension, "One extension only");
-  AddAction(*command, "remove", "Take a registration back", options, Remove)
-      ->add_option("EXT", options->extension, "The extension, with its dot")
-      ->required();
+  AddAction(command, "show", "Show what is registered", options, Show)
+      .Text("EXT", options->extension, "One extension only");
+  AddAction(command, "remove", "Take a registration back", options, Remove)
+      .Text("EXT", options->extension, "The extension, with its dot")
+      .Required();
 }
 
 }  // namespace qxtool

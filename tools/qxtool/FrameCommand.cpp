@@ -96,46 +96,39 @@ void Unpack(const Options& options) {
 TColor ColorOf(const std::string& text) {
   const bool valid =
       text.size() == 6 && text.find_first_not_of("0123456789ABCDEFabcdef") == std::string::npos;
-  if (!valid) throw CLI::ValidationError("--fill", "is RRGGBB, six hexadecimal digits");
+  if (!valid) throw Failure("is RRGGBB, six hexadecimal digits");
   const auto value = static_cast<TColor>(std::stoul(text, nullptr, 16));
   return (value & 0xFF) << 16 | (value & 0xFF00) | value >> 16;
 }
 
-CLI::App* AddAction(CLI::App& frame, const std::string& name, const std::string& help,
-                    void (*run)(const Options&), const std::shared_ptr<Options>& options) {
-  CLI::App* const action = frame.add_subcommand(name, help);
-  action->callback([run, options] { run(*options); });
-  action->add_option("FRAME", options->frame, "Frame file; its bitmap file stands beside it")->required();
+Command AddAction(Command& frame, const std::string& name, const std::string& help,
+                  void (*run)(const Options&), const std::shared_ptr<Options>& options) {
+  Command action = frame.Add(name, help);
+  action.OnRun([run, options] { run(*options); });
+  action.Text("FRAME", options->frame, "Frame file; its bitmap file stands beside it").Required();
   return action;
 }
 
 }  // namespace
 
-void AddFrameCommand(CLI::App& app) {
+void AddFrameCommand(Command program) {
+  constexpr int kWidest = 32767;
   const auto options = std::make_shared<Options>();
-  CLI::App& frame = *app.add_subcommand("frame", "Look into frame files, paint, pack and unpack them");
-  frame.require_subcommand(1);
+  Command frame = program.Add("frame", "Look into frame files, paint, pack and unpack them");
   AddAction(frame, "info", "Show the sizes of the pieces", Info, options);
 
-  CLI::App* const render = AddAction(frame, "render", "Paint the frame into a bitmap file", Render, options);
-  render->add_option("PICTURE", options->picture, "Bitmap file to be written")->required();
-  render->add_option("--width", options->width, "Width in pixels")
-      ->check(CLI::Range(1, 32767))
-      ->capture_default_str();
-  render->add_option("--height", options->height, "Height in pixels")
-      ->check(CLI::Range(1, 32767))
-      ->capture_default_str();
-  render
-      ->add_option_function<std::string>(
-          "--fill", [options](const std::string& text) { options->fill = ColorOf(text); },
-          "Colour of the inside, white unless given")
-      ->type_name("RRGGBB");
+  Command render = AddAction(frame, "render", "Paint the frame into a bitmap file", Render, options);
+  render.Text("PICTURE", options->picture, "Bitmap file to be written").Required();
+  render.Number("--width", options->width, "Width in pixels").Between(1, kWidest).ShowDefault();
+  render.Number("--height", options->height, "Height in pixels").Between(1, kWidest).ShowDefault();
+  const auto readFill = [options](const std::string& text) { options->fill = ColorOf(text); };
+  render.Parsed("--fill", readFill, "Colour of the inside, white unless given").Placeholder("RRGGBB");
 
   const char* const folderHelp = "Folder of the pieces: top-left.bmp, left.bmp ... bottom-right.bmp";
-  CLI::App* const pack = AddAction(frame, "pack", "Make a frame of bitmap files", Pack, options);
-  pack->add_option("FOLDER", options->folder, folderHelp)->required();
-  CLI::App* const unpack = AddAction(frame, "unpack", "Write the pieces into bitmap files", Unpack, options);
-  unpack->add_option("FOLDER", options->folder, folderHelp)->required();
+  Command pack = AddAction(frame, "pack", "Make a frame of bitmap files", Pack, options);
+  pack.Text("FOLDER", options->folder, folderHelp).Required();
+  Command unpack = AddAction(frame, "unpack", "Write the pieces into bitmap files", Unpack, options);
+  unpack.Text("FOLDER", options->folder, folderHelp).Required();
 }
 
 }  // namespace qxtool

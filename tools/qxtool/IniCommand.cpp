@@ -225,33 +225,32 @@ void Check(const Options& options) {
 
 }  // namespace
 
-void AddIniCommand(CLI::App& app) {
+void AddIniCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* const ini = app.add_subcommand("ini", "Look into a settings file and change it");
-  ini->add_option("FILE", options->file, "Settings file")->required();
-  ini->require_subcommand(1);
+  Command ini = program.Add("ini", "Look into a settings file and change it");
+  ini.Text("FILE", options->file, "Settings file").Required();
   const auto action = [&](const char* name, const char* help, void (*run)(const Options&)) {
-    CLI::App* const made = ini->add_subcommand(name, help);
-    made->callback([options, run] { run(*options); });
+    Command made = ini.Add(name, help);
+    made.OnRun([options, run] { run(*options); });
     return made;
   };
-  const auto place = [&](CLI::App* made) {
-    made->add_option("SECTION", options->section)->required();
-    made->add_option("RECORD", options->record, "Counted from 1")->required()->check(CLI::PositiveNumber);
-    made->add_option("NAME", options->name)->required();
+  const auto place = [&](Command made) {
+    made.Text("SECTION", options->section).Required();
+    made.Number("RECORD", options->record, "Counted from 1").Required().Positive();
+    made.Text("NAME", options->name).Required();
   };
   action("list", "Show sections, records and values", List);
   place(action("get", "Print one text", Get));
-  CLI::App* const set = action("set", "Set one text in a record", Set);
+  Command set = action("set", "Set one text in a record", Set);
   place(set);
-  set->add_option("TEXT", options->value)->required();
-  CLI::App* const add = action("add", "Append a record to a section, which is made when it is new", Add);
-  add->add_option("SECTION", options->section)->required();
-  add->add_option("NAME=TEXT", options->values, "Its values");
-  CLI::App* const remove = action("delete", "Delete a section, a record or a value", Delete);
-  remove->add_option("SECTION", options->section)->required();
-  remove->add_option("RECORD", options->record, "Counted from 1")->check(CLI::PositiveNumber);
-  remove->add_option("NAME", options->name);
+  set.Text("TEXT", options->value).Required();
+  Command add = action("add", "Append a record to a section, which is made when it is new", Add);
+  add.Text("SECTION", options->section).Required();
+  add.Texts("NAME=TEXT", options->values, "Its values");
+  Command remove = action("delete", "Delete a section, a record or a value", Delete);
+  remove.Text("SECTION", options->section).Required();
+  remove.Number("RECORD", options->record, "Counted from 1").Positive();
+  remove.Text("NAME", options->name);
   action("check", "List what a save would lose or move; exit status 1 when there is something", Check);
 }
 

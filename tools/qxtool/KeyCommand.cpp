@@ -32,11 +32,11 @@ void Run(int count) {
 
 }  // namespace
 
-void AddKeyCommand(CLI::App& app) {
+void AddKeyCommand(Command program) {
   const auto count = std::make_shared<int>(1);
-  CLI::App* const command = app.add_subcommand("key", "Make record keys of 16 characters");
-  command->add_option("-n", *count, "How many")->check(CLI::PositiveNumber);
-  command->callback([count] { Run(*count); });
+  Command command = program.Add("key", "Make record keys of 16 characters");
+  command.Number("-n", *count, "How many").Positive();
+  command.OnRun([count] { Run(*count); });
 }
 
 }  // namespace qxtool

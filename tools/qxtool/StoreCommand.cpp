@@ -71,31 +71,30 @@ void Unpack(const Options& options) {
   Naming(options.data, [&] { SaveWholeFile(options.data, store.GetStream()->GetBytes()); });
 }
 
-CLI::App* AddAction(CLI::App& store, const std::string& name, const std::string& help,
-                    void (*run)(const Options&), const std::shared_ptr<Options>& options) {
-  CLI::App* const action = store.add_subcommand(name, help);
-  action->callback([run, options] { run(*options); });
+Command AddAction(Command& store, const std::string& name, const std::string& help,
+                  void (*run)(const Options&), const std::shared_ptr<Options>& options) {
+  Command action = store.Add(name, help);
+  action.OnRun([run, options] { run(*options); });
   return action;
 }
 
 }  // namespace
 
-void AddStoreCommand(CLI::App& app) {
+void AddStoreCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  CLI::App& store = *app.add_subcommand("store", "Look into store files, pack and unpack them");
-  store.require_subcommand(1);
+  Command store = program.Add("store", "Look into store files, pack and unpack them");
 
-  CLI::App* const info = AddAction(store, "info", "Show flag, comment and size", Info, options);
-  info->add_option("STORE", options->store, "Store file")->required();
+  Command info = AddAction(store, "info", "Show flag, comment and size", Info, options);
+  info.Text("STORE", options->store, "Store file").Required();
 
-  CLI::App* const pack = AddAction(store, "pack", "Put the bytes of a file into a store", Pack, options);
-  pack->add_option("DATA", options->data, "File with the data")->required();
-  pack->add_option("STORE", options->store, "Store file to be written, whole or not at all")->required();
-  pack->add_option("--comment", options->comment, "Comment, at most 50 bytes")->type_name("TEXT");
+  Command pack = AddAction(store, "pack", "Put the bytes of a file into a store", Pack, options);
+  pack.Text("DATA", options->data, "File with the data").Required();
+  pack.Text("STORE", options->store, "Store file to be written, whole or not at all").Required();
+  pack.Text("--comment", options->comment, "Comment, at most 50 bytes").Placeholder("TEXT");
 
-  CLI::App* const unpack = AddAction(store, "unpack", "Take the bytes out of a store", Unpack, options);
-  unpack->add_option("STORE", options->store, "Store file")->required();
-  unpack->add_option("DATA", options->data, "File to be written, whole or not at all")->required();
+  Command unpack = AddAction(store, "unpack", "Take the bytes out of a store", Unpack, options);
+  unpack.Text("STORE", options->store, "Store file").Required();
+  unpack.Text("DATA", options->data, "File to be written, whole or not at all").Required();
 }
 
 }  // namespace qxtool

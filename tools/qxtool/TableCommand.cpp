@@ -177,32 +177,30 @@ void FromCsv(const Options& options) {
 
 }  // namespace
 
-void AddTableCommand(CLI::App& app) {
+void AddTableCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  CLI::App* const table =
-      app.add_subcommand("table", "Look into a string table, change it, exchange it with CSV");
-  table->add_option("FILE", options->file, "Table file")->required();
-  table->require_subcommand(1);
+  Command table = program.Add("table", "Look into a string table, change it, exchange it with CSV");
+  table.Text("FILE", options->file, "Table file").Required();
   const auto action = [&](const char* name, const char* help, void (*run)(const Options&)) {
-    CLI::App* const made = table->add_subcommand(name, help);
-    made->callback([options, run] { run(*options); });
+    Command made = table.Add(name, help);
+    made.OnRun([options, run] { run(*options); });
     return made;
   };
-  const auto place = [&](CLI::App* made) {
-    made->add_option("RECORD", options->record, "Counted from 1")->required()->check(CLI::PositiveNumber);
-    made->add_option("FIELD", options->field)->required();
+  const auto place = [&](Command made) {
+    made.Number("RECORD", options->record, "Counted from 1").Required().Positive();
+    made.Text("FIELD", options->field).Required();
   };
   action("show", "Show the records, aligned", Show);
   place(action("get", "Print one text", Get));
-  CLI::App* const set = action("set", "Set one text", Set);
+  Command set = action("set", "Set one text", Set);
   place(set);
-  set->add_option("TEXT", options->value)->required();
+  set.Text("TEXT", options->value).Required();
   action("append", "Append a record", Append)
-      ->add_option("TEXT", options->values, "Its texts, in the header's order");
+      .Texts("TEXT", options->values, "Its texts, in the header's order");
   action("to-csv", "Print the table as CSV", ToCsv);
   action("from-csv", "Make the table anew from a CSV file", FromCsv)
-      ->add_option("CSV", options->value, "CSV file; its first row names the fields")
-      ->required();
+      .Text("CSV", options->value, "CSV file; its first row names the fields")
+      .Required();
 }
 
 }  // namespace qxtool

@@ -11,32 +11,27 @@ constexpr int kDone = 0;
 constexpr int kFound = 1;
 constexpr int kFailed = 2;
 
-void AddCommands(CLI::App& app) {
+void AddCommands(qxtool::Command program) {
   qxtool::Encoding& encoding = qxtool::GetEncoding();
-  app.add_flag_callback(
-         "--utf8",
-         [&encoding] {
-           encoding = {true, true};
-         },
-         "Files, arguments and output are UTF-8, not code page 950")
-      ->trigger_on_parse();
-  app.add_flag_callback(
-         "--utf8-terminal", [&encoding] { encoding.utf8Terminal = true; },
-         "Arguments and output are UTF-8, files are code page 950")
-      ->trigger_on_parse();
-  app.set_version_flag("--version", "qxtool " QXTOOL_VERSION);
-  app.require_subcommand(1);
-  app.fallthrough();
-  qxtool::AddCallCommand(app);
-  qxtool::AddCommandCommand(app);
-  qxtool::AddConvertCommand(app);
-  qxtool::AddDateCommand(app);
-  qxtool::AddFileTypeCommand(app);
-  qxtool::AddFrameCommand(app);
-  qxtool::AddIniCommand(app);
-  qxtool::AddKeyCommand(app);
-  qxtool::AddStoreCommand(app);
-  qxtool::AddTableCommand(app);
+  program.Switch(
+      "--utf8",
+      [&encoding] {
+        encoding = {true, true};
+      },
+      "Files, arguments and output are UTF-8, not code page 950");
+  program.Switch(
+      "--utf8-terminal", [&encoding] { encoding.utf8Terminal = true; },
+      "Arguments and output are UTF-8, files are code page 950");
+  qxtool::AddCallCommand(program);
+  qxtool::AddCommandCommand(program);
+  qxtool::AddConvertCommand(program);
+  qxtool::AddDateCommand(program);
+  qxtool::AddFileTypeCommand(program);
+  qxtool::AddFrameCommand(program);
+  qxtool::AddIniCommand(program);
+  qxtool::AddKeyCommand(program);
+  qxtool::AddStoreCommand(program);
+  qxtool::AddTableCommand(program);
 }
 
 int Fail(const char* message) {
@@ -45,17 +40,12 @@ int Fail(const char* message) {
 }
 
 int Run(int argc, char** argv) {
-  CLI::App app("Work with statements and files of qxTools applications", "qxtool");
-  AddCommands(app);
-  try {
-    app.parse(argc, argv);
-    qxtool::FlushOutput();
-    return qxtool::WasFound() ? kFound : kDone;
-  } catch (const CLI::ParseError& e) {
-    if (app.exit(e) != static_cast<int>(CLI::ExitCodes::Success)) return kFailed;
-    qxtool::FlushOutput();
-    return kDone;
-  }
+  const bool done =
+      qxtool::RunCommandLine(argc, argv, "Work with statements and files of qxTools applications",
+                             "qxtool " QXTOOL_VERSION, AddCommands);
+  if (!done) return kFailed;
+  qxtool::FlushOutput();
+  return qxtool::WasFound() ? kFound : kDone;
 }
 
 }  // namespace

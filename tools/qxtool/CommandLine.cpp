@@ -1,0 +1,99 @@
+#include "CommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+#include "Edge.h"
+
+namespace qxtool {
+
+Option& Option::Required() {
+  option_->required();
+  return *this;
+}
+
+Option& Option::Placeholder(const std::string& text) {
+  option_->type_name(text);
+  return *this;
+}
+
+Option& Option::OneOf(const std::vector<std::string>& values) {
+  option_->check(CLI::IsMember(values));
+  return *this;
+}
+
+Option& Option::Between(int low, int high) {
+  option_->check(CLI::Range(low, high));
+  return *this;
+}
+
+Option& Option::Positive() {
+  option_->check(CLI::PositiveNumber);
+  return *this;
+}
+
+Option& Option::ShowDefault() {
+  option_->capture_default_str();
+  return *this;
+}
+
+Command Command::Add(const std::string& name, const std::string& help) {
+  app_->require_subcommand(1);
+  app_->fallthrough();
+  return Command(*app_->add_subcommand(name, help));
+}
+
+void Command::OnRun(const std::function<void()>& run) { app_->callback(run); }
+
+Option Command::Text(const std::string& names, std::string& value, const std::string& help) {
+  return Option(app_->add_option(names, value, help));
+}
+
+Option Command::Number(const std::string& names, int& value, const std::string& help) {
+  return Option(app_->add_option(names, value, help));
+}
+
+Option Command::Texts(const std::string& name, std::vector<std::string>& values, const std::string& help) {
+  return Option(app_->add_option(name, values, help));
+}
+
+Option Command::Repeated(const std::string& names, std::vector<std::string>& values,
+                         const std::string& help) {
+  return Option(app_->add_option(names, values, help)
+                    ->expected(1)
+                    ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll));
+}
+
+Option Command::Parsed(const std::string& name, const std::function<void(const std::string&)>& read,
+                       const std::string& help) {
+  const auto readOrMisuse = [name, read](const std::string& text) {
+    try {
+      read(text);
+    } catch (const Failure& e) {
+      throw CLI::ValidationError(name, e.what());
+    }
+  };
+  return Option(app_->add_option_function<std::string>(name, readOrMisuse, help));
+}
+
+void Command::Flag(const std::string& names, bool& value, const std::string& help) {
+  app_->add_flag(names, value, help);
+}
+
+void Command::Switch(const std::string& names, const std::function<void()>& act, const std::string& help) {
+  app_->add_flag_callback(names, act, help)->trigger_on_parse();
+}
+
+bool RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
+                    const std::function<void(Command)>& addCommands) {
+  CLI::App app(description, "qxtool");
+  addCommands(Command(app));
+  app.set_version_flag("--version", version);
+  try {
+    app.parse(argc, argv);
+    return true;
+  } catch (const CLI::ParseError& e) {
+    return app.exit(e) == static_cast<int>(CLI::ExitCodes::Success);
+  }
+}
+
+}  // namespace qxtool

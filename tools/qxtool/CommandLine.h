@@ -1,0 +1,66 @@
+// The command line: commands, their arguments and options. The parser behind it is seen by CommandLine.cpp
+// alone, because reading it takes longer than compiling a command.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace qxtool {
+
+/// An argument or an option, to say more about it.
+class Option {
+ public:
+  explicit Option(CLI::Option* option) : option_(option) {}
+
+  Option& Required();
+  /// What the help shows in the value's place.
+  Option& Placeholder(const std::string& text);
+  Option& OneOf(const std::vector<std::string>& values);
+  Option& Between(int low, int high);
+  Option& Positive();
+  /// The help tells the value that stands without it.
+  Option& ShowDefault();
+
+ private:
+  CLI::Option* option_;
+};
+
+/// A command, or the program itself. Names that begin with "-" are options, others arguments in their order;
+/// what is given to a name lives as long as the command.
+class Command {
+ public:
+  explicit Command(CLI::App& app) : app_(&app) {}
+
+  /// A command below this one, which then wants one of them.
+  Command Add(const std::string& name, const std::string& help);
+  /// Called when the command was chosen and its command line is read.
+  void OnRun(const std::function<void()>& run);
+
+  Option Text(const std::string& names, std::string& value, const std::string& help = "");
+  Option Number(const std::string& names, int& value, const std::string& help);
+  /// All words that follow.
+  Option Texts(const std::string& name, std::vector<std::string>& values, const std::string& help);
+  /// An option with one value that may stand several times.
+  Option Repeated(const std::string& names, std::vector<std::string>& values, const std::string& help);
+  /// A value that `read` takes apart; its Failure is a misuse of the option.
+  Option Parsed(const std::string& name, const std::function<void(const std::string&)>& read,
+                const std::string& help);
+  void Flag(const std::string& names, bool& value, const std::string& help);
+  /// A flag that acts where it is read, before what stands behind it.
+  void Switch(const std::string& names, const std::function<void()>& act, const std::string& help);
+
+ private:
+  CLI::App* app_;
+};
+
+/// Reads the command line and runs the command that it names. @return false for misuse, which is told then.
+bool RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
+                    const std::function<void(Command)>& addCommands);
+
+}  // namespace qxtool
