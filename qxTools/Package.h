@@ -14,12 +14,14 @@ namespace qxTools {
 /// One unit's routines. Start-up lowers the unit's counter; shut-down raises it and releases the unit's
 /// globals when it comes back to zero.
 struct TPackageUnit {
+  /// The two routines; both are there in every unit.
   void (*Startup)();
   void (*Shutdown)();
 };
 
 /// The modules of the runtime that have something to start, then the library's units, in starting order.
 struct TPackageInfoTable {
+  /// The units and how many there are.
   Integer Count;
   const TPackageUnit* Units;
 };

@@ -4,9 +4,10 @@
 
 #include <qxTools/Export.h>
 
-#define QXTOOLS_VERSION_MAJOR 1
-#define QXTOOLS_VERSION_MINOR 0
-#define QXTOOLS_VERSION_PATCH 0
+#define QXTOOLS_VERSION_MAJOR 1  ///< Goes up with what older programs cannot take.
+#define QXTOOLS_VERSION_MINOR 0  ///< Goes up with what is new.
+#define QXTOOLS_VERSION_PATCH 0  ///< Goes up with what is mended.
+/// All three.
 #define QXTOOLS_VERSION "1.0.0"
 
 namespace qxTools {

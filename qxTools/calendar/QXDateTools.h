@@ -23,10 +23,10 @@ namespace qxTools::QXDateTools {
 
 // --- Result codes ------------------------------------------------------------
 
-inline constexpr Integer kDateValid = 9000;
-inline constexpr Integer kBadYear = 9001;   ///< not 1 to 9999
-inline constexpr Integer kBadMonth = 9002;  ///< not 1 to 12
-inline constexpr Integer kBadDay = 9003;    ///< not a day of the month
+inline constexpr Integer kDateValid = 9000;  ///< a date of the calendar
+inline constexpr Integer kBadYear = 9001;    ///< not 1 to 9999
+inline constexpr Integer kBadMonth = 9002;   ///< not 1 to 12
+inline constexpr Integer kBadDay = 9003;     ///< not a day of the month
 
 // --- Encoding ----------------------------------------------------------------
 
@@ -76,6 +76,7 @@ QXTOOLS_API std::string ChinaWeek(TDateTime date);
 
 // --- Calendar ----------------------------------------------------------------
 
+/// The part of the date as a number.
 QXTOOLS_API Integer Year(TDateTime date);
 QXTOOLS_API Integer Month(TDateTime date);
 QXTOOLS_API Integer Day(TDateTime date);

@@ -17,9 +17,11 @@ template <std::size_t N>
 class RecordName {
  public:
   RecordName() = default;
+  /// The name, cut.
   explicit RecordName(std::string_view name) : text_(name) {}
   RecordName(const RecordName&) = default;
 
+  /// Assigns a name, cut, and tells the lists.
   RecordName& operator=(const RecordName& other) { return *this = other.View(); }
   RecordName& operator=(std::string_view name) {
     text_ = ShortString<N>(name);
@@ -27,7 +29,9 @@ class RecordName {
     return *this;
   }
 
+  /// The bytes of the name.
   std::string_view View() const { return text_.View(); }
+  /// The same.
   operator std::string_view() const { return View(); }
   friend bool operator==(const RecordName& a, const RecordName& b) { return a.View() == b.View(); }
   friend bool operator==(const RecordName& a, std::string_view b) { return a.View() == b; }

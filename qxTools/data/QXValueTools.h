@@ -16,10 +16,11 @@ namespace qxTools::QXValueTools {
 /// One value; a new one has an empty name and is unassigned.
 struct QXTOOLS_API TValueRecord : BlockRecord {
   TValueRecord() = default;
+  /// A record of that name and value.
   TValueRecord(std::string_view name, Variant value) : Name(name), Value(std::move(value)) {}
 
   RecordName<100> Name;  ///< As given, cut to 100 bytes; it can be assigned.
-  Variant Value;
+  Variant Value;         ///< Empty at first.
 };
 
 /// The list, which owns its records; they keep their address until they are deleted. A bad index raises
@@ -46,7 +47,9 @@ class QXTOOLS_API TQXValueList : public TObject {
   void SetItem(Integer Index, const TValueRecord& Record);
   /// Inserts a copy of `*Record` at `Index`, 0 to the count; auto create makes no difference.
   void Insert(Integer Index, const TValueRecord* Record);
+  /// Deletes the record at `Index`.
   void Delete(Integer Index);
+  /// Deletes all records.
   void Clear();
   /// Replaces the records by copies of those of `Source`; nothing happens for null. Auto create stays.
   /// On purpose: a list that is assigned to itself ends empty, being cleared first.

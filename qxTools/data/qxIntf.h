@@ -11,6 +11,7 @@
 
 namespace qxTools::qxIntf {
 
+/// The lock of an object, for those who hold it by an interface.
 class QXTOOLS_API ISafeInterface : public IInterface {
  public:
   /// It has no identifier of its own; all zeros find it.
@@ -25,6 +26,7 @@ class QXTOOLS_API ISafeInterface : public IInterface {
   ~ISafeInterface() = default;
 };
 
+/// The object that is locked by its references.
 class QXTOOLS_API TSafeInterfacedObject : public TObject, public ISafeInterface {
  public:
   TSafeInterfacedObject() = default;

@@ -19,10 +19,11 @@ namespace qxTools::qxOleVariant {
 /// One field; a new one has an empty name and is empty.
 struct QXTOOLS_API TOleVariantField : BlockRecord {
   TOleVariantField() = default;
+  /// A field of that name, which is to be in capitals.
   TOleVariantField(std::string_view name, Variant value) : Name(name), Value(std::move(value)) {}
 
   RecordName<20> Name;  ///< In capitals; one that a caller assigns is compared as it stands.
-  Variant Value;
+  Variant Value;        ///< Empty at first.
 };
 
 /// For callers.
@@ -50,12 +51,17 @@ class QXTOOLS_API IQXOleVariant : public IInterface {
   virtual HRESULT GetViewIndex(Integer& Result) = 0;
   virtual HRESULT SetStoreProcIndex(Integer Value) = 0;
   virtual HRESULT SetViewIndex(Integer Value) = 0;
+  /// As the method of TQXOleVariant.
   virtual HRESULT Add(TOleVariantField*& Result) = 0;
+  /// As the method of TQXOleVariant.
   virtual HRESULT AddValue(std::u16string_view Name, const Variant& Value) = 0;
+  /// As the method of TQXOleVariant.
   virtual HRESULT Clear() = 0;
   /// `Packet` stays as it was when the call fails.
   virtual HRESULT SaveToOle(Variant& Packet) = 0;
+  /// As the method of TQXOleVariant.
   virtual HRESULT LoadFromOle(const Variant& Packet) = 0;
+  /// As the method of TQXOleVariant; null and 0 for an unknown name.
   virtual HRESULT FindField(std::u16string_view Name, TOleVariantField*& Result) = 0;
 
  protected:
@@ -81,6 +87,7 @@ class QXTOOLS_API TQXOleVariant : public qxIntf::TSafeInterfacedObject {
   TOleVariantField* Add();
   /// On purpose: appends a blank field and stores neither name nor value; SetValue makes named fields.
   void AddValue(std::u16string_view Name, const Variant& Value);
+  /// Deletes all fields.
   void Clear();
 
   // --- By name ---------------------------------------------------------------------------------------

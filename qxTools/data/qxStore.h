@@ -22,8 +22,10 @@
 
 namespace qxTools::qxStore {
 
+/// What a file begins with.
 using TFileFlag = ShortString<3>;
 
+/// Where a long work stands.
 enum TProgressStage { psStarting, psRunning, psEnding };
 
 /// `percentDone` is 0 to 255.
@@ -44,7 +46,9 @@ class QXTOOLS_API TQXCustomStore : public TInterfacedPersistent, public IStreamP
   /// Whether both are empty, or both are of the very same class and write the same bytes. False for null.
   virtual bool Equals(TQXCustomStore* Other);
   virtual bool GetEmpty() const = 0;
+  /// The property "Data" of a component file: LoadFromStream.
   virtual void ReadData(TStream* Stream);
+  /// The same: SaveToStream.
   virtual void WriteData(TStream* Stream);
   /// Fires OnProgress with all six arguments.
   virtual void Progress(TObject* Sender, TProgressStage Stage, std::uint8_t PercentDone, bool RedrawNow,

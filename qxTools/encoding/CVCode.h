@@ -27,6 +27,7 @@ QXTOOLS_API std::string GBtoBIG5(std::string_view text);
 /// On purpose: the ideographic space A140 and the full-width point A144 have no counterpart.
 QXTOOLS_API std::string BIG5toGB(std::string_view text);
 
+/// From which set to which.
 enum TDirection { drGBtoBIG5, drBIG5toGB };
 
 /// The same conversion for text that comes in pieces, cut anywhere: the results of `Convert` and, at the end,
@@ -37,6 +38,7 @@ class QXTOOLS_API TConverter {
   /// character, lead byte first (0xB0A1 for B0 A1).
   using TMissing = std::function<void(std::uint64_t offset, std::uint16_t code)>;
 
+  /// Begins a text.
   explicit TConverter(TDirection direction, TMissing onMissing = nullptr);
 
   /// `piece` converted, all but a last byte that may begin a character.

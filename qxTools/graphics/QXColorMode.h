@@ -16,22 +16,26 @@
 
 namespace qxTools::QXColorMode {
 
+/// The number that colours are computed in.
 using Real = long double;
 
+/// Hue, saturation and value.
 struct THSVMode {
-  Real H = 0;
-  Real S = 0;
-  Real V = 0;
+  Real H = 0;  ///< degrees
+  Real S = 0;  ///< saturation
+  Real V = 0;  ///< value
 };
 
+/// Hue, lightness and saturation.
 struct THLSMode {
-  Real H = 0;
-  Real L = 0;
-  Real S = 0;
+  Real H = 0;  ///< degrees
+  Real L = 0;  ///< lightness
+  Real S = 0;  ///< saturation
 };
 
 /// The channels of a packed colour, 0 to 255, as reals and as integers.
 struct TRGBMode {
+  /// Red, green and blue.
   Real R = 0;
   Real G = 0;
   Real B = 0;

@@ -18,8 +18,10 @@ namespace qxTools::qxDrawTools {
 
 // --- Rectangles and points ---------------------------------------------------
 
+/// Inwards or outwards.
 enum TResizeRectOption : std::uint8_t { roIn, roOut };
 
+/// Places in a rectangle: the side or corner, then the place along it.
 enum TAlignmentEx : std::uint8_t {
   aeLeftTop,
   aeLeftCenter,
@@ -39,6 +41,7 @@ QXTOOLS_API bool PosInRect(const TSmallPoint& Pos, const TRect& Rect);
 /// Every side moved by `Size`, outwards (roOut) or inwards (roIn). The result may be inverted.
 QXTOOLS_API TRect ResizeRect(const TRect& Rect, Integer Size, TResizeRectOption Option);
 
+/// The rectangle moved.
 QXTOOLS_API TRect OffsetRect(const TRect& Rect, Integer Dx, Integer Dy);
 
 /// The smallest rectangle around both.
@@ -87,6 +90,7 @@ QXTOOLS_API void DrawBox(TCanvas& Canvas, const TRect& Rect, bool Double);
 /// A filled rectangle inside a DrawBox.
 QXTOOLS_API void DrawFrame(TCanvas& Canvas, const TRect& Rect, bool Double, TColor Color);
 
+/// Directions of a triangle.
 enum TDrawAngleType : std::uint8_t { daLeft, daTop, daRight, daBottom };
 
 /// A filled triangle that points in that direction.

@@ -38,7 +38,9 @@ class QXTOOLS_API IMemoryOperation : public IInterface {
 
   virtual void GetMemory(void* Dest, std::uint32_t Offset, std::uint32_t Count) const = 0;
   virtual void SetMemory(const void* Source, std::uint32_t Offset, std::uint32_t Count) = 0;
+  /// Copies from the cursor on, and moves it.
   virtual void Read(void* Buffer, Integer Count) = 0;
+  /// Copies to the cursor, and moves it.
   virtual void Write(const void* Buffer, Integer Count) = 0;
   virtual THandle GetHandle() const = 0;
   virtual void* GetAddress() const = 0;
@@ -77,6 +79,7 @@ class QXTOOLS_API TMemoryOperation : public TInterfacedObject, public IMemoryOpe
   /// Takes over size and bytes of `Source`. Neither cursor moves.
   virtual void Assign(const TMemoryOperation& Source);
 
+  /// Whether the cursor is at the start, at the end.
   bool Bof() const { return FPosition <= 0; }
   bool Eof() const { return FPosition >= FSize; }
 
@@ -109,6 +112,7 @@ class QXTOOLS_API TMemoryOperation : public TInterfacedObject, public IMemoryOpe
  protected:
   void* FindInterface(const GUID& iid) override;
 
+  /// Block, bytes in use, and cursor.
   std::byte* FAddress = nullptr;
   Integer FSize = 0;
   Integer FPosition = 0;
@@ -175,6 +179,7 @@ class QXTOOLS_API TMemoryBank : public MemoryFace<TMemoryOperation, IMemoryBank>
     return FAddress + index * std::ptrdiff_t{std::max(FElementSize, 0)};
   }
 
+  /// Whether the index is good.
   bool Reaches(Integer index) const { return static_cast<std::uint32_t>(index) < FReach; }
 
   /// Whether the index is good and elements have the size given to the constructor.
@@ -184,6 +189,7 @@ class QXTOOLS_API TMemoryBank : public MemoryFace<TMemoryOperation, IMemoryBank>
   /// To be called after every change of count, size or element size.
   void UpdateReach();
 
+  /// Elements, and the bytes of one.
   Integer FCount = 1;
   Integer FElementSize = 0;
 

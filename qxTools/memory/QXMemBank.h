@@ -11,6 +11,7 @@ using QXMemTools::TMemoryBank;
 
 // --- Interfaces --------------------------------------------------------------
 
+/// A bank of characters.
 class QXTOOLS_API ICharBank : public IMemoryBank {
  public:
   static constexpr GUID IID = MakeGuid("C3CF33E7-30DB-4361-8E6E-A59C4C3B4F83");
@@ -22,6 +23,7 @@ class QXTOOLS_API ICharBank : public IMemoryBank {
   ~ICharBank() = default;
 };
 
+/// A bank of 32-bit integers.
 class QXTOOLS_API IIntegerBank : public IMemoryBank {
  public:
   static constexpr GUID IID = MakeGuid("4C588B5F-4DFC-4F4C-96C5-BFE6727EB30A");
@@ -33,6 +35,7 @@ class QXTOOLS_API IIntegerBank : public IMemoryBank {
   ~IIntegerBank() = default;
 };
 
+/// A bank of doubles.
 class QXTOOLS_API IDoubleBank : public IMemoryBank {
  public:
   static constexpr GUID IID = MakeGuid("63ECE5EB-CB5F-4E08-A2A7-E98127B2A0C9");
@@ -44,6 +47,7 @@ class QXTOOLS_API IDoubleBank : public IMemoryBank {
   ~IDoubleBank() = default;
 };
 
+/// A bank of pointers.
 class QXTOOLS_API IPointerBank : public IMemoryBank {
  public:
   static constexpr GUID IID = MakeGuid("5AE88DA0-2C30-42C9-8EF7-EEA9D13FA6C0");

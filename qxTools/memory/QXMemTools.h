@@ -48,6 +48,7 @@ class QXTOOLS_API TMemoryBank : public MemoryCore::TMemoryBank {
     return value;
   }
 
+  /// The same into the bank.
   template <class T, Integer Size>
   void WriteElement(Integer index, T value) {
     if (ReachesOwnSize(index)) [[likely]] {

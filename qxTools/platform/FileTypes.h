@@ -20,15 +20,15 @@ namespace qxTools {
 struct FileType {
   std::string name;                     ///< Types are the same when their names differ in ASCII case only.
   std::vector<std::string> extensions;  ///< With their dots.
-  std::string description;
-  std::string program;  ///< Its path; a bare name is looked for in $PATH.
-  std::string icon;     ///< A program or a picture.
+  std::string description;              ///< What the desktop shows.
+  std::string program;                  ///< Its path; a bare name is looked for in $PATH.
+  std::string icon;                     ///< A program or a picture.
 };
 
 /// A file as it shall be for the desktop; one without bytes shall not be there.
 struct DesktopFile {
-  std::string path;
-  std::optional<std::string> bytes;
+  std::string path;                  ///< Absolute.
+  std::optional<std::string> bytes;  ///< The whole file.
 };
 
 /// The MIME type of a file type: "application/x-qxtools-" and its name in lower case, where bytes other than

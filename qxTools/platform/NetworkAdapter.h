@@ -9,8 +9,10 @@
 
 namespace qxTools {
 
+/// Six bytes, as they are sent.
 using AdapterAddress = std::array<std::uint8_t, 6>;
 
+/// How reading an address ended.
 enum class AdapterStatus {
   kFound,       ///< The address was read.
   kNone,        ///< The machine has no adapter with an address.

@@ -12,6 +12,7 @@ namespace qxTools {
 /// A window, as the desktop numbers it.
 using WindowHandle = std::uintptr_t;
 
+/// A screen and its windows.
 class QXTOOLS_API ScreenSource {
  public:
   virtual ~ScreenSource();

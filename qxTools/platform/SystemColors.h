@@ -12,6 +12,7 @@
 
 namespace qxTools {
 
+/// Face, shadow and highlight of buttons.
 inline constexpr TColor clBtnFace = 0x8000000F;
 inline constexpr TColor clBtnShadow = 0x80000010;
 inline constexpr TColor clBtnHighlight = 0x80000014;

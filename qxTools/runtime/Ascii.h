@@ -13,6 +13,7 @@
 
 namespace qxTools {
 
+/// One byte: whether it is a digit, as a capital, as a small letter.
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr char UpperChar(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr char LowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }

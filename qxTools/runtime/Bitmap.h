@@ -21,6 +21,7 @@ class QXTOOLS_API TBitmap : public TObject {
 
   Integer GetWidth() const { return width_; }
   Integer GetHeight() const { return height_; }
+  /// Whether there is no pixel.
   bool Empty() const { return width_ == 0; }
 
   /// What both sizes have stays, the rest is white. A side of 0 or less makes the bitmap empty.

@@ -18,6 +18,7 @@ namespace qxTools {
 
 class TBitmap;
 
+/// Whether areas are filled.
 enum TBrushStyle { bsSolid, bsClear };
 
 /// A surface with a pen (1 pixel wide, black at first), a brush (solid and white at first), a font colour
@@ -41,6 +42,7 @@ class QXTOOLS_API TCanvas : public TObject {
   void SetFontColor(TColor color) { fontColor_ = color; }
 
   // --- Lines and areas ----------------------------------------------------------
+  /// Moves the position.
   void MoveTo(Integer x, Integer y) { position_ = {x, y}; }
   /// Draws from the position up to, but without, (x, y), and moves the position there. The pixels are those
   /// nearest to the line; of two equally near ones the one with the smaller coordinate, so both directions
@@ -63,7 +65,9 @@ class QXTOOLS_API TCanvas : public TObject {
   void CopyRect(const TRect& dest, const TBitmap& source, const TRect& part);
 
   // --- Text ---------------------------------------------------------------------
+  /// The width of a line of text.
   virtual Integer TextWidth(std::string_view text) = 0;
+  /// The height of a line of text.
   virtual Integer TextHeight(std::string_view text) = 0;
   /// Text in the font's colour, its top left at (x, y), clipped to `rect`. A solid brush fills the whole
   /// rectangle first, a clear one leaves what is behind the glyphs.

@@ -13,19 +13,21 @@
 
 namespace qxTools {
 
+/// A day of the calendar.
 struct DateParts {
-  int Year = 0;  ///< 1 to 9999
-  int Month = 0;
-  int Day = 0;
+  int Year = 0;   ///< 1 to 9999
+  int Month = 0;  ///< 1 to 12
+  int Day = 0;    ///< 1 to 31
 
   friend bool operator==(const DateParts&, const DateParts&) = default;
 };
 
+/// A time of day.
 struct TimeParts {
-  int Hour = 0;
-  int Minute = 0;
-  int Second = 0;
-  int Millisecond = 0;
+  int Hour = 0;         ///< 0 to 23
+  int Minute = 0;       ///< 0 to 59
+  int Second = 0;       ///< 0 to 59
+  int Millisecond = 0;  ///< 0 to 999
 
   friend bool operator==(const TimeParts&, const TimeParts&) = default;
 };
@@ -44,6 +46,7 @@ QXTOOLS_API TDateTime EncodeDate(int year, int month, int day);
 /// @throws EConvertError for a moment outside the years 1 to 9999, or not a number.
 QXTOOLS_API std::int32_t DayNumber(TDateTime date);
 
+/// The day whose number is 0.
 inline constexpr std::chrono::sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
 
 /// Year, month and day. Inline, since handing three numbers through memory takes as long as finding them.

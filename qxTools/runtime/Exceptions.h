@@ -14,6 +14,7 @@ namespace qxTools {
 /// The general exception: misuse of an object, with a fixed text.
 class QXTOOLS_API Exception : public std::runtime_error {
  public:
+  /// The message is what() gives.
   explicit Exception(const std::string& message) : std::runtime_error(message) {}
   ~Exception() override;
 };

@@ -14,6 +14,7 @@ namespace qxTools {
 /// Reads a property's data from a stream, or writes it to one.
 using TStreamProc = std::function<void(TStream* stream)>;
 
+/// What a reader and a writer have in common.
 class QXTOOLS_API TFiler : public TObject {
  public:
   TFiler(const TFiler&) = delete;
@@ -31,12 +32,14 @@ class QXTOOLS_API TFiler : public TObject {
   /// `stream` stays the caller's.
   explicit TFiler(TStream* stream) : stream_(stream) {}
 
-  TStream* stream_;
-  TPersistent* ancestor_ = nullptr;
+  TStream* stream_;                  ///< The file.
+  TPersistent* ancestor_ = nullptr;  ///< See GetAncestor.
 };
 
+/// Writes the properties of objects.
 class QXTOOLS_API TWriter : public TFiler {
  public:
+  /// `stream` stays the caller's.
   explicit TWriter(TStream* stream) : TFiler(stream) {}
   ~TWriter() override;
 
@@ -49,8 +52,10 @@ class QXTOOLS_API TWriter : public TFiler {
                             bool hasData) override;
 };
 
+/// Reads what TWriter wrote.
 class QXTOOLS_API TReader : public TFiler {
  public:
+  /// `stream` stays the caller's.
   explicit TReader(TStream* stream) : TFiler(stream) {}
   ~TReader() override;
 

@@ -11,11 +11,12 @@
 
 namespace qxTools {
 
+/// The settings.
 struct FormatSettings {
   /// Runs of y, m and d (yyyy or yy, mm or m, dd or d), each "/" standing for the date separator.
   std::string ShortDateFormat = "yyyy/mm/dd";
-  char DateSeparator = '/';
-  char DecimalSeparator = '.';
+  char DateSeparator = '/';     ///< Between the parts of a date.
+  char DecimalSeparator = '.';  ///< In front of a fraction.
   /// First year of the hundred that years of one or two digits are read into: 1950 to 2049.
   int TwoDigitYearStart = 1950;
 };

@@ -19,11 +19,14 @@ class QXTOOLS_API TInterfacedPersistent : public TPersistent {
   /// The interface of this object with that identifier, or null.
   virtual void* FindInterface(const GUID& iid) = 0;
 
+  /// The root methods, for QXTOOLS_INTERFACED_OBJECT.
   HRESULT QueryInterfaceImpl(const GUID& iid, void** result) {
     *result = FindInterface(iid);
     return *result != nullptr ? S_OK : E_NOINTERFACE;
   }
+  /// The same: -1.
   Integer AddRefImpl() { return -1; }
+  /// The same: -1.
   Integer ReleaseImpl() { return -1; }
 };
 

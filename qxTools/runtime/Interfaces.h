@@ -15,12 +15,14 @@
 
 namespace qxTools {
 
+/// Done, no such interface, any other failure.
 constexpr HRESULT S_OK = 0;
 constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002U);
 constexpr HRESULT E_UNEXPECTED = static_cast<HRESULT>(0x8000FFFFU);
 
 /// A 128-bit interface identifier in its memory layout.
 struct GUID {
+  /// The parts, in the order in which they are written.
   std::uint32_t Data1 = 0;
   std::uint16_t Data2 = 0;
   std::uint16_t Data3 = 0;
@@ -85,8 +87,11 @@ class QXTOOLS_API TInterfacedObject : public TObject {
   /// The interface of this object with that identifier (no reference taken), or null.
   virtual void* FindInterface(const GUID& iid) = 0;
 
+  /// The root methods, for QXTOOLS_INTERFACED_OBJECT.
   HRESULT QueryInterfaceImpl(const GUID& iid, void** result);
+  /// The same.
   Integer AddRefImpl();
+  /// The same; the last one destroys the object.
   Integer ReleaseImpl();
 
  private:

@@ -16,6 +16,7 @@ class QXTOOLS_API TList : public TObject {
 
   /// Appends a pointer. @return its index, from 0.
   Integer Add(void* Item);
+  /// Drops all pointers.
   void Clear() { FItems.clear(); }
   Integer GetCount() const { return static_cast<Integer>(FItems.size()); }
 

@@ -13,6 +13,7 @@
 
 namespace qxTools {
 
+/// What a message is; it decides icon and caption.
 enum TDialogType { dtWarning, dtError, dtInformation, dtConfirmation, dtCustom };
 
 /// The buttons, one bit each; they combine with "|".
@@ -48,6 +49,7 @@ class QXTOOLS_API MessageDialog {
   virtual ~MessageDialog();
   virtual void SetHelpContext(Integer context) = 0;
   virtual void SetCaption(std::string_view caption) = 0;
+  /// To be shown in the middle of the screen.
   virtual void CenterOnScreen() = 0;
   /// Shows the dialog until it is answered. @return the result of the button.
   virtual Integer ShowModal() = 0;
@@ -57,6 +59,7 @@ class QXTOOLS_API MessageDialog {
 class QXTOOLS_API DialogService {
  public:
   virtual ~DialogService();
+  /// A dialog that is not yet shown.
   virtual std::unique_ptr<MessageDialog> CreateMessageDialog(std::string_view message, TDialogType type,
                                                              TDialogButtons buttons) = 0;
 };

@@ -19,13 +19,16 @@ class OwnedList {
 
   Item* GetItems(Integer index) const { return items_[Checked(index)].get(); }
 
+  /// Appends an item. @return where it stands from now on.
   Item* Add(std::unique_ptr<Item> item) { return items_.emplace_back(std::move(item)).get(); }
 
+  /// Inserts an item at 0 to the count.
   void Insert(Integer index, std::unique_ptr<Item> item) {
     if (index != GetCount()) Checked(index);
     items_.insert(items_.begin() + index, std::move(item));
   }
 
+  /// Frees an item.
   void Delete(Integer index) { items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(Checked(index))); }
 
   /// Frees the items, last to first.
@@ -33,6 +36,7 @@ class OwnedList {
     while (!items_.empty()) items_.pop_back();
   }
 
+  /// Takes room for so many items.
   void Reserve(std::size_t count) { items_.reserve(count); }
 
  private:

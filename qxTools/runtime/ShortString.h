@@ -30,6 +30,7 @@ class ShortString {
     text.copy(FText, FLength);
   }
 
+  /// The text: its length in bytes, a view of it, a copy.
   std::size_t Length() const { return std::min<std::size_t>(FLength, N); }
   std::string_view View() const { return {FText, Length()}; }
   std::string Text() const { return std::string(View()); }

@@ -16,6 +16,7 @@ namespace qxTools {
 /// What an offset counts from.
 enum TSeekOrigin { soBeginning, soCurrent, soEnd };
 
+/// What all streams have.
 class QXTOOLS_API TStream : public TObject {
  public:
   TStream() = default;
@@ -93,7 +94,9 @@ class QXTOOLS_API IStreamPersist : public IInterface {
  public:
   static constexpr GUID IID = MakeGuid("6E0B1F5C-93D4-4A57-8C2E-1D5A70F4B963");
 
+  /// From the position on.
   virtual void LoadFromStream(TStream* stream) = 0;
+  /// At the position.
   virtual void SaveToStream(TStream* stream) = 0;
 
  protected:

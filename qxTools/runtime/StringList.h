@@ -18,9 +18,11 @@ namespace qxTools {
 class QXTOOLS_API TStrings : public TObject {
  public:
   TStrings() = default;
+  /// A list of these lines.
   TStrings(std::initializer_list<std::string> lines) : lines_(lines) {}
   /// Copies take the lines and not the event.
   TStrings(const TStrings& other) : TObject(other), lines_(other.lines_) {}
+  /// The same as Assign.
   TStrings& operator=(const TStrings& other);
   ~TStrings() override;
 
@@ -29,6 +31,7 @@ class QXTOOLS_API TStrings : public TObject {
   std::string GetText() const;
   /// Splits at CR LF, LF or CR. A break at the very end adds no empty line.
   void SetText(std::string_view text);
+  /// Takes the lines of `source`, and not its event.
   void Assign(const TStrings& source);
   /// @throws EFOpenError when the file cannot be opened, EReadError when reading fails; nothing changes then.
   void LoadFromFile(const std::string& fileName);
@@ -47,12 +50,16 @@ class QXTOOLS_API TStrings : public TObject {
   Integer Add(const char* line) { return Add(std::string(line)); }
   /// @throws EListError when `index` is outside 0 to the count.
   void Insert(Integer index, std::string_view line);
+  /// Deletes a line.
   void Delete(Integer index);
+  /// Deletes all lines.
   void Clear();
 
   // --- Change event ----------------------------------------------------------------------------------
   void SetOnChange(TNotifyEvent event) { onChange_ = std::move(event); }
+  /// Holds the event back; calls nest.
   void BeginUpdate() { ++updates_; }
+  /// Lets it go again.
   void EndUpdate();
 
  protected:

@@ -24,34 +24,34 @@ namespace qxTools {
 /// An OLE type code; varArray and varByRef are flags beside one.
 using VarType = std::uint16_t;
 
-constexpr VarType varEmpty = 0;
-constexpr VarType varNull = 1;
-constexpr VarType varSmallint = 2;
-constexpr VarType varInteger = 3;
-constexpr VarType varSingle = 4;
-constexpr VarType varDouble = 5;
-constexpr VarType varCurrency = 6;
-constexpr VarType varDate = 7;
-constexpr VarType varOleStr = 8;
-constexpr VarType varDispatch = 9;
-constexpr VarType varError = 10;
-constexpr VarType varBoolean = 11;
-constexpr VarType varVariant = 12;
-constexpr VarType varUnknown = 13;
-constexpr VarType varShortInt = 16;
-constexpr VarType varByte = 17;
-constexpr VarType varWord = 18;
-constexpr VarType varLongWord = 19;
-constexpr VarType varInt64 = 20;
-constexpr VarType varStrArg = 0x48;
-constexpr VarType varString = 0x100;
-constexpr VarType varArray = 0x2000;
-constexpr VarType varByRef = 0x4000;
+constexpr VarType varEmpty = 0;       ///< no value was assigned
+constexpr VarType varNull = 1;        ///< no value, as a database has it
+constexpr VarType varSmallint = 2;    ///< 16 bits
+constexpr VarType varInteger = 3;     ///< 32 bits
+constexpr VarType varSingle = 4;      ///< a float
+constexpr VarType varDouble = 5;      ///< a double
+constexpr VarType varCurrency = 6;    ///< 64 bits, in ten-thousandths
+constexpr VarType varDate = 7;        ///< TDateTime
+constexpr VarType varOleStr = 8;      ///< wide text
+constexpr VarType varDispatch = 9;    ///< an object
+constexpr VarType varError = 10;      ///< a 32-bit code
+constexpr VarType varBoolean = 11;    ///< true or false
+constexpr VarType varVariant = 12;    ///< the elements of an array
+constexpr VarType varUnknown = 13;    ///< an object
+constexpr VarType varShortInt = 16;   ///< 8 bits
+constexpr VarType varByte = 17;       ///< 8 bits, unsigned
+constexpr VarType varWord = 18;       ///< 16 bits, unsigned
+constexpr VarType varLongWord = 19;   ///< 32 bits, unsigned
+constexpr VarType varInt64 = 20;      ///< 64 bits
+constexpr VarType varStrArg = 0x48;   ///< narrow text, as an argument
+constexpr VarType varString = 0x100;  ///< narrow text
+constexpr VarType varArray = 0x2000;  ///< flag: an array of the type beside it
+constexpr VarType varByRef = 0x4000;  ///< flag: a reference
 
 /// The bounds of one dimension of an array, both ends included.
 struct VarBounds {
-  Integer Low = 0;
-  Integer High = -1;
+  Integer Low = 0;    ///< The first index.
+  Integer High = -1;  ///< The last index.
 
   friend bool operator==(const VarBounds&, const VarBounds&) = default;
 };
@@ -64,6 +64,7 @@ concept VariantInteger =
     !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t> &&
     (sizeof(T) < 8 || std::is_signed_v<T>);
 
+/// A value with its type code.
 class QXTOOLS_API Variant {
  public:
   // --- Making one ------------------------------------------------------------------------------------
@@ -75,6 +76,7 @@ class QXTOOLS_API Variant {
   /// The integer type of the argument's size and sign; there is none for unsigned 64 bits.
   template <VariantInteger T>
   Variant(T value) : type_(IntegerType(sizeof(T), std::is_signed_v<T>)), value_(std::int64_t{value}) {}
+  /// By the type of the argument: number, narrow or wide text.
   Variant(float value) : type_(varSingle), value_(static_cast<double>(value)) {}
   Variant(double value) : type_(varDouble), value_(value) {}
   Variant(const char* text) : Variant(std::string(text)) {}
@@ -83,13 +85,17 @@ class QXTOOLS_API Variant {
   Variant(const char16_t* text) : Variant(std::u16string(text)) {}
   Variant(std::u16string text) : type_(varOleStr), value_(std::move(text)) {}
 
+  /// No value, as a database has it.
   static Variant Null() { return OfType(varNull); }
+  /// A date.
   static Variant FromDate(TDateTime date);
   /// `scaled` is the amount in ten-thousandths.
   static Variant FromCurrency(std::int64_t scaled);
+  /// A result code.
   static Variant FromError(Integer code);
   /// Holds a reference to the object, which may be null.
   static Variant FromDispatch(IInterface* object);
+  /// The same.
   static Variant FromUnknown(IInterface* object);
   /// A value of that type code that is zero, "" or a null reference. By-reference codes and codes without a
   /// meaning here make values that have their code and nothing else.
@@ -100,15 +106,20 @@ class QXTOOLS_API Variant {
   static Variant NewArray(Integer low, Integer high, VarType element = varVariant);
 
   // --- Looking at it ---------------------------------------------------------------------------------
+  /// The type code.
   VarType Type() const { return type_; }
+  /// Whether no value was assigned.
   bool IsEmpty() const { return type_ == varEmpty; }
+  /// Whether it is null.
   bool IsNull() const { return type_ == varNull; }
+  /// Whether it is an array.
   bool IsArray() const { return (type_ & varArray) != 0; }
   /// A narrow or a wide text.
   bool IsString() const { return type_ == varString || type_ == varStrArg || type_ == varOleStr; }
 
   /// The text form. @throws EVariantError when there is none.
   AnsiString AsString() const;
+  /// The same, wide.
   WideString AsWideString() const;
   /// Null and empty give 0, true gives -1, other numbers are rounded (ties to even), text is read as
   /// StrToInt.
@@ -127,7 +138,9 @@ class QXTOOLS_API Variant {
   // --- Arrays ----------------------------------------------------------------------------------------
   // Each raises EVariantError: "Variant is not an array", or "Variant array index out of bounds" for a
   // dimension (counted from 1) or an index that the array does not have.
+  /// How many dimensions there are.
   Integer DimCount() const;
+  /// The bounds of one.
   VarBounds Bounds(Integer dimension = 1) const;
   /// The element at one index a dimension.
   Variant GetElement(std::span<const Integer> indexes) const;

@@ -24,8 +24,8 @@ namespace qxTools::QXRegFileType {
 
 /// A key of the classes root and its value.
 struct TFileTypeValue {
-  AnsiString Key;
-  AnsiString Value;
+  AnsiString Key;    ///< Its levels parted by "\".
+  AnsiString Value;  ///< The text.
 };
 
 /// The values that RegFileType writes, in its order: the type name and the open command of the extension; the

@@ -84,10 +84,12 @@ enum TSqlStyle { stString, stInteger, stReal, stDate, stTime, stBoolean, stFunct
 /// The two characters with which a text value names its own style, by TSqlStyle: "@S" to "@F".
 QXTOOLS_API extern std::array<std::string, 7> ParamStyleHeader;
 
+/// Which of the four.
 enum TSqlLanguage { slSelect, slInsert, slDelete, slUpdate };
 
 /// The texts of the four statements of one table.
 struct TSqlOperation {
+  /// The statements.
   AnsiString SelectSql;
   AnsiString InsertSql;
   AnsiString DeleteSql;
@@ -114,9 +116,9 @@ class QXTOOLS_API TQXSQLItem : public TPersistent {
   const AnsiString& GetName() const { return name_; }
   void SetName(std::string_view name);
 
-  Variant Value = "";  ///< As set.
-  TSqlStyle Style = stString;
-  AnsiString Text;  ///< What will stand in the statement, before quoting.
+  Variant Value = "";          ///< As set.
+  TSqlStyle Style = stString;  ///< How the text is written.
+  AnsiString Text;             ///< What will stand in the statement, before quoting.
 
  private:
   friend class TQXSQLItems;
@@ -142,7 +144,9 @@ class QXTOOLS_API TQXSQLItems {
   void AddNamesOf(std::string_view text);
   /// Replaces the items by copies of those of `source`; nothing happens for null.
   void Assign(const TQXSQLItems* source);
+  /// Deletes all items.
   void Clear();
+  /// Deletes the item at `index`.
   void Delete(Integer index);
 
   Integer GetCount() const { return items_.GetCount(); }
@@ -155,7 +159,7 @@ class QXTOOLS_API TQXSQLItems {
   /// Its position, or -1.
   Integer GetItemsIndex(std::string_view name) const;
 
-  // The next four raise Exception, "Parameters NAME is not found".
+  // Styles and values by name. All but FindAndModify raise Exception, "Parameters NAME is not found".
   TSqlStyle GetItemsStyle(std::string_view name) const;
   void SetItemsStyle(std::string_view name, TSqlStyle style);
   Variant GetItemsValue(std::string_view name) const;
@@ -196,6 +200,7 @@ class QXTOOLS_API TQXSQL : public TPersistent {
   /// The command text; changing it, also directly, finds the parameters anew.
   TStrings& GetInLines() { return inLines_; }
   void SetInLines(const TStrings& lines) { inLines_.Assign(lines); }
+  /// The same as SetInLines.
   void LoadParamedCommand(const TStrings& lines) { inLines_.Assign(lines); }
   /// Takes the statement of `operation` that `language` picks.
   void AssignSql(const TSqlOperation& operation, TSqlLanguage language);
@@ -206,15 +211,15 @@ class QXTOOLS_API TQXSQL : public TPersistent {
   /// Rebuilds the parameters from the text. A name is "@" and ASCII letters, digits and "_", beginning with a
   /// letter; quotes are not looked at.
   ///
-  /// On purpose: a lone "@" stays open ("@ x" is @x), and "@@ROWCOUNT" is the parameter @ROWCOUNT.
+  /// On purpose: a lone "@" stays open (`@ x` is `@x`), and `@@ROWCOUNT` is the parameter `@ROWCOUNT`.
   void FindParams();
   void OnInLinesChange(TObject* sender);
 
-  /// The text without /* */ comments and without blank lines around it; a text without both marks comes back
-  /// as it is. Comments do not nest, and marks inside quotes count.
+  /// The text without `/* */` comments and without blank lines around it; a text without both marks comes
+  /// back as it is. Comments do not nest, and marks inside quotes count.
   ///
   /// On purpose: outside a comment every "/" goes, with the character behind it, and a comment that ends in
-  /// an odd number of "*" more than one ("/* x **/") never closes.
+  /// an odd number of "*" more than one (`/* x **/`) never closes.
   static WideString ClearNote(std::u16string_view text);
 
   /// The text without comments and with every parameter replaced by its value, in list order, in any case.

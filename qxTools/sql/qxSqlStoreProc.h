@@ -117,13 +117,13 @@ class QXTOOLS_API TQXSqlStoreProc : public TObject {
   /// Finds parameters outside quoted literals, and macros everywhere. A macro is "[$" and all up to the next
   /// "]", so a text that opens many and closes few has long names.
   ///
-  /// On purpose: a lone "@" stays open ("@ x" is @x), and a literal that begins right behind a name ends it
+  /// On purpose: a lone "@" stays open (`@ x` is `@x`), and a literal that begins right behind a name ends it
   /// only with its closing quote.
   void SearchAllParams();
   void DoChange(TObject* sender);
 
-  /// The text without /* */ comments; with one removed, also without what stands before its first character
-  /// from "!" to DEL. Comments do not nest; "/*/" is a whole one. A "*/" before the first "/*", and a comment
+  /// The text without `/* */` comments; with one removed, also without what stands before its first character
+  /// from "!" to DEL. Comments do not nest; `/*/` is a whole one. A `*/` before the first `/*`, and a comment
   /// that never closes, end the work.
   ///
   /// On purpose: Chinese in front of the first such character goes with the blanks.
@@ -140,6 +140,7 @@ class QXTOOLS_API TQXSqlStoreProc : public TObject {
   TQXSqlStoreProcItem* GetFuncItems(Integer index) const { return funcs_.items.GetItems(index); }
   /// The place of the LAST item of that name in any case, or -1.
   Integer FindParam(std::string_view name) const;
+  /// The same for a macro, brackets included.
   Integer FindFunc(std::string_view name) const;
   /// The item of that name. @throws EListError, of index -1, for an unknown one.
   TQXSqlStoreProcItem* GetParams(std::string_view name) const { return GetItems(FindParam(name)); }

@@ -10,8 +10,8 @@
 ///     people.UpdateTable();
 ///
 /// Line 0 names the fields, each further line is a record. A field is its text between "[#" and "#]", and
-/// texts hold neither: [#Name#][#Phone#]. Field names ignore the case of ASCII letters, and of equal ones the
-/// first counts. The file's form is described in docs/table-format.md. For one thread at a time.
+/// texts hold neither: `[#Name#][#Phone#]`. Field names ignore the case of ASCII letters, and of equal ones
+/// the first counts. The file's form is described in docs/table-format.md. For one thread at a time.
 #pragma once
 
 #include <qxTools/runtime/StringList.h>
@@ -73,6 +73,7 @@ class QXTOOLS_API TQXStringTable : public TStrings {
   /// Appends a record with a field for each of the header's: values are trimmed, missing ones empty, and
   /// those beyond left out.
   void AddRecord(const std::vector<std::string>& Values);
+  /// The same without values.
   void NewEmptyRecord();
   /// Deletes a line. On purpose: 0 is the header's.
   /// @throws EListError
@@ -85,10 +86,13 @@ class QXTOOLS_API TQXStringTable : public TStrings {
   // The cursor: the number of the current record from 1, or 0 for none.
 
   Integer GetRecNo() const { return FRecNo; }
+  /// To the first record.
   void Top();
+  /// To the last record.
   void Bottom();
-  /// Stay at the first and at the last record.
+  /// To the record before; the first one stays.
   void Previous();
+  /// To the next record; the last one stays.
   void Next();
 
   // The current record. With the cursor at 0 it is the header.

@@ -35,9 +35,10 @@ using qxTreeList::TEnumTreeNodeProc;
 /// The data of a section's node ("RootKey" and the section's name) or of a value's. Both end with NUL and are
 /// null when empty. Callers read it and never write.
 struct TQXIniPair {
-  char* Name;
-  char* Value;
+  char* Name;   ///< Ends with NUL.
+  char* Value;  ///< Ends with NUL.
 };
+/// What a node's data points at.
 using pQXIniPair = TQXIniPair*;
 
 static_assert(sizeof(TQXIniPair) == 2 * sizeof(void*));
@@ -45,6 +46,7 @@ static_assert(sizeof(TQXIniPair) == 2 * sizeof(void*));
 /// A load that broke off. What came before is loaded.
 class QXTOOLS_API EIniLoadError : public Exception {
  public:
+  /// The message and the line it is about.
   EIniLoadError(const std::string& message, Integer line) : Exception(message), FLine(line) {}
   ~EIniLoadError() override;
   Integer GetLine() const { return FLine; }  ///< Counted from 1.
@@ -53,6 +55,7 @@ class QXTOOLS_API EIniLoadError : public Exception {
   Integer FLine;
 };
 
+/// The settings, and where one stands in them: an open section and an open record.
 class QXTOOLS_API TQXIniFile : public TObject {
  public:
   TQXIniFile();
@@ -101,13 +104,18 @@ class QXTOOLS_API TQXIniFile : public TObject {
   void AppendKey();
   /// Closes the open record and opens the one with that index, if there is one.
   void OpenKey(Integer Index);
+  /// The same with index 1.
   void OpenFirstKey();
   /// Open a record beside the open one; without such a record none is open. On purpose: they find none until
   /// a file was loaded.
   void OpenPrevKey();
+  /// The same for the next record.
   void OpenNextKey();
+  /// The same for the last record.
   void OpenLastKey();
+  /// No record is open then.
   void CloseKey();
+  /// The node with that index.
   bool FindKeyIndex(Integer Index, pQXTreeNode& Node) const;
   /// Deletes the record (or value) with that index, if there is one. @throws Exception "RootKey not Open."
   void DeleteKey(Integer Index);
@@ -125,6 +133,7 @@ class QXTOOLS_API TQXIniFile : public TObject {
 
   // --- All nodes -----------------------------------------------------------------
 
+  /// Calls `Proc` for each node: sections, records and values, parents first.
   void EnumTreeNode(const TEnumTreeNodeProc& Proc) const { FTree.EnumAllTreeNode(Proc); }
 
  private:

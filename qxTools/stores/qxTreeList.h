@@ -33,15 +33,17 @@
 
 namespace qxTools::qxTreeList {
 
+/// A key of a node.
 using TNodeKey = ShortString<16>;
 
 /// A node. All but the data is the store's: callers read it and never write.
 struct TQXTreeNode {
   const TNodeKey ParentKey;  ///< Empty in the root.
-  const TNodeKey Key;
-  void* Data;           ///< Zeros at first; null when the store's data size is 0 or less.
-  const Integer Level;  ///< 0 for the root.
+  const TNodeKey Key;        ///< The node's own.
+  void* Data;                ///< Zeros at first; null when the store's data size is 0 or less.
+  const Integer Level;       ///< 0 for the root.
 };
+/// How nodes are handed out.
 using pQXTreeNode = TQXTreeNode*;
 
 /// A node's place in the tree. Callers read it and never write.
@@ -54,6 +56,7 @@ struct TQXTreeNodeLink {
   bool Flag;                    ///< Not used.
   TQXTreeNodeLink* Next;        ///< Next sibling; null for a last child.
 };
+/// How links are handed out.
 using pQXTreeNodeLink = TQXTreeNodeLink*;
 
 static_assert(sizeof(TQXTreeNode) == (sizeof(void*) == 4 ? 44 : 56));
@@ -91,6 +94,7 @@ QXTOOLS_API void vFreeMem(void* P);
 class KeyIndex;
 class NodePool;
 
+/// The tree, and the node that is opened in it.
 class QXTOOLS_API TQXTreeNodes : public TObject {
  public:
   /// A root without children; every node has `ADataSize` bytes of data, none when that is 0 or less.
@@ -101,11 +105,13 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
 
   // Opening.
 
+  /// Opens the root.
   void OpenRootNode();
   /// Opens the node with that key. On purpose: a closed store stays closed for Add, FindNode and the others
   /// that need an opened one, until OpenRootNode.
   /// @throws Exception "Key(KEY) not Found."; the opened node stays.
   void OpenTreeNode(const TNodeKey& Key);
+  /// Opens none.
   void CloseTreeNode();
 
   // Adding and deleting. When the opened node is deleted no node is opened until one is opened again.
@@ -127,7 +133,9 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
   // By link, for a caller that has one of this store at hand: the same without a search.
 
   pQXTreeNodeLink GetRootLink() const { return FRoot; }
+  /// A new last child.
   pQXTreeNodeLink AddLink(pQXTreeNodeLink Parent);
+  /// Deletes the node with its subtree; the root itself stays.
   void DeleteLink(pQXTreeNodeLink Link);
 
   // Finding in the opened node's subtree, the opened node included.
@@ -139,13 +147,15 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
 
   // Finding in the whole tree, opened or not. Without success results are left alone, but for FindNextNode.
 
+  /// The link of the node with that key.
   bool FindNodeLink(const TNodeKey& Key, pQXTreeNodeLink& Link) const;
   /// In the subtree of `Start`, itself included. Takes time in proportion to the depth of `Start`.
   bool FindNodeLink(const TNodeKey& Key, pQXTreeNodeLink Start, pQXTreeNodeLink& Link) const;
   /// The first child of the node with that key.
   bool FindSubNode(const TNodeKey& Key, pQXTreeNode& Node) const;
-  /// The first and the last of the siblings of the node with that key, which may be itself.
+  /// The first of the siblings of the node with that key, which may be itself.
   bool FindFirstNode(const TNodeKey& Key, pQXTreeNode& Node) const;
+  /// The last of them.
   bool FindLastNode(const TNodeKey& Key, pQXTreeNode& Node) const;
   /// The next sibling. On purpose: `Node` is null when there is none, and left alone for an unknown key.
   bool FindNextNode(const TNodeKey& Key, pQXTreeNode& Node) const;
@@ -158,11 +168,13 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
 
   // Enumerating: children in order and, when `Recursive`, below each child its own. Not the node itself.
 
+  /// Below the link.
   void EnumTreeNodeLink(pQXTreeNodeLink Link, bool Recursive, const TEnumTreeNodeProc& Proc) const;
   /// Below the opened node; nothing when none is opened.
   void EnumTreeNode(const TEnumTreeNodeProc& Proc, bool Recursive) const;
   /// Below the node with that key, opened or not.
   void EnumTreeNode(const TNodeKey& Key, const TEnumTreeNodeProc& Proc, bool Recursive) const;
+  /// Below the root.
   void EnumAllTreeNode(const TEnumTreeNodeProc& Proc) const;
 
   /// Fills the list with the opened node's children. On purpose: without children, or with nothing opened,

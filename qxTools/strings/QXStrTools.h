@@ -18,10 +18,12 @@
 
 namespace qxTools::QXStrTools {
 
+/// Texts to look among.
 using TArrayString = std::vector<std::string>;
 
 // --- Trimming and blanks -----------------------------------------------------
 
+/// Which ends are trimmed.
 enum TTrimStyle { tsNotTrim, tsTrimAll, tsTrimLeft, tsTrimRight };
 
 /// The code that Trim takes, by TTrimStyle.

@@ -1,5 +1,8 @@
 /// @file
-/// QXTOOLS_DESKTOP_API marks the names that the desktop library exports.
+/// What the desktop library exports.
+///
+/// @def QXTOOLS_DESKTOP_API
+/// Stands in front of the names that the desktop library exports.
 #pragma once
 
 #include <qxTools/Export.h>
