@@ -16,6 +16,7 @@ namespace {
 using namespace qxTools;
 using qxSqlStoreProc::TQXSqlStoreProc;
 
+//! [call]
 std::string CallText(const char* fileName) {
   TStringList statement;
   statement.LoadFromFile(fileName);
@@ -30,6 +31,7 @@ std::string CallText(const char* fileName) {
   search.SetValue("@MM_Rush", true);
   return search.GetStoreProc()->GetText();
 }
+//! [call]
 
 }  // namespace
 
