@@ -46,6 +46,7 @@ quietly() {
 
 build_packages=(g++ cmake ninja-build libcli11-dev)
 test_packages=(libgtest-dev clang g++-multilib googletest shared-mime-info libglib2.0-bin desktop-file-utils
-  qt6-base-dev fonts-wqy-microhei)
+  qt6-base-dev fonts-wqy-microhei ccache locales)
 package_packages=(dpkg-dev file pkg-config)
 docs_packages=(doxygen man-db groff)
+tidy_packages=(clang-tidy)

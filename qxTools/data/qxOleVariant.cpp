@@ -81,7 +81,9 @@ void TQXOleVariant::LoadFromOle(const Variant& Packet) {
   const VarBounds bounds = Packet.Bounds();
   const std::int64_t length = std::int64_t{bounds.High} - bounds.Low + 1;
   if (length <= 0) return;
-  const Variant packet = Packet;  // it may be a value of this very object
+  // A copy: the packet may be a value of this very object.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+  const Variant packet = Packet;
   Clear();
   for (Integer i = 0; i < length / 2; ++i) {
     const Variant name = packet.GetElement(2 * i);

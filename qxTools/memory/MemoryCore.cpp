@@ -106,7 +106,7 @@ void TMemoryBank::SetCount(Integer Value) {
 }
 
 void TMemoryBank::SetSize(Integer Value) {
-  TMemoryOperation::SetSize(Value);
+  MemoryFace::SetSize(Value);
   UpdateReach();
 }
 

@@ -45,9 +45,11 @@ bool IsKept(std::string_view upperName, TSearchParamType mode) {
   return mode == spAll || upperName.substr(0, upperName.find('_')) == "@MM";
 }
 
-// Large texts: one form of it at a time.
+// Large texts: one form of it at a time, so the other is taken over and ends here.
+// NOLINTBEGIN(performance-unnecessary-value-param)
 WideString Widen(std::string text) { return BytesToWide(text); }
 std::string Narrow(WideString text) { return WideToBytes(text); }
+// NOLINTEND(performance-unnecessary-value-param)
 
 WideString WithoutComments(WideString text) {
   if (IsBlank(std::u16string_view(text)) || !RemoveComments(text)) return text;

@@ -53,8 +53,8 @@ void AtField(std::string_view Rec, std::string_view Field, Integer& Pos, Integer
 }
 
 std::string ReplaceField(std::string_view Rec, Integer Index, std::string_view NewText) {
-  const auto begin = static_cast<std::size_t>(At(kFieldBegin, Rec, Index) + 1);
-  const auto end = static_cast<std::size_t>(std::max(At(kFieldEnd, Rec, Index), 1) - 1);
+  const auto begin = static_cast<std::size_t>(At(kFieldBegin, Rec, Index)) + 1;
+  const auto end = static_cast<std::size_t>(std::max(At(kFieldEnd, Rec, Index), 1)) - 1;
   const std::string_view head = Rec.substr(0, begin);
   const std::string_view tail = Rec.substr(end);
   std::string record;

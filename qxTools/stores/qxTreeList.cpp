@@ -124,7 +124,7 @@ pQXTreeNodeLink TQXTreeNodes::MakeLink(pQXTreeNodeLink parent) {
     FPool->Free(link);
     throw;
   }
-  data.release();
+  static_cast<void>(data.release());
   return link;
 }
 

@@ -17,7 +17,8 @@ void RequireApplication();
 QString ToQString(std::string_view text);
 
 inline QColor ToQColor(TColor plainColor) {
-  return QColor(plainColor & 0xFF, plainColor >> 8 & 0xFF, plainColor >> 16 & 0xFF);
+  const auto part = [plainColor](int shift) { return static_cast<int>(plainColor >> shift & 0xFF); };
+  return QColor(part(0), part(8), part(16));
 }
 
 TColor ToTColor(const QColor& color);

@@ -86,8 +86,9 @@ std::vector<DesktopFile> IconFiles(const std::string& name, const std::string& p
   const std::string chosen = theme + ThemeFolderOf(picture) + '/';
   std::vector<DesktopFile> files = {{theme + "scalable/mimetypes/" + name + ".svg", std::nullopt}};
   for (const unsigned size : kIconSizes) {
-    const std::string folder = std::to_string(size) + 'x' + std::to_string(size);
-    files.push_back({theme + folder + "/mimetypes/" + name + ".png", std::nullopt});
+    std::string path = theme + std::to_string(size) + 'x' + std::to_string(size);
+    path.append("/mimetypes/").append(name).append(".png");
+    files.push_back({path, std::nullopt});
   }
   for (DesktopFile& file : files)
     if (!picture.empty() && file.path.starts_with(chosen)) file.bytes = picture;

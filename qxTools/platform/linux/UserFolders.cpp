@@ -12,7 +12,7 @@ std::string AbsolutePath(const char* variable) {
 }
 
 std::string UserFolder(const char* variable, const char* belowHome) {
-  const std::string folder = AbsolutePath(variable);
+  std::string folder = AbsolutePath(variable);
   if (!folder.empty()) return folder;
   const std::string home = AbsolutePath("HOME");
   return home.empty() ? "" : home + belowHome;
