@@ -51,6 +51,9 @@ expect 0 "" table a.tbl from-csv a.csv
 expect 0 "" table a.tbl append Wang
 expect 0 '"Lee, A",555' table a.tbl to-csv
 expect 0 "2    Wang" table a.tbl show
+printf '"""a"" ""b""",x\r\n' >quotes.csv
+expect 0 "" table quotes.tbl from-csv quotes.csv
+expect 0 '"""a"" ""b""",x' table quotes.tbl to-csv
 expect 2 "no field Fax" table a.tbl get 1 Fax
 
 printf '\xbb\xfa\xc6\xf7' >text.gb

@@ -1,11 +1,10 @@
 // qxtool table: look into a string table, change it, and exchange it with CSV.
 #include <qxTools/stores/QXStringTable.h>
-#include <qxTools/strings/QXStrTools.h>
 
-#include <algorithm>
 #include <memory>
 
 #include "Commands.h"
+#include "Csv.h"
 #include "Edge.h"
 #include "TextTable.h"
 
@@ -114,48 +113,10 @@ void Append(const Options& options) {
 
 // --- CSV ---------------------------------------------------------------------------------------------
 
-std::string CsvLine(const TextRow& row) {
-  std::string line;
-  for (const std::string& cell : row) {
-    if (&cell != &row.front()) line += ',';
-    const bool quoted = cell.find_first_of(",\" ") != std::string::npos || cell.empty();
-    line += quoted ? '"' + QXStrTools::ReplaceAllStr(cell, "\"", "\"\"", false) + '"' : cell;
-  }
-  return line + "\r\n";
-}
-
 void ToCsv(const Options& options) {
   TQXStringTable table("#TEMP");
   Load(table, options);
   for (Integer i = 0; i < table.GetCount(); ++i) Print(CsvLine(FieldsOf(table.GetStrings(i))));
-}
-
-/// The rows of a CSV text; quotes inside a quoted cell are doubled, and a line break ends a row.
-std::vector<TextRow> ReadCsv(std::string_view text) {
-  std::vector<TextRow> rows;
-  bool inQuotes = false;
-  bool rowOpen = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (!rowOpen) {
-      rows.push_back({""});
-      rowOpen = true;
-    }
-    if (c == '"') {
-      const bool doubled = inQuotes && i + 1 < text.size() && text[i + 1] == '"';
-      if (doubled) rows.back().back() += text[++i];
-      inQuotes = doubled || !inQuotes;
-    } else if (inQuotes || (c != ',' && c != '\r' && c != '\n')) {
-      rows.back().back() += c;
-    } else if (c == ',') {
-      rows.back().emplace_back();
-    } else {
-      if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-      rowOpen = false;
-    }
-  }
-  if (inQuotes) throw Failure("a quoted cell is not closed");
-  return rows;
 }
 
 void FromCsv(const Options& options) {
