@@ -44,7 +44,7 @@ quietly() {
   rm -f "$log"
 }
 
-build_packages=(g++ cmake ninja-build libcli11-dev)
+build_packages=(g++ cmake ninja-build libcli11-dev unixodbc-dev libsqliteodbc)
 test_packages=(libgtest-dev clang g++-multilib googletest shared-mime-info libglib2.0-bin desktop-file-utils
   qt6-base-dev fonts-wqy-microhei ccache locales)
 package_packages=(dpkg-dev file pkg-config)

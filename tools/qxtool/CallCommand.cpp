@@ -7,6 +7,7 @@
 
 #include "Commands.h"
 #include "Edge.h"
+#include "RunStatement.h"
 #include "TextTable.h"
 #include "Values.h"
 
@@ -23,6 +24,7 @@ struct Options {
   std::string declare;
   bool all = false;
   bool list = false;
+  RunOptions run;
 };
 
 void LoadStatement(TQXSqlStoreProc& procedure, const Options& options) {
@@ -77,7 +79,10 @@ void Run(const Options& options) {
   LoadStatement(procedure, options);
   LoadDeclarations(procedure, options.declare);
   SetValues(procedure, options);
-  Print(options.list ? ListOf(procedure) : procedure.GetStoreProc()->GetText());
+  if (options.list)
+    Print(ListOf(procedure));
+  else
+    RunOrPrint(options.run, procedure.GetStoreProc()->GetText());
 }
 
 }  // namespace
@@ -95,7 +100,8 @@ void AddCallCommand(Command program) {
   command.Text("--declare", options->declare, "Declaration list, a file or the text itself")
       .Placeholder("FILE|TEXT");
   command.Flag("--all", options->all, "Take every @ name, not only @MM and @MM_...");
-  command.Flag("--list", options->list, "Show parameters and macros instead of the call");
+  const Option list = command.Flag("--list", options->list, "Show parameters and macros instead of the call");
+  AddRunOptions(command, options->run).Excludes(list);
   command.OnRun([options] { Run(*options); });
 }
 

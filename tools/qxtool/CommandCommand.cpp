@@ -5,6 +5,7 @@
 
 #include "Commands.h"
 #include "Edge.h"
+#include "RunStatement.h"
 #include "TextTable.h"
 #include "Values.h"
 
@@ -19,6 +20,7 @@ struct Options {
   std::string file;
   std::vector<std::string> set;
   bool list = false;
+  RunOptions run;
 };
 
 void SetValues(TQXSQL& command, const Options& options) {
@@ -46,7 +48,10 @@ void Run(const Options& options) {
   TQXSQL command;
   command.GetInLines().SetText(ReadInput(options.file));
   SetValues(command, options);
-  Print(options.list ? ListOf(command) : command.GetOutLines().GetText());
+  if (options.list)
+    Print(ListOf(command));
+  else
+    RunOrPrint(options.run, command.GetOutLines().GetText());
 }
 
 }  // namespace
@@ -60,7 +65,8 @@ void AddCommandCommand(Command program) {
                 "NAME=VALUE, NAME:TYPE=VALUE or NAME:null; TYPE is one of " + ValueTypes() +
                     "; a text may name its style, as in @NID=@N:15")
       .Placeholder("NAME=VALUE");
-  command.Flag("--list", options->list, "Show the parameters instead of the text");
+  const Option list = command.Flag("--list", options->list, "Show the parameters instead of the text");
+  AddRunOptions(command, options->run).Excludes(list);
   command.OnRun([options] { Run(*options); });
 }
 

@@ -31,6 +31,22 @@ Option& Option::Positive() {
   return *this;
 }
 
+Option& Option::NotEmpty() {
+  const auto check = [](const std::string& text) { return text.empty() ? "is empty" : ""; };
+  option_->check(CLI::Validator(check, ""));
+  return *this;
+}
+
+Option& Option::Needs(const Option& other) {
+  option_->needs(other.option_);
+  return *this;
+}
+
+Option& Option::Excludes(const Option& other) {
+  option_->excludes(other.option_);
+  return *this;
+}
+
 Option& Option::ShowDefault() {
   option_->capture_default_str();
   return *this;
@@ -75,8 +91,8 @@ Option Command::Parsed(const std::string& name, const std::function<void(const s
   return Option(app_->add_option_function<std::string>(name, readOrMisuse, help));
 }
 
-void Command::Flag(const std::string& names, bool& value, const std::string& help) {
-  app_->add_flag(names, value, help);
+Option Command::Flag(const std::string& names, bool& value, const std::string& help) {
+  return Option(app_->add_flag(names, value, help));
 }
 
 void Command::Switch(const std::string& names, const std::function<void()>& act, const std::string& help) {

@@ -24,6 +24,10 @@ class Option {
   Option& OneOf(const std::vector<std::string>& values);
   Option& Between(int low, int high);
   Option& Positive();
+  Option& NotEmpty();
+  /// Misuse without the other, or with it.
+  Option& Needs(const Option& other);
+  Option& Excludes(const Option& other);
   /// The help tells the value that stands without it.
   Option& ShowDefault();
 
@@ -51,7 +55,7 @@ class Command {
   /// A value that `read` takes apart; its Failure is a misuse of the option.
   Option Parsed(const std::string& name, const std::function<void(const std::string&)>& read,
                 const std::string& help);
-  void Flag(const std::string& names, bool& value, const std::string& help);
+  Option Flag(const std::string& names, bool& value, const std::string& help);
   /// A flag that acts where it is read, before what stands behind it.
   void Switch(const std::string& names, const std::function<void()>& act, const std::string& help);
 

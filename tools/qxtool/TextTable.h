@@ -12,4 +12,7 @@ using TextRow = std::vector<std::string>;
 /// length in bytes is the width; control bytes are made visible.
 std::string AlignRows(const TextRow& head, const std::vector<TextRow>& rows);
 
+/// The same for rows in UTF-8, as wide as a terminal shows them.
+std::string AlignUtf8Rows(const TextRow& head, const std::vector<TextRow>& rows);
+
 }  // namespace qxtool

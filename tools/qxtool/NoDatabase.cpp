@@ -1,0 +1,11 @@
+// In place of RunStatement.cpp where ODBC is not installed.
+#include "Edge.h"
+#include "RunStatement.h"
+
+namespace qxtool {
+
+void RunStatement(const RunOptions&, std::string_view) {
+  throw Failure("--run: this build of qxtool has no ODBC (it was built without the package unixodbc-dev)");
+}
+
+}  // namespace qxtool

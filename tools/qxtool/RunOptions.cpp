@@ -1,0 +1,26 @@
+#include "Edge.h"
+#include "RunStatement.h"
+
+namespace qxtool {
+
+Option AddRunOptions(Command& command, RunOptions& options) {
+  Option run =
+      command.Text("--run", options.connection,
+                   "Run the text over ODBC and show its rows: a connection string or a data source's name");
+  run.Placeholder("CONNECTION").NotEmpty();
+  command.Text("--client-charset", options.charset, "What the driver takes and gives: utf8 or cp950")
+      .OneOf({"utf8", "cp950"})
+      .Needs(run)
+      .ShowDefault();
+  command.Flag("--csv", options.csv, "Show rows as CSV, not as a table").Needs(run);
+  return run;
+}
+
+void RunOrPrint(const RunOptions& options, std::string_view statement) {
+  if (options.connection.empty())
+    Print(statement);
+  else
+    RunStatement(options, statement);
+}
+
+}  // namespace qxtool

@@ -1,0 +1,163 @@
+#include "RunStatement.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "Csv.h"
+#include "Edge.h"
+#include "StatementWatch.h"
+#include "TextTable.h"
+#include "Utf8Width.h"
+#include "database/Charset.h"
+#include "database/Odbc.h"
+
+namespace qxtool {
+
+namespace {
+
+using database::Charset;
+
+Charset Terminal() { return GetEncoding().utf8Terminal ? Charset::kUtf8 : Charset::kCodePage950; }
+
+/// A message of the driver, as the terminal can show it.
+std::string Readable(const database::Message& message, Charset server) {
+  const std::string text = database::ConvertVisibly(message, server, Terminal());
+  return Terminal() == Charset::kUtf8 ? VisibleUtf8(text) : Visible(text);
+}
+
+/// One run of a statement: executes it and prints result after result.
+class Run {
+ public:
+  Run(const RunOptions& options, Charset server)
+      : csv_(options.csv),
+        server_(server),
+        connection_(options.connection),
+        statement_(connection_),
+        watch_(statement_, ShowsProgress()) {}
+
+  void Execute(std::string_view text) {
+    watch_.During([&] {
+      statement_.Execute(text);
+      return true;
+    });
+    do {
+      TellMessages();
+      if (statement_.ColumnCount() > 0)
+        ShowRows();
+      else
+        TellAffectedRows();
+    } while (watch_.During([&] { return statement_.NextResult(); }));
+    TellMessages();
+  }
+
+ private:
+  /// Rows that stream to the terminal show by themselves that something goes on.
+  bool ShowsProgress() const { return isatty(STDERR_FILENO) && !(csv_ && isatty(STDOUT_FILENO)); }
+
+  bool Fetch() {
+    if (!watch_.During([&] { return statement_.Fetch(); })) return false;
+    watch_.CountRow();
+    return true;
+  }
+
+  void ShowRows() {
+    if (shown_++ > 0) PrintBytes(csv_ ? "\r\n" : "\n");
+    if (csv_)
+      ShowCsv();
+    else
+      ShowTable();
+    TellMessages();
+  }
+
+  // --- The table for people ---
+
+  std::string Visibly(const std::string& text) const {
+    return database::ConvertVisibly(text, server_, Terminal());
+  }
+
+  /// NULL as such; a text of those letters is told from it by quotes.
+  std::string TableCell(const std::optional<std::string>& value) const {
+    if (!value) return "NULL";
+    return *value == "NULL" ? "'NULL'" : Visibly(*value);
+  }
+
+  void ShowTable() {
+    const int columns = statement_.ColumnCount();
+    TextRow head;
+    for (int i = 1; i <= columns; ++i) head.push_back(Visibly(statement_.ColumnName(i)));
+    std::vector<TextRow> rows;
+    while (Fetch()) {
+      TextRow& row = rows.emplace_back();
+      for (int i = 1; i <= columns; ++i) row.push_back(TableCell(statement_.Value(i)));
+    }
+    watch_.Clear();
+    PrintBytes(Terminal() == Charset::kUtf8 ? AlignUtf8Rows(head, rows) : AlignRows(head, rows));
+  }
+
+  // --- CSV for programs ---
+
+  std::string Exactly(const std::string& text, int column, std::uint64_t row) const {
+    if (auto converted = database::Convert(text, server_, Terminal())) return *std::move(converted);
+    const std::string place = row > 0 ? "row " + std::to_string(row) : "the head";
+    const char* const where = Terminal() == Charset::kUtf8 ? "UTF-8; without --utf8 it has one"
+                                                           : "code page 950; with --utf8-terminal it has one";
+    throw Failure(place + ", column " + std::to_string(column) + ": a character has no form in " + where);
+  }
+
+  void ShowCsv() {
+    const int columns = statement_.ColumnCount();
+    TextRow head;
+    for (int i = 1; i <= columns; ++i) head.push_back(Exactly(statement_.ColumnName(i), i, 0));
+    PrintBytes(CsvLine(head));
+    for (std::uint64_t row = 1; Fetch(); ++row) {
+      std::string line;
+      for (int i = 1; i <= columns; ++i) {
+        std::optional<std::string> value = statement_.Value(i);
+        if (value) value = Exactly(*value, i, row);
+        line += (i > 1 ? "," : "") + CsvCell(value);
+      }
+      PrintBytes(line + "\r\n");
+    }
+    watch_.Clear();
+  }
+
+  // --- What goes to standard error ---
+
+  void Tell(const std::string& line) {
+    watch_.Clear();
+    std::fprintf(stderr, "%s\n", line.c_str());
+  }
+
+  void TellMessages() {
+    for (const database::Message& message : statement_.TakeMessages()) Tell(Readable(message, server_));
+  }
+
+  void TellAffectedRows() {
+    const std::int64_t rows = statement_.AffectedRows();
+    if (rows >= 0) Tell(std::to_string(rows) + (rows == 1 ? " row affected" : " rows affected"));
+  }
+
+  const bool csv_;
+  const Charset server_;
+  database::Connection connection_;
+  database::Statement statement_;
+  StatementWatch watch_;
+  int shown_ = 0;
+};
+
+}  // namespace
+
+void RunStatement(const RunOptions& options, std::string_view statement) {
+  const Charset server = options.charset == "utf8" ? Charset::kUtf8 : Charset::kCodePage950;
+  try {
+    Run(options, server).Execute(database::ForServer(statement, server));
+  } catch (const database::Error& e) {
+    std::string text;
+    for (const database::Message& message : e.Messages())
+      text += (text.empty() ? "" : "\n        ") + Readable(message, server);
+    throw Failure(text.empty() ? e.what() : text);
+  }
+}
+
+}  // namespace qxtool
