@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Runs qxtool as a user does: outputs, exit statuses, and files that change only when a command succeeds.
-#   qxtool_test.sh QXTOOL SOURCE_FOLDER
+#   qxtool_test.sh QXTOOL SOURCE_FOLDER [GOODS_DATABASE]
+# Without the program that makes the goods database, as in a build without ODBC, no statement is run.
 set -u
 qxtool=$1
 source=$2
+goods_database=${3:-}
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
@@ -61,6 +63,57 @@ expect 0 "" convert --from gb2312 --to big5 text.gb -o text.big5
 expect 0 機器 convert --from big5 --to utf8 text.big5
 expect 0 9003 date 2024/2/29
 [ "$("$qxtool" key -n 3 | sort -u | wc -l)" = 3 ] || { echo "keys are not three"; bad=1; }
+
+# sql TEXT: the statement file run.sql, in code page 950.
+sql() { iconv -f utf-8 -t cp950 <<<"$1" >run.sql; }
+
+# ends_by_interrupt OPTION...: Ctrl-C a moment after the start of run.sql is told, and exit status 2.
+ends_by_interrupt() {
+  timeout --preserve-status -s INT 0.5 "$qxtool" command run.sql --run "$database" "$@" >out 2>message
+  local got=$?
+  [ $got = 2 ] && [ "$(cat message)" = "qxtool: cancelled" ] ||
+    { echo "Ctrl-C: exit status $got, $(cat message)"; bad=1; }
+}
+
+database="Driver=SQLite3;Database=$folder/goods.db"
+if [ -z "$goods_database" ]; then
+  expect 2 "this build of qxtool has no ODBC" command command.sql --run "$database"
+else
+  "$goods_database" "$source/examples/order_search" "$database" || bad=1
+  search=(--utf8-terminal command "$source/examples/order_search/order_search_command.sql" --run "$database"
+    --set '@MM_From:date=2003/01/01' --set '@MM_To:date=2003/12/31' --set '@MM_Customer=%有限公司%'
+    --set '@MM_Qty:int=10' --set '@MM_Rush:bit=1')
+  expect 0 "2003-031  2003/06/25  新竹O'Neil精密有限公司  十字起子組     15    3540
+2003-014  2003/03/18  許功蓋機械有限公司      不銹鋼螺絲 M6  500   750.0" "${search[@]}"
+  expect 0 $'2003-014,2003/03/18,許功蓋機械有限公司,"不銹鋼螺絲 M6",500,750.0\r\n' "${search[@]}" --csv
+  expect 2 '[SQLite]near "sp_executesql": syntax error' call "$statement" --run "$database"
+  expect 2 "--list excludes --run" command run.sql --list --run "$database"
+  expect 2 "--csv requires --run" command run.sql --csv
+  sql "update OrderDetail set Qty = 1 where Qty > 100"
+  expect 0 "2 rows affected" command run.sql --run "$database"
+  sql "select null as 甲, 'NULL' as b, '' as c, char(27) || '中' as d, char(128512) as e, 1 as f"
+  expect 0 "甲    b       c  d       e   f
+----  ------  -  ------  --  -
+NULL  'NULL'     \x1B中  😀  1" --utf8-terminal command run.sql --run "$database"
+  expect 0 '\xF0\x9F\x98\x80' command run.sql --run "$database"
+  expect 0 $',NULL,"",\x1b中,😀,1' --utf8-terminal command run.sql --run "$database" --csv
+  expect 2 "row 1, column 5: a character has no form in code page 950" command run.sql --run "$database" --csv
+  sql "select 'a' || char(10) || '\"b\"c' as x"
+  expect 0 $'"a\n""b""c"' command run.sql --run "$database" --csv
+  printf 'select "\x80\xa4\xa4" as a' >run.sql
+  expect 2 "line 1 of the statement holds a byte that is no character" command run.sql --run "$database"
+  expect 0 '\x80中' --utf8-terminal command run.sql --run "$database" --client-charset cp950
+
+  numbers="with recursive N(x) as (select 1 union all select x + 1 from N where x < 1000000000)"
+  sql "$numbers select count(*) from N"
+  ends_by_interrupt
+  sql "$numbers select x from N"
+  ends_by_interrupt --csv
+  sql "insert into Goods (Code, GoodsName) $numbers select x, x from N"
+  ends_by_interrupt
+  sql "select count(*) as Goods from Goods"
+  expect 0 $'Goods\n-----\n6' command run.sql --run "$database"
+fi
 
 "$qxtool" call "$statement" >/dev/full 2>message
 [ $? = 2 ] && grep -q "No space left" message || { echo "a full disk passed unseen"; bad=1; }
