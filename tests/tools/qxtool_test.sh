@@ -67,9 +67,9 @@ expect 0 9003 date 2024/2/29
 # sql TEXT: the statement file run.sql, in code page 950.
 sql() { iconv -f utf-8 -t cp950 <<<"$1" >run.sql; }
 
-# ends_by_interrupt OPTION...: Ctrl-C a moment after the start of run.sql is told, and exit status 2.
+# ends_by_interrupt CONNECTION OPTION...: Ctrl-C while run.sql runs is told, and the exit status is 2.
 ends_by_interrupt() {
-  timeout --preserve-status -s INT 0.5 "$qxtool" command run.sql --run "$database" "$@" >out 2>message
+  timeout --preserve-status -s INT 1.5 "$qxtool" command run.sql --run "$@" >out 2>message
   local got=$?
   [ $got = 2 ] && [ "$(cat message)" = "qxtool: cancelled" ] ||
     { echo "Ctrl-C: exit status $got, $(cat message)"; bad=1; }
@@ -106,11 +106,13 @@ NULL  'NULL'     \x1B中  😀  1" --utf8-terminal command run.sql --run "$datab
 
   numbers="with recursive N(x) as (select 1 union all select x + 1 from N where x < 1000000000)"
   sql "$numbers select count(*) from N"
-  ends_by_interrupt
+  ends_by_interrupt "$database"
+  script -qec "timeout --foreground -s INT 1.5 '$qxtool' command run.sql --run '$database'" /dev/null </dev/null >out
+  grep -q $' 0 rows.*\r\e\[Kqxtool: cancelled' out || { echo "no progress, or left there: $(cat -v out)"; bad=1; }
   sql "$numbers select x from N"
-  ends_by_interrupt --csv
+  ends_by_interrupt "$database;StepAPI=1" --csv
   sql "insert into Goods (Code, GoodsName) $numbers select x, x from N"
-  ends_by_interrupt
+  ends_by_interrupt "$database"
   sql "select count(*) as Goods from Goods"
   expect 0 $'Goods\n-----\n6' command run.sql --run "$database"
 fi
