@@ -32,7 +32,7 @@ class StatementWatch {
       auto result = call();
       Leave();
       return result;
-    } catch (const database::Error&) {
+    } catch (...) {
       Leave();
       throw;
     }
