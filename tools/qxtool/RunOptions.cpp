@@ -1,3 +1,4 @@
+
 #include "Edge.h"
 #include "RunStatement.h"
 
