@@ -83,10 +83,10 @@ TEST_F(Database, EveryCharacterComesBack) {
 
 TEST_F(Database, LongValuesComeBackWhole) {
   Send("create table T (Value text)");
-  // Around the sizes of the pieces in which values are read; a character of three bytes in UTF-8 lies across.
-  for (const std::size_t size : {1u, 1364u, 1365u, 1366u, 8000u, 350890u, 350891u, 700000u}) {
-    std::string text = "'";
-    while (text.size() < 2 * size) text += "\xA4\xA4";  // 中
+  // Bytes in UTF-8: around the sizes of the pieces in which values are read, and 8,000 characters.
+  for (const std::size_t size : {1u, 4095u, 4096u, 4097u, 4098u, 24000u, 1052671u, 1052672u, 1052673u}) {
+    std::string text(size % 3, '\'');
+    for (std::size_t i = 0; i < size / 3; ++i) text += "\xA4\xA4";  // 中
     Send("delete from T");
     Send("insert into T values (" + ToSQLStr(text) + ")");
     const auto values = Column("select Value from T");
