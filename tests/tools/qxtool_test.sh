@@ -64,6 +64,44 @@ expect 0 機器 convert --from big5 --to utf8 text.big5
 expect 0 9003 date 2024/2/29
 [ "$("$qxtool" key -n 3 | sort -u | wc -l)" = 3 ] || { echo "keys are not three"; bad=1; }
 
+printf 'any\0bytes' >data
+expect 0 "" store pack data a.qxf --comment Backup
+expect 0 "Backup" store info a.qxf
+expect 0 "" store unpack a.qxf unpacked
+cmp -s data unpacked || { echo "a store changed its data"; bad=1; }
+head -c 40 a.qxf >cut.qxf
+expect 2 "cut.qxf" store unpack cut.qxf unpacked
+cmp -s data unpacked || { echo "a failed command changed unpacked"; bad=1; }
+
+# A bitmap of one blue pixel.
+mkdir pieces
+printf 'BM\x3a\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0\0\0\0\0\4\0\0\0' >pieces/left.bmp
+printf '\0%.0s' {1..16} >>pieces/left.bmp
+printf '\xff\0\0\0' >>pieces/left.bmp
+expect 0 "" frame pack a.dwf pieces
+expect 0 "left          1      1" frame info a.dwf
+expect 0 "" frame unpack a.dwf unpacked-pieces
+cmp -s pieces/left.bmp unpacked-pieces/left.bmp || { echo "a frame changed its piece"; bad=1; }
+expect 0 "" frame render a.dwf picture.bmp --width 4 --height 4 --fill 0000FF
+[ "$(od -An -tx1 -j54 -N12 picture.bmp | tr -d ' ')" = ff0000ff0000ff0000ff0000 ] || { echo "another picture"; bad=1; }
+expect 2 "none.dwf File not found!" frame info none.dwf
+expect 2 "is RRGGBB" frame render a.dwf picture.bmp --fill red
+
+export HOME=$folder XDG_DATA_HOME=$folder/data-home XDG_CONFIG_HOME=$folder/config
+mkdir "$folder/data-home" "$folder/config"
+expect 0 ".qxo" filetype dry-run .qxo Order.File /usr/bin/true Orders
+[ -z "$(find data-home config -type f)" ] || { echo "dry-run wrote something"; bad=1; }
+expect 0 "" filetype register .qxo Order.File /usr/bin/true Orders
+expect 0 "Order.File" filetype show .qxo
+expect 0 "" filetype remove .qxo
+expect 2 "not registered" filetype show .qxo
+
+# A name's control bytes are shown, and an interrupted command leaves its target as it was.
+expect 2 'x\x1B[2J' call $'x\e[2J'
+cp data target
+(timeout -s INT 0.5 "$qxtool" convert --from big5 --to utf8 -o target < <(sleep 2)) 2>/dev/null
+cmp -s data target || { echo "an interrupted command changed its target"; bad=1; }
+
 # sql TEXT: the statement file run.sql, in code page 950.
 sql() { iconv -f utf-8 -t cp950 <<<"$1" >run.sql; }
 

@@ -36,6 +36,7 @@ void Load(const std::string& fileName, TFrameBitmaps& pieces) {
     } catch (const Exception& e) {
       // The library's words say the opposite.
       if (e.what() == fileName + " is a Draw of Frame(DW1) File.") throw Exception("This is no frame file");
+      if (std::string_view(e.what()).starts_with(fileName)) throw Failure(Visible(e.what()));
       throw;
     }
   });
