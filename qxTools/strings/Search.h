@@ -98,6 +98,7 @@ void VisitOccurrences(std::string_view sub, std::string_view s, std::size_t from
   const std::size_t longHop = m <= 2 ? 64 : 512;
   const std::size_t start = from;
   std::size_t hit = from;
+  std::size_t next = from;  // behind the last occurrence, where those that overlap it are left out
   std::size_t compared = 0;
   bool far = false;
   while (compared <= 4 * (from - start + m) + 64) {
@@ -124,9 +125,10 @@ void VisitOccurrences(std::string_view sub, std::string_view s, std::size_t from
       }
       if (!visit(offset)) return;
       hit = offset;
-      if (step > 1) marks &= MarksFrom(offset + step - base);
+      next = offset + step;
+      if (step > 1) marks &= MarksFrom(next - base);
     }
-    from = std::max(base + 64, hit + step);
+    from = std::max(base + 64, next);
   }
   CrawlOccurrences(sub, s, from, step, visit);
 }
