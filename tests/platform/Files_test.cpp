@@ -101,6 +101,7 @@ TEST(Files, LockedAndMissingFilesAreNamedWithTheReason) {
             "Cannot create file \"" + name + "\". Resource temporarily unavailable");
   EXPECT_THROW(ReadWholeFile(name), EFOpenError);
   close(holder);
+  EXPECT_THROW(SaveWholeFile(name + std::string("\0b", 2), "new"), EFCreateError);
   EXPECT_EQ(BytesOf(name), "old");
   EXPECT_THROW(SaveWholeFile(folder.File("no/such/folder"), ""), EFCreateError);
   EXPECT_THROW(SaveWholeFile(folder.Path(), ""), EFCreateError);

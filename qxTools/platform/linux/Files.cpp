@@ -29,7 +29,9 @@ void Flush(int fd) {
 
 /// The file behind symbolic links; the name itself when nothing is there yet.
 std::string FollowLinks(const std::string& fileName) {
+  if (fileName.find('\0') != std::string::npos) return fileName;  // names no file; realpath would cut it
   const std::unique_ptr<char, decltype(&std::free)> path(::realpath(fileName.c_str(), nullptr), &std::free);
+  if (path == nullptr && errno != ENOENT) RaiseCannotCreate(fileName);
   return path != nullptr ? path.get() : fileName;
 }
 
@@ -43,8 +45,9 @@ FileDescriptor MakeTemporary(const std::string& path, std::string& name) {
   static std::atomic<unsigned> counter{0};
   const std::string stem = FolderOf(path) + "/.qxtools-" + std::to_string(::getpid()) + "-";
   for (int tries = 0; tries < kMaxTries; ++tries) {
-    name = stem + std::to_string(counter++) + ".tmp";
-    FileDescriptor file = OpenFile(name, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    std::string made = stem + std::to_string(counter++) + ".tmp";
+    FileDescriptor file = OpenFile(made, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (file.IsOpen()) name = std::move(made);
     if (file.IsOpen() || errno != EEXIST) return file;
   }
   return FileDescriptor();
@@ -133,7 +136,6 @@ void WholeFileWriter::Target::OpenTemporary() {
   if (!old.IsOpen() && IsLink(path)) return;  // a link to a file that is still to be made
   file = MakeTemporary(path, temporary);
   if (!file.IsOpen()) {
-    temporary.clear();
     if (!old.IsOpen()) RaiseCannotCreate(fileName);
     return;
   }
