@@ -23,7 +23,7 @@ void* NodePool::Take() {
   }
   if (FUsed == FBlockSize) {
     const std::size_t size = std::clamp(FBlockSize * 2, kSmallestBlock, kLargestBlock);
-    FBlocks.emplace_back(stores::MakeRecord(size * sizeof(LinkAndNode)));
+    FBlocks.push_back(stores::Record(stores::MakeRecord(size * sizeof(LinkAndNode))));
     FBlockSize = size;
     FUsed = 0;
   }

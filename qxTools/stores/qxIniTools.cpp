@@ -45,8 +45,11 @@ EIniLoadError::~EIniLoadError() = default;
 
 TQXIniFile::TQXIniFile() : FLookup(std::make_unique<Lookup>()) {}
 
+// Not by Clear, which asks for memory to keep pairs in.
 TQXIniFile::~TQXIniFile() {
-  Clear();
+  FTree.EnumAllTreeNode([](pQXTreeNode node) {
+    if (PairOf(node) != nullptr) FreeBlocks(PairOf(node));
+  });
   for (const pQXIniPair pair : FKept) FreeBlocks(pair);
 }
 
