@@ -101,16 +101,18 @@ void CheckSizes(const std::string& fileName, const Sizes& sizes, const TBitmap& 
   }
 }
 
+/// All of them, or none when memory runs out.
 void CutPieces(const TBitmap& strip, const Sizes& sizes, TFrameBitmaps& bitmaps) {
+  TFrameBitmaps cut;
   Integer x = 0;
   for (std::size_t k = 0; k < sizes.size(); ++k) {
     const TPoint& size = sizes[k];
-    bitmaps[k].SetSize(0, 0);
-    bitmaps[k].SetSize(size.X, size.Y);
+    cut[k].SetSize(size.X, size.Y);
     const Integer next = WrapAdd(x, size.X);
-    bitmaps[k].GetCanvas().CopyRect({0, 0, size.X, size.Y}, strip, {x, 0, next, size.Y});
+    cut[k].GetCanvas().CopyRect({0, 0, size.X, size.Y}, strip, {x, 0, next, size.Y});
     x = next;
   }
+  for (std::size_t k = 0; k < sizes.size(); ++k) bitmaps[k].Swap(cut[k]);
 }
 
 // --- Painting --------------------------------------------------------------------------------------

@@ -28,6 +28,9 @@ class QXTOOLS_API TBitmap : public TObject {
   /// @throws std::bad_alloc when memory is short; nothing has changed then.
   void SetSize(Integer width, Integer height);
 
+  /// Exchanges the pictures; the canvases stay where they are. Never raises.
+  void Swap(TBitmap& other);
+
   /// The colour of a pixel; 0xFFFFFFFF outside the bitmap.
   TColor GetPixel(Integer x, Integer y) const;
   /// Sets a pixel; outside the bitmap nothing happens.
@@ -54,7 +57,6 @@ class QXTOOLS_API TBitmap : public TObject {
  private:
   /// Takes another size; the pixels are left as memory has them.
   void Allocate(Integer width, Integer height);
-  void Swap(TBitmap& other);
 
   Integer width_ = 0;
   Integer height_ = 0;
