@@ -1,0 +1,27 @@
+/// @file
+/// Failing calls: the n-th request for memory, or the n-th call of the system, fails once.
+///
+/// The program's own definitions of operator new, calloc, open and their like (Faults.cpp) stand before those
+/// of the libraries, for qxTools as for everything else in the process.
+#pragma once
+
+#include <functional>
+
+namespace qxTools::test {
+
+enum class Fault { kMemory, kSystem };
+
+struct Outcome {
+  bool reached = false;  ///< there was an n-th call, and it failed
+  bool raised = false;   ///< `call` ended with an exception
+  bool badAlloc = false;
+  bool streamError = false;
+};
+
+/// Runs `call` while its n-th (from 1) request of that kind fails, as out of memory or with EIO.
+Outcome RunFailing(Fault fault, long n, const std::function<void()>& call);
+
+/// The blocks of operator new that are in use.
+long BlocksInUse();
+
+}  // namespace qxTools::test
