@@ -26,9 +26,13 @@ std::atomic<long> blocks{0};
 bool Fails(Fault fault) {
   if (callsLeft == 0 || fault != kind || --callsLeft > 0) return false;
   reached = true;
-  errno = fault == Fault::kMemory ? ENOMEM : EIO;
+  errno = fault == Fault::kMemory ? ENOMEM : fault == Fault::kSystem ? EIO : ENOSPC;
+  if (fault == Fault::kFullDisk) callsLeft = 1;  // it stays full
   return true;
 }
+
+/// For a call that takes room on the disk.
+bool FailsForRoom() { return Fails(Fault::kSystem) || Fails(Fault::kFullDisk); }
 
 /// The library's own function of a name, behind the one below.
 template <class Function>
@@ -78,6 +82,7 @@ long BlocksInUse() { return blocks; }
 }  // namespace qxTools::test
 
 using qxTools::test::Fails;
+using qxTools::test::FailsForRoom;
 using qxTools::test::Fault;
 using qxTools::test::kDiskBlock;
 using qxTools::test::Next;
@@ -121,7 +126,8 @@ int open64(const char* name, int flags, ...) {
   va_start(arguments, flags);
   const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
-  return Fails(Fault::kSystem) ? -1 : next(name, flags, mode);
+  const bool fails = (flags & O_CREAT) != 0 ? FailsForRoom() : Fails(Fault::kSystem);
+  return fails ? -1 : next(name, flags, mode);
 }
 
 ssize_t read(int fd, void* buffer, std::size_t count) {
@@ -131,9 +137,10 @@ ssize_t read(int fd, void* buffer, std::size_t count) {
 
 ssize_t write(int fd, const void* bytes, std::size_t count) {
   static auto* const next = Next<ssize_t(int, const void*, std::size_t)>("write");
-  if (!Fails(Fault::kSystem)) return next(fd, bytes, count);
+  if (!FailsForRoom()) return next(fd, bytes, count);
+  const int reason = errno;
   if (count > kDiskBlock) next(fd, bytes, count / 2);  // some of it may have got there
-  errno = EIO;
+  errno = reason;
   return -1;
 }
 

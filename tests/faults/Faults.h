@@ -1,5 +1,6 @@
 /// @file
-/// Failing calls: the n-th request for memory, or the n-th call of the system, fails once.
+/// Failing calls: the n-th request for memory, or the n-th call of the system, fails once; or the disk is
+/// full from the n-th call on that takes room on it.
 ///
 /// The program's own definitions of operator new, calloc, open and their like (Faults.cpp) stand before those
 /// of the libraries, for qxTools as for everything else in the process.
@@ -9,7 +10,7 @@
 
 namespace qxTools::test {
 
-enum class Fault { kMemory, kSystem };
+enum class Fault { kMemory, kSystem, kFullDisk };
 
 struct Outcome {
   bool reached = false;  ///< there was an n-th call, and it failed
@@ -18,7 +19,8 @@ struct Outcome {
   bool streamError = false;
 };
 
-/// Runs `call` while its n-th (from 1) request of that kind fails, as out of memory or with EIO.
+/// Runs `call` while its n-th (from 1) request of that kind fails: out of memory, with EIO, or, from the n-th
+/// on, with ENOSPC.
 Outcome RunFailing(Fault fault, long n, const std::function<void()>& call);
 
 /// The blocks of operator new that are in use.

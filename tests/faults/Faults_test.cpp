@@ -30,7 +30,6 @@ using test::TemporaryFolder;
 using Call = std::function<void()>;
 using Files = std::map<std::string, std::string>;
 
-constexpr Fault kFaults[] = {Fault::kMemory, Fault::kSystem};
 const std::string kLongText(100, 't');  // longer than what a string holds without memory
 
 Files FilesIn(const std::string& folder) {
@@ -124,7 +123,7 @@ TEST_P(Saving, LeavesEachFileWholeAndNoOther) {
   const TemporaryFolder first;
   GetParam().prepare(first.Path())();
   const Files newFiles = FilesIn(first.Path());
-  for (const Fault fault : kFaults) {
+  for (const Fault fault : {Fault::kMemory, Fault::kSystem, Fault::kFullDisk}) {
     Outcome outcome;
     for (long n = 1; n == 1 || outcome.reached; ++n) {
       SCOPED_TRACE(n);
@@ -256,7 +255,7 @@ TEST_P(Loading, KeepsTheOldContentsOrTakesAllAndCanBeTriedAgain) {
   const auto whole = make();
   whole->Load();
   const std::string oldText = make()->Text();
-  for (const Fault fault : kFaults) {
+  for (const Fault fault : {Fault::kMemory, Fault::kSystem}) {
     Outcome outcome;
     for (long n = 1; n == 1 || outcome.reached; ++n) {
       SCOPED_TRACE(n);

@@ -136,7 +136,9 @@ void WholeFileWriter::Target::OpenTemporary() {
   if (!old.IsOpen() && IsLink(path)) return;  // a link to a file that is still to be made
   file = MakeTemporary(path, temporary);
   if (!file.IsOpen()) {
-    if (!old.IsOpen()) RaiseCannotCreate(fileName);
+    // In place only where the folder takes no new file: on a full disk the old one would be lost.
+    const bool isRefused = errno == EACCES || errno == EPERM;
+    if (!old.IsOpen() || !isRefused) RaiseCannotCreate(fileName);
     return;
   }
   if (!old.IsOpen() || TakeOver(file.Get(), info)) return;
