@@ -38,7 +38,7 @@ class Bytes {
  private:
   std::uint8_t Byte(std::uint64_t place) const {
     FUZZ_CHECK(place < bytes_.size());
-    return static_cast<std::uint8_t>(bytes_[place]);
+    return static_cast<std::uint8_t>(bytes_[static_cast<std::size_t>(place)]);
   }
 
   const std::string& bytes_;

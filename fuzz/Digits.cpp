@@ -62,20 +62,18 @@ std::string FilterLED(const std::string& text, Integer width, bool padLeft) {
       ++count;
       field += c;
       point = comma = false;
-    } else if (c == '.' && !std::exchange(point, true)) {
-      field += c;
-    } else if (c == ',' && !std::exchange(comma, true)) {
+    } else if ((c == '.' && !std::exchange(point, true)) || (c == ',' && !std::exchange(comma, true))) {
       field += c;
     }
   }
-  for (; padLeft && count < width; ++count) field = " " + field;
+  for (; padLeft && count < width; ++count) field.insert(0, 1, ' ');
   return field;
 }
 
 }  // namespace
 
 FUZZ_TARGET(Digits) {
-  const Integer width = static_cast<std::int8_t>(input.Byte());
+  const Integer width = input.Small();
   const bool padLeft = input.Bit();
   const std::string text = input.Rest(300);
   const std::string number = QXToDigit::ToDigit(text);

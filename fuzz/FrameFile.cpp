@@ -25,6 +25,18 @@ TPoint SizeOf(const std::string& frame, std::size_t piece) {
   return width > 0 && height > 0 ? TPoint{width, height} : TPoint{0, 0};
 }
 
+/// Sizes that load whatever the bitmap has, and take long to.
+bool AreHuge(const std::string& frame) {
+  std::int64_t pixels = 0;
+  for (std::size_t k = 0; k < 9 && frame.size() == kFrameSize; ++k) {
+    const TPoint size = SizeOf(frame, k);
+    const std::int64_t piece = std::int64_t{size.X} * size.Y;
+    if (piece > 16777216) return false;
+    pixels += piece;
+  }
+  return pixels > 1 << 21;
+}
+
 bool IsSmall(const TFrameBitmaps& pieces) {
   std::int64_t width = 0;
   std::int64_t height = 0;
@@ -53,6 +65,7 @@ FUZZ_TARGET(FrameFile) {
   static const test::TemporaryFolder folder;
   const bool cut = input.Byte() % 16 == 0;
   const std::string frame = input.Rest(cut ? 60 : kFrameSize);
+  if (AreHuge(frame)) return;
   const std::string name = folder.Make("frame.dwf", frame);
   folder.Make("frame.bmp", input.Rest());
   TFrameBitmaps pieces;

@@ -49,7 +49,8 @@ FUZZ_TARGET(GbBig5) {
   std::string converted;
   std::size_t missing = 0;
   TConverter converter(direction, [&](std::uint64_t offset, std::uint16_t code) {
-    FUZZ_CHECK(offset < text.size() && static_cast<unsigned char>(text[offset]) == code >> 8);
+    FUZZ_CHECK(offset < text.size() &&
+               static_cast<unsigned char>(text[static_cast<std::size_t>(offset)]) == code >> 8);
     ++missing;
   });
   std::size_t start = 0;

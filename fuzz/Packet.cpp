@@ -16,7 +16,7 @@ using qxOleVariant::TQXOleVariant;
 Variant MakeValue(fuzz::Input& input, int depth);
 
 Variant MakeArray(fuzz::Input& input, int depth) {
-  const Integer low = input.Byte() % 8 != 0 ? 0 : static_cast<std::int8_t>(input.Byte());
+  const Integer low = input.Byte() % 8 != 0 ? 0 : input.Small();
   const Integer count = input.Byte() % 16;
   const VarBounds bounds[] = {{low, low + count - 1}, {0, 0}};
   const bool flat = input.Byte() % 16 != 0;

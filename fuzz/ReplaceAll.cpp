@@ -9,7 +9,7 @@ using namespace qxTools;
 FUZZ_TARGET(ReplaceAll) {
   constexpr std::size_t kBudget = std::size_t{1} << 22;
   const bool ignoreCase = input.Bit();
-  const std::int32_t n = static_cast<std::int8_t>(input.Byte());
+  const std::int32_t n = input.Small();
   const std::string old = input.Text(100);
   const std::string with = input.Text(24);
   const std::string s = input.Rest(600);
@@ -29,11 +29,10 @@ FUZZ_TARGET(ReplaceAll) {
   const std::int32_t count = fuzz::plain::Occurs(old, s);
   const auto size = static_cast<std::int32_t>(old.size());
   const auto left = fuzz::plain::At(old, s, n);
-  const std::string all = s;
   FUZZ_CHECK(QXStrTools::GetAtLeft(old, s, n) ==
-             (left >= 1 ? s.substr(0, static_cast<std::size_t>(left) - 1) : all));
+             (left >= 1 ? s.substr(0, static_cast<std::size_t>(left) - 1) : s));
   FUZZ_CHECK(QXStrTools::GetAtRight(old, s, n) ==
-             (left >= 1 ? s.substr(static_cast<std::size_t>(left + size) - 1) : all));
+             (left >= 1 ? s.substr(static_cast<std::size_t>(left + size) - 1) : s));
   if (count == 0) {
     FUZZ_CHECK(QXStrTools::GetAt(old, s, n) == s);
   } else if (n >= 1) {

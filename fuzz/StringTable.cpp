@@ -94,7 +94,7 @@ void Run(TQXStringTable& table, fuzz::Input& input) {
 }  // namespace
 
 FUZZ_TARGET(StringTable) {
-  const std::int32_t index = static_cast<std::int8_t>(input.Byte());
+  const std::int32_t index = input.Small();
   const std::string name = input.Text(8);
   CheckLine(input.Text(60), name, index);
 

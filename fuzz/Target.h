@@ -29,6 +29,9 @@ class Input {
   std::uint8_t Byte() { return static_cast<std::uint8_t>(Take(1).append(1, '\0')[0]); }
   bool Bit() { return (Byte() & 1) != 0; }
 
+  /// An integer from -128 to 127, of one byte.
+  Integer Small() { return (Byte() ^ 0x80) - 0x80; }
+
   /// An integer, little-endian.
   template <class T = Integer>
   T Number() {

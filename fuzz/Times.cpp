@@ -50,7 +50,7 @@ Result Sub(Integer time, Integer minutes, Integer maxHour) {
   if (minutes > time) {
     const Integer day = Cut(std::int64_t{maxHour} * 60);
     if (day == 0) return std::nullopt;
-    time = Cut(time + Cut(std::int64_t{Cut(std::int64_t{minutes} / day + 1)} * day));
+    time = Cut(std::int64_t{time} + Cut(std::int64_t{Cut(std::int64_t{minutes} / day + 1)} * day));
   }
   return OfMinutes(Cut(std::int64_t{time} - minutes), maxHour);
 }
@@ -79,7 +79,7 @@ auto Of(Call&& call) {
 
 FUZZ_TARGET(Times) {
   using namespace QXTimeTools;
-  const Integer maxHour = input.Bit() ? input.Number<std::int8_t>() : input.Number();
+  const Integer maxHour = input.Bit() ? input.Small() : input.Number();
   const Integer minutes = input.Bit() ? input.Number<std::int16_t>() : input.Number();
   const std::string text = input.Text(8);
   const std::string other = input.Text(8);
