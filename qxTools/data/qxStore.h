@@ -96,8 +96,8 @@ class QXTOOLS_API TQXFileStore : public TQXCustomStore {
   /// On purpose: a stream that begins with another flag changes nothing and is no error; it is left behind
   /// the 72 bytes of the header.
   /// @throws EReadError "Stream read error" when there are fewer bytes than the header has, or than it
-  /// announces, or when it announces less than nothing; in the last two cases the store is empty then and has
-  /// the new comment.
+  /// announces, or when it announces less than nothing; in the last two cases, and when memory is short
+  /// (EWriteError), the store is empty then and has the new comment.
   void LoadFromStream(TStream* Stream) override;
   /// Writes header and data, and rewinds the data stream. @throws EWriteError, also for the data stream
   /// itself.

@@ -126,7 +126,7 @@ QXTOOLS_API void SaveDWF(const std::string& FileName, const TFrameBitmaps& Bitma
 /// @throws Exception with no piece touched: NAME " File not found!" for either file; NAME " is a Draw of
 /// Frame(DW1) File." when the frame file is none (on purpose: the words say the opposite); NAME " is
 /// damaged." when a piece that is not covered has more than 16,777,216 pixels; "Bitmap image is not valid".
-/// @throws EReadError for a frame file below 76 bytes, EFOpenError.
+/// @throws EReadError for a frame file below 76 bytes, EFOpenError; std::bad_alloc. No piece is touched then.
 QXTOOLS_API void LoadDWF(const std::string& FileName, TFrameBitmaps& Bitmaps);
 
 /// Paints the pieces around the inside of a rectangle: edges in tiles, then the corners over them. The centre
