@@ -124,6 +124,7 @@ int open64(const char* name, int flags, ...) {
   static auto* const next = Next<int(const char*, int, ...)>("open64");
   va_list arguments;
   va_start(arguments, flags);
+  // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): it does not see the line above
   const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
   const bool fails = (flags & O_CREAT) != 0 ? FailsForRoom() : Fails(Fault::kSystem);
