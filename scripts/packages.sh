@@ -50,6 +50,5 @@ test_packages=(libgtest-dev clang g++-multilib googletest shared-mime-info libgl
 package_packages=(dpkg-dev file pkg-config)
 docs_packages=(doxygen man-db groff)
 tidy_packages=(clang-tidy)
-  qt6-base-dev fonts-wqy-microhei)
 fuzz_packages=(clang libclang-rt-14-dev)
 valgrind_packages=(libgtest-dev valgrind)
