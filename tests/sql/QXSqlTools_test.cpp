@@ -1,123 +1,84 @@
-#include <gtest/gtest.h>
 #include <qxTools/runtime/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/strings/QXStrTools.h>
 
-#include <random>
+#include <functional>
 
-#include "support/MessageOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::QXSqlTools;
-using test::MessageOf;
+using namespace qxTools::test;
+using namespace std::string_literals;
 
 // --- Builders ----------------------------------------------------------------------------------------
 
-TEST(QXSqlTools, StringsAreQuotedAndNothingElseIsTouched) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"", "NULL"},
-      {" ", "' '"},
-      {"O'Neil", "'O''Neil'"},
-      {"''", "''''''"},
-      {std::string("a\0'\r\n\xFF", 6), std::string("'a\0''\r\n\xFF'", 9)},
-      {"\xA4\xA4'\xA4", "'\xA4\xA4''\xA4'"},  // 中 and a lone lead byte
-  };
-  for (const auto& [s, want] : cases) EXPECT_EQ(ToSQLStr(s), want);
-  EXPECT_EQ(ToSQLint(""), "NULL");
-  EXPECT_EQ(ToSQLint(" x'"), " x'");
-}
-
-TEST(QXSqlTools, VariantsAreWrittenByTheirType) {
-  const std::pair<Variant, const char*> cases[] = {
-      {Variant::Null(), "NULL"},
-      {Variant(), ""},
-      {Variant::FromDate(EncodeDate(2003, 1, 2) + 0.99), "'2003/01/02'"},
-      {Variant::FromDate(EncodeDate(2003, 1, 3) - 1e-10),
-       "'2003/01/03'"},  // rounded to the millisecond first
-      {"  ab ", "'ab'"},
-      {u" \u4E2D ", "'\xA4\xA4'"},  // 中
-      {"   ", "NULL"},
-      {"\ta", "'\ta'"},  // a tab is no blank
-      {true, "1"},
-      {false, "0"},
-      {-5, "-5"},
-      {2.5, "2.5"},
-      {Variant::FromCurrency(15000), "1.5"},
-  };
-  for (const auto& [value, want] : cases) EXPECT_EQ(VarToSql(value), want);
-  EXPECT_THROW(VarToSql(Variant::NewArray(0, 1)), EVariantError);
-}
-
-TEST(QXSqlTools, ListsAndRanges) {
+TEST(QXSqlTools, TextsBecomeLiteralsListsAndRanges) {
+  ExpectRows(ToSQLStr, {{"", "NULL"}, {" ", "' '"}, {"''", "''''''"}, {"a\0'\r\n\xFF"s, "'a\0''\r\n\xFF'"s}});
+  ExpectRows(ToSQLint, {{"", "NULL"}, {" x'", " x'"}});
+  ExpectRows(ToSQLinlist,
+             {{"x", "('x')"}, {"", "(NULL)"}, {",", " (NULL,NULL) "}, {" a , 'b' ", " (' a ',' ''b'' ') "}});
+  ExpectRows(ToSQLBetween, {{"5", "'5' and '5'"},
+                            {"~9", "NULL and '9'"},
+                            {"a~b~c", "'a' and 'b~c'"},
+                            {"", "NULL and NULL"},
+                            {"\xA6\x7E", "'\xA6' and NULL"}});  // on purpose: the second byte of 年 is a "~"
   const std::vector<std::string> values{"abc", "12", "", "2003/01/02", "it's"};
   EXPECT_EQ(ToSQLEx(values, "SNSDt"), "'abc',12,NULL,'2003/01/02','it''s'");
   EXPECT_EQ(ToSQLEx(values, "xfX"), "12");  // an unknown letter, and no letter, leave a value out
-  EXPECT_EQ(ToSQLEx({}, "S"), "");
-  const std::pair<const char*, const char*> lists[] = {
-      {"x", "('x')"},
-      {"", "(NULL)"},
-      {"x,", " ('x',NULL) "},
-      {",", " (NULL,NULL) "},
-      {"a,b,,c", " ('a','b',NULL,'c') "},
-      {" a , 'b' ", " (' a ',' ''b'' ') "},
-  };
-  for (const auto& [list, want] : lists) EXPECT_EQ(ToSQLinlist(list), want);
-  const std::pair<const char*, const char*> ranges[] = {
-      {"2003/01/01~2003/12/31", "'2003/01/01' and '2003/12/31'"},
-      {"5", "'5' and '5'"},
-      {"~9", "NULL and '9'"},
-      {"a~b~c", "'a' and 'b~c'"},
-      {"", "NULL and NULL"},
-      {"\xA6\x7E", "'\xA6' and NULL"},  // on purpose: the second byte of 年 is a "~" like any other
-  };
-  for (const auto& [range, want] : ranges) EXPECT_EQ(ToSQLBetween(range), want);
+}
+
+TEST(QXSqlTools, VariantsAreWrittenByTheirType) {
+  ExpectRows<Variant, std::string>(VarToSql,
+                                   {{Variant::Null(), "NULL"},
+                                    {Variant(), ""},
+                                    {Variant::FromDate(EncodeDate(2003, 1, 2) + 0.99), "'2003/01/02'"},
+                                    {Variant::FromDate(-1e-10), "'1899/12/30'"},  // rounded first
+                                    {"  ab ", "'ab'"},
+                                    {u" \u4E2D ", "'\xA4\xA4'"},  // 中
+                                    {"   ", "NULL"},
+                                    {"\ta", "'\ta'"},  // a tab is no blank
+                                    {true, "1"},
+                                    {false, "0"},
+                                    {Variant::FromCurrency(15000), "1.5"}});
+  EXPECT_THROW(VarToSql(Variant::NewArray(0, 1)), EVariantError);
 }
 
 TEST(QXSqlTools, ConditionsNumbersAndNames) {
-  EXPECT_EQ(SQLAdd("", "a=1"), "a=1");
-  EXPECT_EQ(SQLAdd("a=1", ""), "a=1 and ");
+  EXPECT_EQ(SQLAdd("", "a=1") + SQLAdd("a=1", ""), "a=1a=1 and ");
   EXPECT_EQ(SQLStrNO("ID", 5), "REPLICATE('0', 5 - LEN(LTRIM(STR(ID))))+ LTRIM(STR(ID))");
   EXPECT_EQ(SQLNumCaption("ID", -5, "Name"),
             "REPLICATE('0',  - LEN(LTRIM(STR(ID))))+ LTRIM(STR(ID))+ ' - ' + Name");
-  const struct {
-    const char* name;
-    TFieldNameType kind;
-    const char* want;
-  } names[] = {
-      {"TB_ORDER", fnSqlCase, "tb_Order"},
-      {"CUSTOMER_NAME", fnSqlCase, "Customer_name"},
-      {"TB_", fnSqlCase, "tb_"},
-      {"ab", fnSqlCase, "Ab"},
-      {"A_b_C", fnSqlCase, "A_b_c"},
-      {"", fnSqlCase, ""},
-      {"aB", fnDefault, "aB"},
-      {"aB", fnUpperCase, "AB"},
-      {"aB", fnLowerCase, "ab"},
-  };
-  for (const auto& c : names) EXPECT_EQ(FormatFieldName(c.name, c.kind), c.want);
-  EXPECT_EQ(FieldToParam("tb_Name_x", "P"), "P_Name_x");
-  EXPECT_EQ(FieldToParam("Name", "P"), "P_Name");
+  ExpectRows([](const std::string& name) { return FormatFieldName(name, fnSqlCase); },
+             {{"TB_ORDER", "tb_Order"}, {"CUSTOMER_NAME", "Customer_name"}, {"TB_", "tb_"}, {"", ""}});
+  ExpectRows<TFieldNameType, std::string>([](TFieldNameType type) { return FormatFieldName("aB", type); },
+                                          {{fnDefault, "aB"}, {fnUpperCase, "AB"}, {fnLowerCase, "ab"}});
+  ExpectRows([](const std::string& name) { return FieldToParam(name, "P"); },
+             {{"tb_Name_x", "P_Name_x"}, {"Name", "P_Name"}});
 }
 
 TEST(QXSqlTools, TypesAreFoundByNameAndByCode) {
   using namespace QXSqlDefine;
-  EXPECT_EQ(FindSqlStructByName("VARCHAR"), SqlStruct[Sql_Varchar]);
-  EXPECT_EQ(FindSqlStructByName("uniqueidentifie"), SqlStruct[Sql_Uniqueidentifie]);
-  for (const char* unknown : {"bigint", "uniqueidentifier", "", "int "})
-    EXPECT_EQ(FindSqlStructByName(unknown), SqlStructEmpty) << unknown;
+  ExpectRows<std::string, TSqlTypeStruct>(FindSqlStructByName,
+                                          {{"VARCHAR", SqlStruct[Sql_Varchar]},
+                                           {"uniqueidentifie", SqlStruct[Sql_Uniqueidentifie]},
+                                           {"uniqueidentifier", SqlStructEmpty},
+                                           {"bigint", SqlStructEmpty},
+                                           {"int ", SqlStructEmpty}});
   // Shared codes give the first row that has them.
-  const std::pair<Integer, TSqlTypes> codes[] = {{3, Sql_Decimal}, {11, Sql_Datetime}, {-2, Sql_Binary}};
-  for (const auto& [code, type] : codes) EXPECT_EQ(FindSqlStructByDataType(code), SqlStruct[type]);
-  EXPECT_EQ(FindSqlStructByDataType(99), (TSqlTypeStruct{"", 0, 'U', false}));
-  EXPECT_EQ(SqlStruct[Sql_Sql_variant], (TSqlTypeStruct{"Sql_variant", -150, 'F', false}));
+  ExpectRows<Integer, TSqlTypeStruct>(FindSqlStructByDataType, {{3, SqlStruct[Sql_Decimal]},
+                                                                {11, SqlStruct[Sql_Datetime]},
+                                                                {-2, SqlStruct[Sql_Binary]},
+                                                                {99, {"", 0, 'U', false}},
+                                                                {-150, {"Sql_variant", -150, 'F', false}}});
 }
 
 // --- The command -------------------------------------------------------------------------------------
 
-std::vector<std::string> NamesIn(std::string_view text) {
+std::vector<std::string> NamesIn(const std::string& text) {
   TQXSQL command;
   command.GetInLines().SetText(text);
   std::vector<std::string> names;
@@ -127,42 +88,22 @@ std::vector<std::string> NamesIn(std::string_view text) {
 }
 
 TEST(TQXSQL, FindsTheMarkersOfItsText) {
-  const std::pair<std::string, std::vector<std::string>> cases[] = {
-      {"a=@SName and b=@NAge", {"@SName", "@NAge"}},
-      {"@SName @sname", {"@SName"}},
-      {"@@ROWCOUNT", {"@ROWCOUNT"}},
-      {"@ x @\r\n,1_y", {"@x", "@y"}},  // a lone mark stays open over anything, and over the start of a name
-      {"@a@b", {"@b"}},
-      {"'@quoted'", {"@quoted"}},
-      {"@a\xA4\xA4@b_1", {"@a", "@b_1"}},  // 中 ends a name
-      {"\xA4@Z ", {"@Z"}},                 // on purpose: the second byte of 一 is a mark like any other
-      {"@", {}},
-      {"", {}},
-  };
-  for (const auto& [text, want] : cases) EXPECT_EQ(NamesIn(text), want) << text;
-}
-
-TEST(TQXSQL, WritesValuesIntoItsText) {
-  TQXSQL command;
-  command.GetInLines().SetText("select * from t where a=@SName and b=@NAge");
-  TQXSQLItems& params = command.GetParams();
-  EXPECT_EQ(command.GetOutLines().GetText(), "select * from t where a=NULL and b=NULL\r\n");
-  params.SetItemsValue("@sname", "O'Neil");
-  params.SetItemsValue("@NAge", 30);
-  EXPECT_EQ(command.GetOutLines().GetText(), "select * from t where a='O''Neil' and b=30\r\n");
-  EXPECT_EQ(command.GetOutLines().GetCount(), 1);
-  command.GetInLines().Add("-- more");  // any change finds the parameters anew
-  EXPECT_EQ(params.GetItemsValue("@SName"), Variant(""));
+  ExpectRows<std::string, std::vector<std::string>>(
+      NamesIn, {{"@SName @sname,@NAge", {"@SName", "@NAge"}},
+                {"@ x @\r\n,1_y", {"@x", "@y"}},  // a lone mark stays open, also over the start of a name
+                {"'@quoted'", {"@quoted"}},
+                {"@a\xA4\xA4@b_1", {"@a", "@b_1"}},  // 中 ends a name
+                {"\xA4@Z ", {"@Z"}},                 // on purpose: the second byte of 一 is a mark
+                {"@", {}}});
 }
 
 TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
-  const Variant text = u"@F:GETDATE()";
   const struct {
     Variant value;
     TSqlStyle style;
     const char* text;
     Variant stored;
-    const char* written;
+    std::string written;
   } cases[] = {
       {Variant::Null(), stFunction, "NULL", Variant::Null(), "NULL"},
       {true, stBoolean, "1", true, "1"},
@@ -173,7 +114,7 @@ TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
       {Variant::FromCurrency(12345), stReal, "1.2345", Variant::FromCurrency(12345), "1.2345"},
       {Variant::FromDate(37988.7), stDate, "2004/01/02", Variant::FromDate(37988.7), "'2004/01/02'"},
       {"plain", stTime, "plain", "plain", "'plain'"},  // text keeps the style
-      {text, stFunction, "GETDATE()", "GETDATE()", "GETDATE()"},
+      {u"@F:GETDATE()", stFunction, "GETDATE()", "GETDATE()", "GETDATE()"},
       {"@n:15", stInteger, "15", "15", "15"},
       {"@T", stTime, "", "", "NULL"},
       {"@R;", stReal, "", "", ""},
@@ -184,26 +125,25 @@ TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
       {Variant::NewArray(0, 0), stTime, "", "", "NULL"},
   };
   for (const auto& c : cases) {
+    SCOPED_TRACE(&c - cases);
     TQXSQL command;
     command.GetInLines().SetText("@P");
     TQXSQLItem& item = *command.GetParams().GetItems(0);
     item.Style = stTime;
     command.GetParams().SetItemsValue("@p", c.value);
-    EXPECT_EQ(item.Style, c.style) << c.text;
+    EXPECT_EQ(item.Style, c.style);
     EXPECT_EQ(item.Text, c.text);
-    EXPECT_EQ(item.Value, c.stored) << c.text;
-    EXPECT_EQ(command.GetOutLines().GetText(),
-              c.written[0] == '\0' ? "\r\n" : c.written + std::string("\r\n"));
+    EXPECT_EQ(item.Value, c.stored);
+    EXPECT_EQ(command.GetOutLines().GetText(), c.written + "\r\n");
   }
 }
 
 TEST(TQXSQL, UnknownNamesAreNamed) {
   TQXSQLItems items;
-  EXPECT_EQ(MessageOf([&] { items.GetItemsValue("@X"); }), "Parameters @X is not found");
-  EXPECT_EQ(MessageOf([&] { items.SetItemsValue("@X", 1); }), "Parameters @X is not found");
-  EXPECT_EQ(MessageOf([&] { items.GetItemsStyle(""); }), "Parameters  is not found");
-  EXPECT_EQ(MessageOf([&] { items.SetItemsStyle("@X", stDate); }), "Parameters @X is not found");
-  EXPECT_EQ(items.FindByName("@X"), nullptr);
+  const std::function<void()> calls[] = {
+      [&] { items.GetItemsValue("@X"); }, [&] { items.SetItemsValue("@X", 1); },
+      [&] { items.GetItemsStyle("@X"); }, [&] { items.SetItemsStyle("@X", stDate); }};
+  for (const auto& call : calls) EXPECT_EQ(MessageOf(call), "Parameters @X is not found");
   EXPECT_FALSE(items.FindAndModify("@X", "1", stInteger));
   EXPECT_EQ(MessageOf([&] { items.Delete(-1); }), "List index out of bounds (-1)");
 }
@@ -230,21 +170,17 @@ TEST(TQXSQL, TheLastOfEqualNamesIsFoundWhateverChanges) {
 }
 
 TEST(TQXSQL, CommentsGoAndSlashesWithThem) {
-  const std::pair<std::u16string, std::u16string> cases[] = {
-      {u"select 1 /* c */", u"select 1 \r\n"},
-      {u"a/b", u"a/b"},
-      {u"a/b /* c */", u"a \r\n"},     // on purpose
-      {u"a /* x **/ b", u"a \r\n"},    // on purpose: never closes
-      {u"a /*/ b */ c", u"a  c\r\n"},  // "/*/" does not close itself
-      {u"*/ a /*", u"*a \r\n"},        // both marks, in any order
-      {u"\n  \n a\n\n b /**/\n \n", u" a\r\n\r\n b \r\n"},
-      {u"/* all */", u""},
-      {u"  ", u"  "},
-      {u"'/* in quotes */'", u"''\r\n"},
-      {u"a/\u4E2Db /**/ /", u"ab  /\r\n"},  // the last "/" has nothing behind it
-  };
-  for (const auto& [text, want] : cases)
-    EXPECT_EQ(WideToBytes(TQXSQL::ClearNote(text)), WideToBytes(want)) << WideToBytes(text);
+  ExpectRows([](const std::string& text) { return WideToBytes(TQXSQL::ClearNote(BytesToWide(text))); },
+             {{"a/b", "a/b"},
+              {"a/b /* c */", "a \r\n"},     // on purpose
+              {"a /* x **/ b", "a \r\n"},    // on purpose: never closes
+              {"a /*/ b */ c", "a  c\r\n"},  // "/*/" does not close itself
+              {"*/ a /*", "*a \r\n"},        // both marks, in any order
+              {"\n  \n a\n\n b /**/\n \n", " a\r\n\r\n b \r\n"},
+              {"/* all */", ""},
+              {"  ", "  "},
+              {"'/* in quotes */'", "''\r\n"},
+              {"a/\xA4\xA4/**/ /", "a /\r\n"}});  // 中; the last "/" has nothing behind it
 }
 
 /// The output as it is defined: item after item in the whole text.
@@ -259,18 +195,13 @@ std::string FillInTurn(std::string text, const TQXSQLItems& items) {
 
 TEST(TQXSQL, TheOnePassEqualsReplacingInTurn) {
   std::mt19937 random(2);
-  const auto randomText = [&](std::string_view letters, unsigned size) {
-    std::string text;
-    for (auto i = random() % (size + 1); i > 0; --i) text += letters[random() % letters.size()];
-    return text;
-  };
   for (int round = 0; round < 30000; ++round) {
     TQXSQL command;
-    command.GetInLines().SetText(randomText("@@@aAb1 '", 20));
+    command.GetInLines().SetText(RandomText(random, {"@", "@", "@", "a", "A", "b", "1", " ", "'"}, 20));
     TQXSQLItems& params = command.GetParams();
-    if (random() % 8 == 0) params.Add("@" + randomText("ab ", 2));
+    if (random() % 8 == 0) params.Add("@" + RandomText(random, {"a", "b", " "}, 2));
     for (Integer i = 0; i < params.GetCount(); ++i) {
-      params.GetItems(i)->Text = randomText(round % 2 == 0 ? "ab'" : "@ab.", 4);
+      params.GetItems(i)->Text = RandomText(random, {"a", "b", round % 2 == 0 ? "'" : "@"}, 4);
       params.GetItems(i)->Style = random() % 2 == 0 ? stString : stFunction;
     }
     TStringList want;
@@ -283,6 +214,11 @@ TEST(TQXSQL, StatementsOfATableAndStyleLetters) {
   TQXSQL command;
   command.AssignSql({"select @S", "insert @I", "delete @D", "update @U"}, slDelete);
   EXPECT_EQ(command.GetParams().GetItems(0)->GetName(), "@D");
+  EXPECT_EQ(command.GetOutLines().GetText(), "delete NULL\r\n");
+  command.GetParams().SetItemsValue("@D", "O'Neil");
+  EXPECT_EQ(command.GetOutLines().GetText(), "delete 'O''Neil'\r\n");
+  command.GetInLines().Add("-- more");  // any change finds the parameters anew
+  EXPECT_EQ(command.GetParams().GetItemsValue("@D"), Variant(""));
   TStringList letters;
   command.FillCharType(letters);
   EXPECT_EQ(letters.GetText(), "S\r\nN\r\nR\r\nD\r\nT\r\nB\r\nF\r\n");
