@@ -1,16 +1,16 @@
 // Needs a Chinese font, as the package fonts-wqy-microhei has, and Qt's offscreen platform.
-#include <gtest/gtest.h>
 #include <qxTools/desktop/Desktop.h>
 #include <qxTools/graphics/qxDrawTools.h>
 #include <qxTools/platform/SystemColors.h>
 #include <qxTools/runtime/TextPainter.h>
+#include <qxTools/shell/QXDialogs.h>
 
 #include <QtGui/QScreen>
 #include <QtWidgets/QWidget>
 
 #include "desktop/Application.h"
-#include "support/MessageOf.h"
 #include "support/Picture.h"
+#include "support/Testing.h"
 
 namespace qxTools::test {
 
@@ -36,10 +36,9 @@ TEST_F(DesktopTest, TextOnBitmapsIsPaintedInsideTheClip) {
   for (Integer y = 0; y < 40; ++y)
     for (Integer x = 0; x < 60; ++x) {
       const bool inked = paper.GetPixel(x, y) != ColorOf('.');
-      const bool inClip = x >= 10 && x < 20 && y >= 12 && y < 18;
-      ASSERT_TRUE(inClip || !inked) << x << ", " << y;
-      inside = inside || inked;
+      ASSERT_TRUE(!inked || (x >= 10 && x < 20 && y >= 12 && y < 18)) << x << ", " << y;
       ASSERT_EQ(paper.GetRow(y)[x] >> 24, 0xFFU);
+      inside = inside || inked;
     }
   EXPECT_TRUE(inside);
 }
@@ -60,7 +59,11 @@ TEST_F(DesktopTest, SystemColorsFollowThePalette) {
     EXPECT_EQ(ColorToRGB(clBtnShadow), 0x090807U);
     EXPECT_EQ(ColorToRGB(clBtnHighlight), 0x0C0B0AU);
   }
+  // Everything is taken out again.
   EXPECT_EQ(ColorToRGB(clBtnFace), 0xC0C0C0U);
+  EXPECT_EQ(GetTextPainter(), nullptr);
+  EXPECT_EQ(GetScreenSize().X, 2147483647);
+  EXPECT_EQ(MessageOf([] { QXDialogs::ShowMessageBox("a", ""); }), "No dialog service");
 }
 
 TEST_F(DesktopTest, TheScreenAndItsWindowsAreKnown) {
@@ -81,12 +84,6 @@ TEST_F(DesktopTest, TheScreenAndItsWindowsAreKnown) {
   ASSERT_TRUE(GetWindowRect(window.winId(), rect));
   EXPECT_EQ(rect, (TRect{frame.left(), frame.top(), frame.right() + 1, frame.bottom() + 1}));
   EXPECT_FALSE(GetWindowRect(987654321, rect));
-}
-
-TEST_F(DesktopTest, EverythingIsTakenOutAgain) {
-  { const Desktop desktop; }
-  EXPECT_EQ(GetTextPainter(), nullptr);
-  EXPECT_EQ(GetScreenSize().X, 2147483647);
 }
 
 TEST(Desktop, NeedsAnApplicationObject) {

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <qxTools/graphics/QXColorMode.h>
 #include <qxTools/graphics/QXHTML.h>
 
@@ -6,13 +5,13 @@
 #include <limits>
 #include <numbers>
 
-#include "support/MessageOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::QXColorMode;
-using test::MessageOf;
+using namespace qxTools::test;
 
 constexpr Real kNaN = std::numeric_limits<Real>::quiet_NaN();
 constexpr Real kInfinity = std::numeric_limits<Real>::infinity();

@@ -1,14 +1,13 @@
-#include <gtest/gtest.h>
 #include <qxTools/graphics/qxDrawTools.h>
 #include <qxTools/platform/SystemColors.h>
 #include <qxTools/runtime/LittleEndian.h>
 
+#include <array>
 #include <limits>
 
 #include "support/BoxText.h"
-#include "support/GoldenPictures.h"
-#include "support/MessageOf.h"
-#include "support/TemporaryFolder.h"
+#include "support/Picture.h"
+#include "support/Testing.h"
 
 namespace qxTools::test {
 
@@ -45,15 +44,31 @@ std::string TextOf(const TFrameBitmaps& pieces) {
   return text;
 }
 
+/// Nine pieces that show how each is placed and stretched. The right corners are wider than the left ones.
+void MakeFrame(TFrameBitmaps& pieces) {
+  const char* const texts[] = {"00\n0.\n", "1\n.\n", "22\n22\n", "3.3\n",     "44\n44\n",
+                               ".5\n55\n", "666\n",  ".7\n",     "888\n8.8\n"};
+  for (std::size_t k = 0; k < pieces.size(); ++k) Paint(pieces[k], texts[k]);
+}
+
+/// What `draw` gives on paper, with the text of BoxText.
+template <class Draw>
+std::string Drawn(Integer width, Integer height, Draw&& draw) {
+  const BoxText painter;
+  Paper paper(width, height);
+  draw(paper.GetCanvas());
+  return test::TextOf(paper);
+}
+
 }  // namespace
 
 TEST(qxDrawTools, RectanglesAndPoints) {
   const TRect rect{1, 2, 3, 4};
   EXPECT_EQ(RectToStr(rect), "Left:1, Top:2, Right:3, Bottom:4");
   EXPECT_EQ(RectToStr({kLowest, -1, 0, kHighest}), "Left:-2147483648, Top:-1, Right:0, Bottom:2147483647");
-  EXPECT_TRUE(PosInRect(TPoint{1, 4}, rect) && PosInRect(TPoint{3, 2}, rect));
-  EXPECT_FALSE(PosInRect(TPoint{0, 3}, rect) || PosInRect(TPoint{4, 3}, rect) ||
-               PosInRect(TPoint{2, 1}, rect) || PosInRect(TPoint{2, 5}, rect));
+  for (const TPoint& inside : {TPoint{1, 4}, TPoint{3, 2}}) EXPECT_TRUE(PosInRect(inside, rect));
+  for (const TPoint& outside : {TPoint{0, 3}, TPoint{4, 3}, TPoint{2, 1}, TPoint{2, 5}})
+    EXPECT_FALSE(PosInRect(outside, rect));
   EXPECT_TRUE(PosInRect(TSmallPoint{-1, -32768}, {-1, -32768, 0, 0}));
   EXPECT_EQ(ResizeRect({0, 0, 10, 10}, 2, roIn), (TRect{2, 2, 8, 8}));
   EXPECT_EQ(ResizeRect({0, 0, 10, 10}, 2, roOut), (TRect{-2, -2, 12, 12}));
@@ -65,19 +80,12 @@ TEST(qxDrawTools, RectanglesAndPoints) {
 }
 
 TEST(qxDrawTools, CropRectMovesTheSidesOfItsTable) {
-  const struct {
-    TAlignmentEx alignment;
-    TRect want;
-  } cases[] = {
-      {aeLeftTop, {10, 5, 100, 50}},    {aeLeftCenter, {10, 5, 100, 55}},
-      {aeLeftBottom, {10, 0, 100, 45}}, {aeTopCenter, {10, 5, 110, 50}},
-      {aeAllCenter, {10, 5, 110, 55}},  {aeBottomCenter, {10, 0, 110, 45}},
-      {aeRightTop, {0, 5, 90, 50}},     {aeRightCenter, {0, 0, 90, 55}},
-      {aeRightBottom, {0, 0, 90, 45}},  {TAlignmentEx(9), {0, 0, 100, 50}},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(RectToStr(CropRect({0, 0, 100, 50}, c.alignment, 10, 5)), RectToStr(c.want))
-        << "alignment " << int{c.alignment};
+  const std::pair<TAlignmentEx, TRect> rows[] = {
+      {aeLeftTop, {10, 5, 100, 50}},     {aeLeftCenter, {10, 5, 100, 55}}, {aeLeftBottom, {10, 0, 100, 45}},
+      {aeTopCenter, {10, 5, 110, 50}},   {aeAllCenter, {10, 5, 110, 55}},  {aeBottomCenter, {10, 0, 110, 45}},
+      {aeRightTop, {0, 5, 90, 50}},      {aeRightCenter, {0, 0, 90, 55}},  {aeRightBottom, {0, 0, 90, 45}},
+      {TAlignmentEx(9), {0, 0, 100, 50}}};
+  ExpectEach([](TAlignmentEx alignment) { return CropRect({0, 0, 100, 50}, alignment, 10, 5); }, rows);
 }
 
 TEST(qxDrawTools, PopupsAreKeptOnTheScreen) {
@@ -94,27 +102,88 @@ TEST(qxDrawTools, PopupsAreKeptOnTheScreen) {
 TEST(qxDrawTools, Numbers) {
   EXPECT_TRUE(BetWeen(5, 9, 1) && BetWeen(9, 1, 9) && BetWeen(1, 9, 1));
   EXPECT_FALSE(BetWeen(0, 1, 9) || BetWeen(10, 9, 1));
-  const struct {
-    Integer value, step, cut, pages;
-  } cases[] = {
+  const std::array<Integer, 4> cases[] = {
       {17, 5, 15, 4}, {-17, 5, -15, -3}, {17, -5, 15, -2}, {0, 5, 0, 0},
-      {5, 0, 0, 0},   {10, 5, 10, 2},    {11, 5, 10, 3},   {kLowest, 1, kLowest, kLowest},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(CutMod(c.value, c.step), c.cut) << c.value << ", " << c.step;
-    EXPECT_EQ(InPage(c.value, c.step), c.pages) << c.value << ", " << c.step;
+      {5, 0, 0, 0},   {10, 5, 10, 2},    {11, 5, 10, 3},   {kLowest, 1, kLowest, kLowest}};
+  for (const auto& [value, step, cut, pages] : cases) {
+    EXPECT_EQ(CutMod(value, step), cut) << value << ", " << step;
+    EXPECT_EQ(InPage(value, step), pages) << value << ", " << step;
   }
-  EXPECT_EQ(MessageOf([] { CutMod(kLowest, -1); }), "Integer overflow");
-  EXPECT_EQ(MessageOf([] { InPage(kLowest, -1); }), "Integer overflow");
+  for (const auto function : {CutMod, InPage})
+    EXPECT_EQ(MessageOf([&] { function(kLowest, -1); }), "Integer overflow");
 }
 
-TEST(qxDrawTools, PicturesAreThoseOfTheGoldenTexts) {
-  const BoxText painter;
-  for (const GoldenPicture& golden : kGoldenPictures) {
-    Paper paper(golden.width, golden.height);
-    golden.draw(paper.GetCanvas());
-    EXPECT_EQ(test::TextOf(paper), golden.text) << golden.name;
-  }
+TEST(qxDrawTools, BevelsAreRingsInTheirColours) {
+  EXPECT_EQ(Drawn(54, 6,
+                  [](TCanvas& canvas) {
+                    const auto at = [](Integer column) { return TRect{9 * column, 0, 9 * column + 7, 5}; };
+                    DrawButton(canvas, at(0), false);
+                    DrawButton(canvas, at(1), true);
+                    DrawBox(canvas, at(2), false);
+                    DrawBox(canvas, at(3), true);
+                    DrawFrame(canvas, at(4), false, ColorOf('r'));
+                    DrawFrame(canvas, at(5), true, ColorOf('r'));
+                  }),
+            "wwwwwwws.fffffffd.sssssssw.sssssssw.sssssssw.sssssssw.\n"
+            "wffffffs.fwwwwwsd.s......w.sdddddfw.srrrrrrw.sdddddfw.\n"
+            "wffffffs.fwffffsd.s......w.sd....fw.srrrrrrw.sdrrrrfw.\n"
+            "wffffffs.fwffffsd.s......w.sd....fw.srrrrrrw.sdrrrrfw.\n"
+            "wffffffs.fwsssssd.s......w.sdfffffw.srrrrrrw.sdfffffw.\n"
+            "wsssssss.fddddddd.swwwwwww.swwwwwww.swwwwwww.swwwwwww.\n");
+}
+
+TEST(qxDrawTools, TrianglesPointInFourDirections) {
+  EXPECT_EQ(Drawn(44, 7,
+                  [](TCanvas& canvas) {
+                    for (Integer i = 0; i < 5; ++i)  // the fifth is no direction, and nothing is drawn
+                      Draw3Angle(canvas, {11 * i % 44, 0, 11 * i % 44 + 8, 6}, static_cast<TDrawAngleType>(i),
+                                 ColorOf("rrrrk"[i]));
+                  }),
+            ".......rr......r......rr.........rrrrrrrrr..\n"
+            "....rrrrr.....rrr.....rrrrr.......rrrrrrr...\n"
+            "..rrrrrrr.....rrr.....rrrrrrr.....rrrrrrr...\n"
+            "rrrrrrrrr....rrrrr....rrrrrrrrr....rrrrr....\n"
+            "..rrrrrrr...rrrrrrr...rrrrrrr.......rrr.....\n"
+            ".....rrrr...rrrrrrr...rrrr..........rrr.....\n"
+            ".......rr..rrrrrrrrr..rr.............r......\n");
+}
+
+TEST(qxDrawTools, TabsAreSlantedOrNotchedWithACaptionInACellOfTheirColour) {
+  EXPECT_EQ(Drawn(50, 10,
+                  [](TCanvas& canvas) {
+                    DrawTabset(canvas, {0, 0, 23, 9}, ColorOf('r'), ColorOf('g'), "abc", true);
+                    DrawTabset(canvas, {26, 0, 49, 9}, ColorOf('r'), 0, "", false);
+                  }),
+            "kkkkkkkkkkkkkkkkkkkkkkkk..kkkkkkkkkkkkkkkkkkkkkkkk\n"
+            ".krrrrrrrrrrrrrrrrrrrrk....krrrrrrrrrrrrrrrrrrkk..\n"
+            ".krrrrrggrggrggrrrrrrrk....krrrrrrrrrrrrrrrrkk....\n"
+            "..krrrrggrggrggrrrrrrk......krrrrrrrrrrrrrrkkkk...\n"
+            "...krrrrrrrrrrrrrrrrk........krrrrrrrrrrrrrrrrrkkk\n"
+            "...krrrrrrrrrrrrrrrrk........krrrrrrrrrrrrrrrkkk..\n"
+            "....krrrrrrrrrrrrrrk..........krrrrrrrrrrrrkk.....\n"
+            ".....krrrrrrrrrrrrk............krrrrrrrrrrrrrkk...\n"
+            ".....krrrrrrrrrrrrk............krrrrrrrrrrrrrrrkk.\n"
+            "......kkkkkkkkkkkk..............kkkkkkkkkkkkkkkkkk\n");
+}
+
+TEST(qxDrawTools, FramesAreTiledFromNinePieces) {
+  EXPECT_EQ(Drawn(36, 9,
+                  [](TCanvas& canvas) {
+                    TFrameBitmaps pieces;
+                    MakeFrame(pieces);
+                    DrawFrameWithBMP(canvas, {1, 1, 17, 9}, pieces);
+                    DrawFrameWithBMP(canvas, {21, 1, 25, 4}, pieces);  // one tile a side, under the corners
+                    DrawFrameWithBMP(canvas, {30, 1, 32, 2}, pieces);  // no room for a tile of the top edge
+                  }),
+            ".............................888....\n"
+            ".003..3..3..3.666....0666.3..8.8....\n"
+            ".0..............7....28885....0.....\n"
+            ".1..............7....28.85..........\n"
+            "................7...................\n"
+            ".1..............7...................\n"
+            "................7...................\n"
+            ".22...........888...................\n"
+            ".22555555555558.8...................\n");
 }
 
 TEST(qxDrawTools, BevelsTakeTheDesktopsColours) {
@@ -123,10 +192,12 @@ TEST(qxDrawTools, BevelsTakeTheDesktopsColours) {
   colors[0x14] = ColorOf('2');
   colors[0x10] = ColorOf('3');
   SetSystemColors(colors);
-  Paper paper(4, 4);
-  DrawButton(paper.GetCanvas(), {0, 0, 3, 3}, false);
+  EXPECT_EQ(Drawn(4, 4,
+                  [](TCanvas& canvas) {
+                    DrawButton(canvas, {0, 0, 3, 3}, false);
+                  }),
+            "2223\n2113\n2113\n2333\n");
   SetSystemColors(DefaultSystemColors());
-  EXPECT_EQ(test::TextOf(paper), "2223\n2113\n2113\n2333\n");
 }
 
 TEST(qxDrawTools, TheBrushPatternIsACheckerboard) {
@@ -138,19 +209,18 @@ TEST(qxDrawTools, TheBrushPatternIsACheckerboard) {
 }
 
 TEST(qxDrawTools, TextStandsInAllNinePlaces) {
-  const BoxText painter;
-  Paper paper(44, 12);
-  TCanvas& canvas = paper.GetCanvas();
-  canvas.SetBrushColor(ColorOf('g'));
-  for (int i = 0; i < 9; ++i) {
-    const Integer left = 1 + i / 3 * 11;
-    const Integer top = i % 3 * 4;
-    DrawText(canvas, {left, top, left + 9, top + 4}, "ab", static_cast<TAlignmentEx>(i));
-    EXPECT_EQ(canvas.GetBrushStyle(), bsSolid);
-  }
-  DrawText(canvas, {34, 0, 42, 4}, "ab", TAlignmentEx(9));
-  DrawText(canvas, {35, 5, 40, 6}, "ab", aeAllCenter);  // too large: the halves go towards zero
-  EXPECT_EQ(test::TextOf(paper),
+  EXPECT_EQ(Drawn(44, 12,
+                  [](TCanvas& canvas) {
+                    canvas.SetBrushColor(ColorOf('g'));
+                    for (int i = 0; i < 9; ++i) {
+                      const Integer left = 1 + i / 3 * 11;
+                      const Integer top = i % 3 * 4;
+                      DrawText(canvas, {left, top, left + 9, top + 4}, "ab", static_cast<TAlignmentEx>(i));
+                      EXPECT_EQ(canvas.GetBrushStyle(), bsSolid);
+                    }
+                    DrawText(canvas, {34, 0, 42, 4}, "ab", TAlignmentEx(9));
+                    DrawText(canvas, {35, 5, 40, 6}, "ab", aeAllCenter);  // too large: halves go towards zero
+                  }),
             ".kk.kk.......kk.kk........kk.kk...kk.kk.....\n"
             ".kk.kk.......kk.kk........kk.kk...kk.kk.....\n"
             "............................................\n"
@@ -163,20 +233,6 @@ TEST(qxDrawTools, TextStandsInAllNinePlaces) {
             "............................................\n"
             ".kk.kk.......kk.kk........kk.kk.............\n"
             ".kk.kk.......kk.kk........kk.kk.............\n");
-}
-
-TEST(qxDrawTools, TheTabsCaptionStandsInACellOfItsColour) {
-  const BoxText painter;
-  Paper paper(24, 7);
-  DrawTabset(paper.GetCanvas(), {0, 0, 23, 6}, ColorOf('r'), ColorOf('g'), "abc", true);
-  EXPECT_EQ(test::TextOf(paper),
-            "kkkkkkkkkkkkkkkkkkkkkkkk\n"
-            ".krrrrrrrrrrrrrrrrrrrrk.\n"
-            "..krrrrggrggrggrrrrrrk..\n"
-            "...krrrggrggrggrrrrrk...\n"
-            "....krrrrrrrrrrrrrrk....\n"
-            ".....krrrrrrrrrrrrk.....\n"
-            "......kkkkkkkkkkkk......\n");
 }
 
 TEST(qxDrawTools, FramesComeBackFromTheirFiles) {
@@ -214,15 +270,13 @@ TEST(qxDrawTools, OnlyTheNamesOwnExtensionIsReplaced) {
 }
 
 TEST(qxDrawTools, SavingThatFailsLeavesThePairAsItWas) {
-  const TemporaryFolder folder;
-  const std::string name = folder.Make("frame.dw1", "old");
-  std::filesystem::create_directory(folder.File("frame.bmp"));
-  EXPECT_THROW(SaveDWF(name, TFrameBitmaps()), EFCreateError);
-  EXPECT_EQ(BytesOf(name), "old");
-  folder.Make("other.bmp", "old");
-  std::filesystem::create_directory(folder.File("other.dw1"));
-  EXPECT_THROW(SaveDWF(folder.File("other.dw1"), TFrameBitmaps()), EFCreateError);
-  EXPECT_EQ(BytesOf(folder.File("other.bmp")), "old");
+  for (const auto& [file, folderName] : {std::pair("a.dw1", "a.bmp"), {"a.bmp", "a.dw1"}}) {
+    const TemporaryFolder folder;
+    folder.Make(file, "old");
+    std::filesystem::create_directory(folder.File(folderName));
+    EXPECT_THROW(SaveDWF(folder.File("a.dw1"), TFrameBitmaps()), EFCreateError);
+    EXPECT_EQ(BytesOf(folder.File(file)), "old");
+  }
 }
 
 TEST(qxDrawTools, BadPairsAreRefusedBeforeAPieceIsTouched) {
@@ -236,21 +290,15 @@ TEST(qxDrawTools, BadPairsAreRefusedBeforeAPieceIsTouched) {
   folder.Make("frame.dw1", "");
   EXPECT_EQ(message(), stripName + " File not found!");
   TBitmap(2, 2).SaveToFile(stripName);
-  const struct {
-    std::string bytes;
-    std::string want;
-  } cases[] = {
-      {"", "Stream read error"},
-      {FrameBytes({1, 1}, 8002), name + " is a Draw of Frame(DW1) File."},
-      {FrameBytes({1, 1}, 8002).substr(0, 4), name + " is a Draw of Frame(DW1) File."},
-      {FrameBytes({1, 1}).substr(0, 75), "Stream read error"},
-      {FrameBytes({4096, 4097}), name + " is damaged."},
-      {FrameBytes({1, 1, kHighest, kHighest}), name + " is damaged."},
+  const auto load = [&](const std::string& bytes) {
+    folder.Make("frame.dw1", bytes);
+    return message();
   };
-  for (const auto& c : cases) {
-    folder.Make("frame.dw1", c.bytes);
-    EXPECT_EQ(message(), c.want);
-  }
+  ExpectRows(load, {{"", "Stream read error"},
+                    {FrameBytes({1, 1}, 8002).substr(0, 4), name + " is a Draw of Frame(DW1) File."},
+                    {FrameBytes({1, 1}).substr(0, 75), "Stream read error"},
+                    {FrameBytes({4096, 4097}), name + " is damaged."},
+                    {FrameBytes({1, 1, kHighest, kHighest}), name + " is damaged."}});
   folder.Make("frame.dw1", FrameBytes({1, 1}));
   folder.Make("frame.bmp", BytesOf(stripName).substr(0, 60));
   EXPECT_EQ(message(), "Bitmap image is not valid");
