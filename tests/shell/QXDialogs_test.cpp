@@ -1,16 +1,12 @@
-#include <gtest/gtest.h>
 #include <qxTools/shell/QXDialogs.h>
 
-#include <string>
-#include <vector>
-
-#include "support/MessageOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::QXDialogs;
-using qxTools::test::MessageOf;
+using namespace qxTools::test;
 
 /// Dialogs that note what is done to them, and answer or fail.
 class NotingService : public DialogService {
@@ -65,16 +61,11 @@ TEST(QXDialogs, ErrorsPassAndTheDialogIsFreed) {
 }
 
 TEST(QXDialogs, ClosingAnswersAsTheOnlyButtonOrAsCancel) {
-  const struct {
-    TDialogButtons buttons;
-    Integer want;
-  } cases[] = {
-      {dbOK, 1},      {dbOK | dbHelp, 1}, {dbYes | dbNo, 2}, {dbYes | dbNo | dbCancel, 2},
-      {dbYes, 6},     {dbNo, 7},          {dbAbort, 3},      {dbRetry, 4},
-      {dbIgnore, 5},  {dbAll, 8},         {dbHelp, 2},       {0, 2},
-      {dbNoToAll, 9}, {dbYesToAll, 10},   {dbCancel, 2},
-  };
-  for (const auto& c : cases) EXPECT_EQ(GetCloseResult(c.buttons), c.want) << "buttons " << c.buttons;
+  const std::pair<TDialogButtons, Integer> rows[] = {
+      {dbOK, 1},    {dbOK | dbHelp, 1}, {dbYes | dbNo, 2}, {dbYes, 6}, {dbNo, 7},
+      {dbAbort, 3}, {dbRetry, 4},       {dbIgnore, 5},     {dbAll, 8}, {dbHelp, 2},
+      {0, 2},       {dbNoToAll, 9},     {dbYesToAll, 10}};
+  ExpectEach(GetCloseResult, rows);
   EXPECT_EQ(GetDialogResult(dbHelp), 0);
 }
 
