@@ -1,6 +1,7 @@
-#include <gtest/gtest.h>
 #include <qxTools/memory/QXArrayTools.h>
 #include <qxTools/memory/QXMemTools.h>
+
+#include "support/Testing.h"
 
 namespace {
 

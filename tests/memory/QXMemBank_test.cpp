@@ -1,17 +1,15 @@
-#include <gtest/gtest.h>
 #include <qxTools/memory/QXMemBank.h>
 
 #include <limits>
 
-#include "support/MessageOf.h"
 #include "support/SlotOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::QXMemBank;
-using qxTools::test::MessageOf;
-using qxTools::test::SlotOf;
+using namespace qxTools::test;
 
 // Sets element 1 of a new bank through its own interface and reads it through the object.
 template <class Bank, class Face, class T>
