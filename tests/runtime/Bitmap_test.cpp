@@ -1,8 +1,6 @@
-#include <gtest/gtest.h>
 
-#include "support/MessageOf.h"
 #include "support/Picture.h"
-#include "support/TemporaryFolder.h"
+#include "support/Testing.h"
 
 namespace qxTools::test {
 
@@ -72,11 +70,7 @@ TEST(Bitmap, ReadsEveryDepthInBothDirections) {
     bitmap.LoadFromFile(folder.Make("a.bmp", FileOf(parts)));
     EXPECT_EQ(TextOf(bitmap), lower + upper) << parts.bits << " bits, top-down";
   }
-}
-
-TEST(Bitmap, ColoursThatThePaletteLacksAreBlack) {
-  const TemporaryFolder folder;
-  TBitmap bitmap;
+  TBitmap bitmap;  // colours that the palette lacks are black
   bitmap.LoadFromFile(folder.Make("a.bmp", FileOf({3, 1, 8, 0, kPalette, Bytes({1, 4, 255, 0}), 4})));
   EXPECT_EQ(TextOf(bitmap), "rkk\n");
 }
@@ -84,19 +78,14 @@ TEST(Bitmap, ColoursThatThePaletteLacksAreBlack) {
 TEST(Bitmap, RefusesFilesThatCannotBeWhole) {
   const TemporaryFolder folder;
   const std::string whole = FileOf({});
-  const struct {
-    const char* name;
-    std::string bytes;
-  } cases[] = {
+  const std::pair<const char*, std::string> cases[] = {
       {"nothing", ""},
       {"half a header", whole.substr(0, 53)},
       {"another signature", "MB" + whole.substr(2)},
       {"a row too few", whole.substr(0, whole.size() - 1)},
       {"below no width", FileOf({.width = -3})},
       {"the lowest height", FileOf({.height = -0x80000000LL})},
-      {"sides beyond the file", FileOf({.width = 0x7FFFFFFF, .height = 0x7FFFFFFF})},
-      {"many empty-looking bits",
-       FileOf({.width = 0x7FFFFFFF, .height = -0x7FFFFFFF, .bits = 1, .between = kPalette})},
+      {"sides beyond the file", FileOf({.width = 0x7FFFFFFF, .height = -0x7FFFFFFF, .between = kPalette})},
       {"16 bits", FileOf({.bits = 16})},
       {"compressed", FileOf({.bits = 8, .compression = 1, .between = std::string(1024, '\0')})},
       {"other masks", FileOf({.bits = 32, .compression = 3, .between = std::string(12, '\x7F')})},
@@ -108,9 +97,9 @@ TEST(Bitmap, RefusesFilesThatCannotBeWhole) {
   };
   TBitmap bitmap;
   Paint(bitmap, "12\n");
-  for (const auto& c : cases) {
-    const std::string name = folder.Make("a.bmp", c.bytes);
-    EXPECT_EQ(MessageOf([&] { bitmap.LoadFromFile(name); }), "Bitmap image is not valid") << c.name;
+  for (const auto& [what, bytes] : cases) {
+    const std::string name = folder.Make("a.bmp", bytes);
+    EXPECT_EQ(MessageOf([&] { bitmap.LoadFromFile(name); }), "Bitmap image is not valid") << what;
   }
   EXPECT_EQ(TextOf(bitmap), "12\n") << "a bitmap stays as it was";
   EXPECT_THROW(bitmap.LoadFromFile(folder.File("none.bmp")), EFOpenError);
@@ -141,8 +130,7 @@ TEST(Bitmap, LargePicturesComeBack) {
   bitmap.SaveToFile(folder.File("a.bmp"));
   TBitmap back;
   back.LoadFromFile(folder.File("a.bmp"));
-  ASSERT_EQ(back.GetWidth(), 301);
-  ASSERT_EQ(back.GetHeight(), 401);
+  ASSERT_EQ((TPoint{back.GetWidth(), back.GetHeight()}), (TPoint{301, 401}));
   EXPECT_TRUE(std::equal(bitmap.GetRow(0), bitmap.GetRow(0) + 301 * 401, back.GetRow(0)));
 }
 
@@ -152,20 +140,15 @@ TEST(Bitmap, ANewSizeKeepsWhatBothHave) {
   bitmap.SetSize(2, 3);
   EXPECT_EQ(TextOf(bitmap), "12\n45\nww\n");
   bitmap.SetSize(4, 1);
+  for (const TPoint& outside : {TPoint{-1, 0}, TPoint{4, 0}, TPoint{0, -1}, TPoint{0, 1}}) {
+    bitmap.SetPixel(outside.X, outside.Y, 0);
+    EXPECT_EQ(bitmap.GetPixel(outside.X, outside.Y), 0xFFFFFFFFU);
+  }
   EXPECT_EQ(TextOf(bitmap), "12ww\n");
   for (const TPoint& size : {TPoint{0, 5}, TPoint{5, 0}, TPoint{-1, 5}}) {
     bitmap.SetSize(size.X, size.Y);
     EXPECT_TRUE(bitmap.Empty() && bitmap.GetWidth() == 0 && bitmap.GetHeight() == 0);
   }
-}
-
-TEST(Bitmap, PixelsOutsideAreNone) {
-  TBitmap bitmap(2, 1);
-  for (const TPoint& at : {TPoint{-1, 0}, TPoint{2, 0}, TPoint{0, -1}, TPoint{0, 1}}) {
-    bitmap.SetPixel(at.X, at.Y, 0);
-    EXPECT_EQ(bitmap.GetPixel(at.X, at.Y), 0xFFFFFFFFU);
-  }
-  EXPECT_EQ(TextOf(bitmap), "ww\n");
 }
 
 }  // namespace qxTools::test

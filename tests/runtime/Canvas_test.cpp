@@ -1,12 +1,11 @@
-#include <gtest/gtest.h>
 #include <qxTools/platform/SystemColors.h>
 #include <qxTools/runtime/TextPainter.h>
 
 #include <limits>
-#include <random>
 
 #include "support/BoxText.h"
 #include "support/Picture.h"
+#include "support/Testing.h"
 
 namespace qxTools::test {
 
@@ -72,18 +71,6 @@ TEST(Canvas, LinesAndPolygonsAreThoseOfTheirDefinition) {
   }
 }
 
-TEST(Canvas, LinesLeaveTheirEndOutAndMoveThere) {
-  Paper paper(5, 3);
-  TCanvas& canvas = paper.GetCanvas();
-  canvas.LineTo(3, 0);
-  canvas.LineTo(3, 0);
-  canvas.LineTo(3, 2);
-  canvas.MoveTo(1, 2);
-  canvas.SetPenColor(ColorOf('r'));
-  canvas.LineTo(0, 1);
-  EXPECT_EQ(TextOf(paper), "kkkk.\n...k.\n.r...\n");
-}
-
 TEST(Canvas, TheWholeRangeOfCoordinatesIsExact) {
   Paper paper(4, 5);
   TCanvas& canvas = paper.GetCanvas();
@@ -113,13 +100,10 @@ TEST(Canvas, FillsWithoutTheRightAndBottomEdges) {
   Paper paper(5, 4);
   TCanvas& canvas = paper.GetCanvas();
   canvas.SetBrushColor(ColorOf('r'));
-  canvas.FillRect({1, 1, 4, 3});
-  canvas.FillRect({4, 0, 1, 4});
-  canvas.FillRect({0, 2, 5, 2});
+  for (const TRect& rect : {TRect{1, 1, 4, 3}, TRect{4, 0, 1, 4}, TRect{0, 2, 5, 2}}) canvas.FillRect(rect);
   canvas.SetBrushStyle(bsClear);
   canvas.FillRect({0, 0, 5, 4});
-  const TPoint triangle[] = {{2, 0}, {4, 0}, {4, 2}};
-  canvas.Polygon(triangle);
+  canvas.Polygon(std::array{TPoint{2, 0}, TPoint{4, 0}, TPoint{4, 2}});
   EXPECT_EQ(TextOf(paper), "..kkk\n.rrkk\n.rrrk\n.....\n");
   canvas.SetBrushColor(clBtnShadow);
   EXPECT_EQ(canvas.GetBrushStyle(), bsSolid);
@@ -128,22 +112,17 @@ TEST(Canvas, FillsWithoutTheRightAndBottomEdges) {
 }
 
 TEST(Canvas, CopiesStretchMirrorAndClip) {
-  const struct {
-    TRect dest;
-    TRect part;
-    const char* want;
-  } cases[] = {
-      {{1, 0, 4, 1}, {0, 0, 3, 1}, ".123.....\n"},   {{1, 0, 7, 1}, {0, 0, 3, 1}, ".112233..\n"},
-      {{1, 0, 6, 1}, {0, 0, 3, 1}, ".11233...\n"},   {{1, 0, 3, 1}, {0, 0, 3, 1}, ".13......\n"},
-      {{1, 0, 2, 1}, {0, 0, 3, 1}, ".2.......\n"},   {{4, 0, 1, 1}, {0, 0, 3, 1}, ".321.....\n"},
-      {{7, 0, 1, 1}, {1, 0, 3, 1}, ".333222..\n"},   {{-1, 0, 5, 1}, {0, 0, 3, 1}, "12233....\n"},
-      {{7, 0, 13, 1}, {0, 0, 3, 1}, ".......11\n"},  {{1, 0, 6, 1}, {-1, 0, 4, 1}, "..123....\n"},
-      {{1, 0, 4, 1}, {3, 0, 0, 1}, ".........\n"},   {{1, 0, 4, 1}, {1, 0, 1, 1}, ".........\n"},
-      {{1, 0, 1, 1}, {0, 0, 3, 1}, ".........\n"},   {{1, 1, 4, 0}, {0, 0, 3, 1}, ".123.....\n"},
-      {{20, 0, 23, 1}, {0, 0, 3, 1}, ".........\n"},
+  // All of "123" and parts of it, into columns of one row.
+  const auto copied = [](const std::array<Integer, 4>& sides) {
+    return Copied({sides[0], 0, sides[1], 1}, {sides[2], 0, sides[3], 1});
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(Copied(c.dest, c.part), c.want) << "from " << c.dest.Left << " to " << c.dest.Right;
+  const std::pair<std::array<Integer, 4>, const char*> rows[] = {
+      {{1, 4, 0, 3}, ".123.....\n"},  {{1, 7, 0, 3}, ".112233..\n"},  {{1, 6, 0, 3}, ".11233...\n"},
+      {{1, 3, 0, 3}, ".13......\n"},  {{1, 2, 0, 3}, ".2.......\n"},  {{4, 1, 0, 3}, ".321.....\n"},
+      {{7, 1, 1, 3}, ".333222..\n"},  {{-1, 5, 0, 3}, "12233....\n"}, {{7, 13, 0, 3}, ".......11\n"},
+      {{1, 6, -1, 4}, "..123....\n"}, {{1, 4, 3, 0}, ".........\n"},  {{1, 4, 1, 1}, ".........\n"},
+      {{1, 1, 0, 3}, ".........\n"},  {{20, 23, 0, 3}, ".........\n"}};
+  ExpectEach(copied, rows);
   TBitmap self;
   Paint(self, "12\n34\n");
   self.GetCanvas().CopyRect({0, 0, 2, 2}, self);
@@ -154,13 +133,11 @@ TEST(Canvas, CopiesStretchMirrorAndClip) {
 TEST(Canvas, TextIsThePainters) {
   Paper paper(7, 4);
   TCanvas& canvas = paper.GetCanvas();
-  EXPECT_EQ(canvas.TextWidth("ab"), 0);
-  EXPECT_EQ(canvas.TextHeight("ab"), 0);
+  EXPECT_EQ((TPoint{canvas.TextWidth("ab"), canvas.TextHeight("ab")}), TPoint());
   canvas.SetBrushColor(ColorOf('g'));
   canvas.TextRect({5, 0, 7, 1}, 5, 0, "ab");  // fills, and draws no glyph
   const BoxText painter;
-  EXPECT_EQ(canvas.TextWidth("ab"), 6);
-  EXPECT_EQ(canvas.TextHeight("ab"), 2);
+  EXPECT_EQ((TPoint{canvas.TextWidth("ab"), canvas.TextHeight("ab")}), (TPoint{6, 2}));
   canvas.SetFontColor(ColorOf('r'));
   canvas.TextRect({1, 2, 6, 4}, 0, 1, "ab");
   canvas.TextRect({6, 4, 1, 2}, 1, 2, "ab");  // inverted: all of it is clipped

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/runtime/FormatSettings.h>
 #include <qxTools/runtime/Numbers.h>
@@ -6,12 +5,12 @@
 #include <clocale>
 #include <limits>
 
-#include "support/MessageOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
-using test::MessageOf;
+using namespace qxTools::test;
 
 class DateTime : public ::testing::Test {
  protected:
@@ -19,14 +18,14 @@ class DateTime : public ::testing::Test {
 };
 
 TEST_F(DateTime, DaysCountFrom30December1899) {
-  struct {
-    int year, month, day;
-    TDateTime want;
-  } const cases[] = {{1899, 12, 30, 0},    {1900, 1, 1, 2},    {1899, 12, 29, -1},
-                     {2024, 2, 29, 45351}, {1, 1, 1, -693593}, {9999, 12, 31, 2958465}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(EncodeDate(c.year, c.month, c.day), c.want);
-    EXPECT_EQ(DecodeDate(c.want), (DateParts{c.year, c.month, c.day}));
+  for (const auto& [parts, date] : {std::pair(DateParts{1899, 12, 30}, 0),
+                                    {{1900, 1, 1}, 2},
+                                    {{1899, 12, 29}, -1},
+                                    {{2024, 2, 29}, 45351},
+                                    {{1, 1, 1}, -693593},
+                                    {{9999, 12, 31}, 2958465}}) {
+    EXPECT_EQ(EncodeDate(parts.Year, parts.Month, parts.Day), date);
+    EXPECT_EQ(DecodeDate(date), parts);
   }
   for (const auto& bad : {DateParts{2023, 2, 29}, DateParts{0, 1, 1}, DateParts{10000, 1, 1},
                           DateParts{2024, 13, 1}, DateParts{2024, 4, 31}, DateParts{2024, 1, 0}})

@@ -1,12 +1,11 @@
-#include <gtest/gtest.h>
 #include <qxTools/runtime/Filer.h>
 
-#include "support/MessageOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
-using test::MessageOf;
+using namespace qxTools::test;
 
 /// Two blocks of bytes, each written when it is not empty.
 class Blocks : public TPersistent {

@@ -1,15 +1,13 @@
-#include <gtest/gtest.h>
 #include <qxTools/platform/FileStream.h>
 
 #include <limits>
 
-#include "support/MessageOf.h"
-#include "support/TemporaryFolder.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
-using test::MessageOf;
+using namespace qxTools::test;
 
 constexpr std::int64_t kFarthest = std::numeric_limits<std::int64_t>::max();
 
@@ -54,13 +52,13 @@ TEST(Streams, MemoryAndFileReadWriteAndSeekAlike) {
     EXPECT_EQ(MessageOf([&] { Write(memory, "d"); }), "Stream write error");
   }
   EXPECT_EQ(memory.GetSize(), 5);
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   TFileStream file(folder.File("a"), fmCreate);
   ReadsWritesAndSeeks(file);
 }
 
 TEST(Streams, CopyFromTakesWhatIsAnnouncedOrRaises) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const std::string bytes(3 << 20, 'x');
   TMemoryStream source;
   Write(source, bytes + "tail");

@@ -1,36 +1,30 @@
-#include <gtest/gtest.h>
 #include <qxTools/runtime/StringList.h>
 
-#include "support/MessageOf.h"
-#include "support/TemporaryFolder.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
-using test::MessageOf;
+using namespace qxTools::test;
 
 TEST(StringList, TextSplitsAtEveryKindOfBreak) {
-  struct {
-    std::string text;
-    std::string joined;
-    Integer count;
-  } const cases[] = {
-      {"", "", 0},
-      {"a", "a\r\n", 1},
-      {"a\r\n", "a\r\n", 1},
-      {"\r\n", "\r\n", 1},
-      {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd\r\n", 4},
-      {"a\n\rb", "a\r\n\r\nb\r\n", 3},
-      {"a\r\r\nb\n\n", "a\r\n\r\nb\r\n\r\n", 4},
-      {std::string("\0\n\0", 3), std::string("\0\r\n\0\r\n", 6), 2},
-      {"\xA4\nX", "\xA4\r\nX\r\n", 2},
-  };
-  for (const auto& c : cases) {
+  // Each line in brackets.
+  const auto lines = [](const std::string& text) {
     TStringList list;
-    list.SetText(c.text);
-    EXPECT_EQ(list.GetText(), c.joined);
-    EXPECT_EQ(list.GetCount(), c.count) << c.joined;
-  }
+    list.SetText(text);
+    std::string bracketed;
+    for (Integer i = 0; i < list.GetCount(); ++i) bracketed += "[" + list.GetStrings(i) + "]";
+    return bracketed;
+  };
+  const std::pair<std::string, std::string> rows[] = {{"", ""},
+                                                      {"a", "[a]"},
+                                                      {"a\r\n", "[a]"},
+                                                      {"\r\n", "[]"},
+                                                      {"a\nb\rc\r\nd", "[a][b][c][d]"},
+                                                      {"a\n\rb", "[a][][b]"},
+                                                      {"a\r\r\nb\n\n", "[a][][b][]"},
+                                                      {std::string("\0\n\0", 3), std::string("[\0][\0]", 6)}};
+  ExpectEach(lines, rows);
 }
 
 TEST(StringList, EveryChangeFiresOnceAndABracketFiresAtItsEnd) {
@@ -74,15 +68,14 @@ TEST(StringList, IndexesAreChecked) {
 }
 
 TEST(StringList, FilesAreBytes) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const std::string name = folder.Make("list.txt", std::string("\xEF\xBB\xBF\xA4\xA4\n\0\n", 8));
   TStringList list;
   list.LoadFromFile(name);
   EXPECT_EQ(list.GetStrings(0), "\xEF\xBB\xBF\xA4\xA4");
   list.SaveToFile(name);
-  EXPECT_EQ(test::BytesOf(name), std::string("\xEF\xBB\xBF\xA4\xA4\r\n\0\r\n", 10));
-  EXPECT_EQ(MessageOf([&] { list.LoadFromFile(folder.File("none")); }),
-            "Cannot open file \"" + folder.File("none") + "\". No such file or directory");
+  EXPECT_EQ(BytesOf(name), std::string("\xEF\xBB\xBF\xA4\xA4\r\n\0\r\n", 10));
+  EXPECT_THROW(list.LoadFromFile(folder.File("none")), EFOpenError);
   EXPECT_EQ(list.GetCount(), 2);
 }
 
