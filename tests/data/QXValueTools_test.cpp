@@ -1,17 +1,15 @@
-#include <gtest/gtest.h>
 #include <qxTools/data/QXValueTools.h>
 
 #include <limits>
-#include <random>
 #include <tuple>
 
-#include "support/MessageOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::QXValueTools;
-using test::MessageOf;
+using namespace qxTools::test;
 
 std::string NamesOf(TQXValueList& list) {
   std::string names;

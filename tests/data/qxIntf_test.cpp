@@ -1,12 +1,13 @@
-#include <gtest/gtest.h>
 #include <qxTools/data/qxIntf.h>
 
 #include "support/SlotOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::qxIntf;
+using namespace qxTools::test;
 
 class Watched : public TSafeInterfacedObject {
  public:
@@ -45,8 +46,8 @@ TEST(qxIntf, AQueryLocksOnlyWhenItFinds) {
     EXPECT_EQ(object.GetLocked(), iid == unknown ? 0 : -1);
     object.UnLock();
   }
-  EXPECT_EQ(test::SlotOf(&ISafeInterface::GetLocked), 3U);
-  EXPECT_EQ(test::SlotOf(&ISafeInterface::UnLock), 4U);
+  EXPECT_EQ(SlotOf(&ISafeInterface::GetLocked), 3U);
+  EXPECT_EQ(SlotOf(&ISafeInterface::UnLock), 4U);
 }
 
 }  // namespace

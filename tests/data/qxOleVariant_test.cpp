@@ -1,16 +1,16 @@
-#include <gtest/gtest.h>
 #include <qxTools/data/qxOleVariant.h>
 
+#include <array>
 #include <tuple>
 
-#include "support/MessageOf.h"
 #include "support/SlotOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::qxOleVariant;
-using test::MessageOf;
+using namespace qxTools::test;
 
 Variant ArrayOf(std::initializer_list<Variant> elements, Integer low = 0) {
   Variant array = Variant::NewArray(low, low + static_cast<Integer>(elements.size()) - 1);
@@ -40,9 +40,9 @@ TEST(qxOleVariant, FieldsTravelAsNamesAndValuesInTurn) {
   EXPECT_EQ(array, ArrayOf({u"QTY", "x", u"ACTION", 1, u"VIEWINDEX", 2, u"STOREPROCINDEX", 3, u"OPTION", 4}));
   TQXOleVariant loaded;
   loaded.LoadFromOle(array);
-  EXPECT_EQ(loaded.GetAction() * 1000 + loaded.GetViewIndex() * 100 + loaded.GetStoreProcIndex() * 10 +
-                loaded.GetOption(),
-            1234);
+  const std::array got{loaded.GetAction(), loaded.GetViewIndex(), loaded.GetStoreProcIndex(),
+                       loaded.GetOption()};
+  EXPECT_EQ(got, (std::array{1, 2, 3, 4}));
   loaded.SetValue(u"OPTION", "x");
   EXPECT_EQ(MessageOf([&] { loaded.GetOption(); }), "'x' is not a valid integer value");
 }
@@ -94,11 +94,7 @@ TEST(qxOleVariant, LoadingReadsFromIndex0Whatever) {
   const char* const done = "(nothing thrown)";
   const char* const outside = "Variant array index out of bounds";
   const VarBounds square[] = {{0, 1}, {0, 1}};
-  struct {
-    Variant packet;
-    const char* message;
-    const char* names;
-  } const cases[] = {
+  const std::tuple<Variant, const char*, const char*> cases[] = {
       {ArrayOf({"a", 1, "b"}), done, "A|"},
       {ArrayOf({1.5, "x", true, 2, "a", 0, "a", 0}), done, "1.5|TRUE|A|A|"},
       {ArrayOf({"a"}), done, ""},
@@ -108,11 +104,11 @@ TEST(qxOleVariant, LoadingReadsFromIndex0Whatever) {
       {ArrayOf({"a", 1, "b", 2}, -1), outside, "1|"},
       {Variant::NewArray(square), outside, ""},
       {ArrayOf({"a", ArrayOf({"n", 1}), ArrayOf({"n"}), 1}), "Variant has no text form", "A|"}};
-  for (const auto& c : cases) {
+  for (const auto& [array, message, names] : cases) {
     TQXOleVariant packet;
     packet.SetValue(u"old", 0);
-    EXPECT_EQ(MessageOf([&] { packet.LoadFromOle(c.packet); }), c.message);
-    EXPECT_EQ(NamesOf(packet), c.names);
+    EXPECT_EQ(MessageOf([&, loaded = array] { packet.LoadFromOle(loaded); }), message);
+    EXPECT_EQ(NamesOf(packet), names);
   }
   TQXOleVariant packet;
   packet.SetValue(u"own", ArrayOf({"a", ArrayOf({"deep", 1})}));
@@ -145,10 +141,10 @@ TEST(qxOleVariant, TheInterfaceTurnsExceptionsIntoACode) {
   face->_Release();
   packet->UnLock();
   face->_Release();  // destroys the packet
-  EXPECT_EQ(test::SlotOf(&IQXOleVariant::GetFields), 3U);
-  EXPECT_EQ(test::SlotOf(&IQXOleVariant::SetAction), 12U);
-  EXPECT_EQ(test::SlotOf(&IQXOleVariant::Add), 18U);
-  EXPECT_EQ(test::SlotOf(&IQXOleVariant::FindField), 23U);
+  EXPECT_EQ(SlotOf(&IQXOleVariant::GetFields), 3U);
+  EXPECT_EQ(SlotOf(&IQXOleVariant::SetAction), 12U);
+  EXPECT_EQ(SlotOf(&IQXOleVariant::Add), 18U);
+  EXPECT_EQ(SlotOf(&IQXOleVariant::FindField), 23U);
 }
 
 }  // namespace
