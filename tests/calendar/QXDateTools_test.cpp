@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <qxTools/calendar/QXDateTools.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/runtime/FormatSettings.h>
@@ -6,24 +5,16 @@
 #include <array>
 #include <limits>
 #include <tuple>
-#include <vector>
 
-#include "support/MessageOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::QXDateTools;
-using test::MessageOf;
+using namespace qxTools::test;
 
 constexpr TDateTime kUntouched = -123456;
-
-TEST(QXDateTools, DecodingLeavesEverythingAsItWas) {
-  std::uint16_t year = 7;
-  std::uint8_t month = 8, day = 9;
-  EXPECT_EQ(DeCodeDateEx(45000, year, month, day), 9000);
-  EXPECT_EQ(year * 10000 + month * 100 + day, 70809);
-}
 
 std::string Read(std::string_view text) {
   TDateTime date = kUntouched;
@@ -58,6 +49,10 @@ TEST(QXDateTools, NumericFormsAreRead) {
   EXPECT_EQ(date, 0);
   EXPECT_FALSE(CheckStrDate("") || StrToDate2("") != 0);
   EXPECT_EQ(EnCodeDateEx(date, 65535, 0, 0), 9001);
+  std::uint16_t year = 7;
+  std::uint8_t month = 8, day = 9;
+  EXPECT_EQ(DeCodeDateEx(45000, year, month, day), 9000);
+  EXPECT_EQ(year * 10000 + month * 100 + day, 70809);  // on purpose: everything is left as it was
   EXPECT_EQ(EnCodeDateEx(date, 9999, 12, 31) + Year(date), 9000 + 9999);
 }
 

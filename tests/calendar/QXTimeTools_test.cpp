@@ -1,15 +1,14 @@
-#include <gtest/gtest.h>
 #include <qxTools/calendar/QXTimeTools.h>
 
 #include <tuple>
 
-#include "support/MessageOf.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
 using namespace qxTools::QXTimeTools;
-using test::MessageOf;
+using namespace qxTools::test;
 
 std::string Misshapen(const std::string& text) { return "'" + text + "' is invalid TSTime format."; }
 

@@ -1,7 +1,8 @@
-#include <gtest/gtest.h>
 #include <qxTools/calendar/QXToDigit.h>
 
 #include <tuple>
+
+#include "support/Testing.h"
 
 namespace {
 

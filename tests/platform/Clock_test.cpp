@@ -1,8 +1,9 @@
-#include <gtest/gtest.h>
 #include <qxTools/platform/Clock.h>
 
 #include <cstdlib>
 #include <ctime>
+
+#include "support/Testing.h"
 
 namespace {
 

@@ -1,18 +1,15 @@
-#include <gtest/gtest.h>
 #include <qxTools/platform/FileStream.h>
 #include <qxTools/runtime/Exceptions.h>
 
-#include "support/MessageOf.h"
-#include "support/TemporaryFolder.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
-using test::BytesOf;
-using test::MessageOf;
+using namespace qxTools::test;
 
 TEST(FileStream, FailuresNameTheFileAndTheReason) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const std::string name = folder.File("no/a");
   const std::string rest = " file \"" + name + "\". No such file or directory";
   EXPECT_EQ(MessageOf([&] { TFileStream(name, fmOpenRead); }), "Cannot open" + rest);
@@ -22,7 +19,7 @@ TEST(FileStream, FailuresNameTheFileAndTheReason) {
 }
 
 TEST(FileStream, AWriterKeepsAllOthersOutAndReadersShare) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const std::string name = folder.Make("a", "old");
   {
     TFileStream reader(name, fmOpenRead);

@@ -1,5 +1,4 @@
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <qxTools/platform/Files.h>
 #include <sys/file.h>
 #include <sys/resource.h>
@@ -9,15 +8,12 @@
 
 #include <csignal>
 
-#include "support/MessageOf.h"
-#include "support/TemporaryFolder.h"
+#include "support/Testing.h"
 
 namespace {
 
 using namespace qxTools;
-using test::BytesOf;
-using test::MessageOf;
-using test::TemporaryFolder;
+using namespace qxTools::test;
 
 std::size_t FilesIn(const std::string& folder) {
   return static_cast<std::size_t>(
@@ -68,14 +64,6 @@ TEST(Files, ATargetThatARenameWouldChangeIsWrittenInPlace) {
   EXPECT_FALSE(std::filesystem::is_regular_file("/dev/null"));
 }
 
-TEST(Files, WithoutACommitTheOldFileStays) {
-  const TemporaryFolder folder;
-  const std::string name = folder.Make("file", "old");
-  { WholeFileWriter(name).Write("half"); }
-  EXPECT_EQ(BytesOf(name), "old");
-  EXPECT_EQ(FilesIn(folder.Path()), 1U);
-}
-
 TEST(Files, AWriterGoesBackAndOverwritesAlsoInPlace) {
   const TemporaryFolder folder;
   const std::string name = folder.Make("one", "old");
@@ -90,6 +78,9 @@ TEST(Files, AWriterGoesBackAndOverwritesAlsoInPlace) {
     writer.Commit();
     EXPECT_EQ(BytesOf(name), std::string("Head body\0!", 11)) << links;
   }
+  { WholeFileWriter(folder.Make("three", "old")).Write("without a commit"); }
+  EXPECT_EQ(BytesOf(folder.File("three")), "old");
+  EXPECT_EQ(FilesIn(folder.Path()), 3U);
 }
 
 TEST(Files, LockedAndMissingFilesAreNamedWithTheReason) {
@@ -103,10 +94,10 @@ TEST(Files, LockedAndMissingFilesAreNamedWithTheReason) {
   close(holder);
   EXPECT_THROW(SaveWholeFile(name + std::string("\0b", 2), "new"), EFCreateError);
   EXPECT_EQ(BytesOf(name), "old");
-  EXPECT_THROW(SaveWholeFile(folder.File("no/such/folder"), ""), EFCreateError);
-  EXPECT_THROW(SaveWholeFile(folder.Path(), ""), EFCreateError);
-  EXPECT_THROW(ReadWholeFile(folder.Path()), EFOpenError);
-  EXPECT_THROW(ReadWholeFile(std::string("a\0b", 3)), EFOpenError);
+  for (const std::string& bad : {folder.File("no/such/folder"), folder.Path()})
+    EXPECT_THROW(SaveWholeFile(bad, ""), EFCreateError);
+  for (const std::string& bad : {folder.Path(), std::string("a\0b", 3)})
+    EXPECT_THROW(ReadWholeFile(bad), EFOpenError);
 }
 
 TEST(Files, AFullDiskLeavesTheOldFileWhole) {

@@ -1,7 +1,8 @@
-#include <gtest/gtest.h>
 #include <qxTools/platform/VirtualMemory.h>
 
 #include <limits>
+
+#include "support/Testing.h"
 
 namespace {
 
