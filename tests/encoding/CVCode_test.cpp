@@ -82,43 +82,6 @@ TEST(CVCode, OddPairs) {
                           });
 }
 
-// The description followed step by step, with the converter used for proper characters alone.
-std::string GBtoBIG5ByIndex(const std::string& text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const int b1 = static_cast<unsigned char>(text[i]);
-    const int b2 = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
-    const int index = (b1 - 0xA1) * 94 + (b2 - 0xA1);
-    if (index < 0 || index > 8177) {
-      result += text[i];
-    } else {
-      result += GBtoBIG5(TwoBytes((0xA1 + index / 94) << 8 | (0xA1 + index % 94)));
-      ++i;
-    }
-  }
-  return result;
-}
-
-TEST(CVCode, RandomTextGivesTheSameByDefinitionAndInPieces) {
-  std::mt19937 random(71);
-  for (int round = 0; round < 1000; ++round) {
-    std::string text(random() % 40, '\0');
-    for (char& c : text) c = static_cast<char>(random() % 3 ? 0xA0 + random() % 0x60 : random() % 0x100);
-    if (round % 100 == 0) text.insert(text.size() / 2, 40000 + random() % 100, 'x');
-    TConverter toBig5(drGBtoBIG5), toGb(drBIG5toGB);
-    std::string big5, gb;
-    for (std::size_t i = 0; i < text.size();) {
-      const std::string_view piece = std::string_view(text).substr(i, random() % (round % 100 ? 5 : 30000));
-      big5 += toBig5.Convert(piece);
-      gb += toGb.Convert(piece);
-      i += piece.size();
-    }
-    EXPECT_EQ(GBtoBIG5(text), GBtoBIG5ByIndex(text)) << testing::PrintToString(text);
-    EXPECT_EQ(big5 + toBig5.Finish(), GBtoBIG5(text)) << testing::PrintToString(text);
-    EXPECT_EQ(gb + toGb.Finish(), BIG5toGB(text)) << testing::PrintToString(text);
-  }
-}
-
 TEST(CVCode, CoverageIsAsPublished) {
   EXPECT_EQ(Cover(0xB0A1, 0xF7FE, 0xA1, GBtoBIG5, BIG5toGB), std::pair(6556, 6504)) << "GB2312 hanzi";
   EXPECT_EQ(Cover(0xA1A1, 0xAFFE, 0xA1, GBtoBIG5, BIG5toGB), std::pair(321, 262)) << "GB2312 symbols";

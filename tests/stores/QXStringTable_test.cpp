@@ -1,8 +1,5 @@
-#include <qxTools/runtime/Ascii.h>
 #include <qxTools/stores/QXStringTable.h>
-#include <qxTools/strings/QXStrTools.h>
 
-#include <algorithm>
 #include <filesystem>
 
 #include "support/Testing.h"
@@ -16,50 +13,6 @@ using namespace qxTools::test;
 void Fill(TQXStringTable& table) {
   table.SetText("[#Name#][#Phone#][#X#]\r\n[#Lee#][#555-0100#][##]\r\n[#\xA4\xFD#][##][#y#]\r\n");
   table.Top();
-}
-
-// --- The definitions, step by step, on whole lines ---
-
-Integer CountOf(const std::string& line) {
-  return std::min(QXStrTools::Occurs("[#", line), QXStrTools::Occurs("#]", line));
-}
-
-std::string TextOf(const std::string& line, Integer i) {
-  const Integer start = QXStrTools::At("[#", line, i) + 2;
-  const Integer stop = QXStrTools::At("#]", line, i) - 1;
-  return QXStrTools::substr(line, start, stop - start + 1);
-}
-
-Integer IndexOf(const std::string& line, const std::string& name) {
-  for (Integer i = 1; i <= CountOf(line); ++i)
-    if (UpperCase(TextOf(line, i)) == UpperCase(name)) return i;
-  return 0;
-}
-
-TEST(QXStringTable, LinesAreReadByTheDefinition) {
-  std::mt19937 random(3);
-  TQXStringTable table("");
-  for (int round = 0; round < 3000; ++round) {
-    std::string lines[3];
-    for (std::string& line : lines) line = RandomText(random, {"[#", "#]", "[", "#", "]", "a", "A", "b"}, 11);
-    const std::string name = RandomText(random, {"[#", "[", "a", "A", "b"}, 1);
-    const Integer index = IndexOf(lines[0], name);
-    ASSERT_EQ(FieldIndex(lines[0], name), index) << lines[0];
-    Integer position = -9;
-    Integer length = -9;
-    AtField(lines[0], name, position, length);
-    const Integer begin = QXStrTools::At("[#", lines[0], index);
-    const bool empty = lines[0].empty();
-    ASSERT_EQ(position, index > 0 ? begin + 2 : empty ? 0 : -9) << lines[0];
-    ASSERT_EQ(length, index > 0 ? QXStrTools::At("#]", lines[0], index) - begin - 3 : empty ? 0 : -9);
-    table.Clear();
-    for (const std::string& line : lines) table.Add(line);
-    table.Top();
-    ASSERT_EQ(table.GetFieldCount(), CountOf(lines[0]));
-    for (int record = 1; record <= 2; ++record, table.Next())
-      ASSERT_EQ(table.GetField(name), index > 0 ? TextOf(lines[record], index) : "")
-          << lines[0] << lines[record];
-  }
 }
 
 TEST(QXStringTable, ReplaceFieldKeepsWhatIsAroundTheField) {
