@@ -55,7 +55,8 @@ class QXRegFileType : public ::testing::Test {
     fs::remove(note);
     setenv("NOTE", note.c_str(), 1);
     setenv("OPENED", file.c_str(), 1);
-    if (std::system("gio open \"$OPENED\"") != 0) return "gio open failed";  // packages libglib2.0-bin, shared-mime-info, desktop-file-utils
+    // Packages libglib2.0-bin, shared-mime-info and desktop-file-utils.
+    if (std::system("gio open \"$OPENED\"") != 0) return "gio open failed";
     for (int i = 0; i < 500 && !fs::exists(note); ++i)
       std::this_thread::sleep_for(std::chrono::milliseconds(20));
     return BytesOf(note);

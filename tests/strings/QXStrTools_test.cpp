@@ -1,5 +1,4 @@
 #include <qxTools/platform/Random.h>
-#include <qxTools/runtime/Ascii.h>
 #include <qxTools/runtime/StrAlloc.h>
 #include <qxTools/strings/QXStrTools.h>
 
