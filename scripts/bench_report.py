@@ -28,7 +28,7 @@ Every row is measured beside what one would otherwise use, in one run of `script
 - *ratio* is the peer's time by ours: above 1, qxTools is faster.
 - *growth* is the slope of log(time) over log(size) from the smallest to the largest size: 1 is linear. Rows of the canvas and
   of bitmaps give the side of a square, so that 2 is linear there. Caches show: 1,000,000 nodes do not fit where 10,000 do.
-- *memory* is the most that the row held at one time, its own data included.
+- *memory* is the most that the row held at one time, with its own data, but not with data that several rows share.
 
 `scripts/bench --growth` counts instructions instead, and fails where a row grows faster than its size.
 """
@@ -107,7 +107,7 @@ def main():
         paths = sorted(folder.glob("*.json"))
         if len(page) == 1:
             page.append(machine(json.loads(paths[0].read_text(encoding="utf-8"))["context"]))
-        works = bench_table.read(paths)
+        works = {work: dict(sorted(whos.items())) for work, whos in sorted(bench_table.read(paths).items())}
         page.append(f"## {folder.name}\n")
         if chart(works, docs / "performance" / f"{folder.name}.svg"):
             page.append(f"![Time over size, both logarithmic: {folder.name}](performance/{folder.name}.svg)\n")
