@@ -89,7 +89,7 @@ void Run(const Options& options) {
 
 void AddCallCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  Command command = program.Add("call", "Write the sp_executesql call of a statement");
+  Command command = program.Add("call", "Write the sp_executesql call of a statement", options, Run);
   command.Text("FILE", options->file, "Statement with @ parameters and [$...] macros; - is standard input")
       .Required();
   command
@@ -102,7 +102,6 @@ void AddCallCommand(Command program) {
   command.Flag("--all", options->all, "Take every @ name, not only @MM and @MM_...");
   const Option list = command.Flag("--list", options->list, "Show parameters and macros instead of the call");
   AddRunOptions(command, options->run).Excludes(list);
-  command.OnRun([options] { Run(*options); });
 }
 
 }  // namespace qxtool

@@ -58,7 +58,7 @@ void Run(const Options& options) {
 
 void AddCommandCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  Command command = program.Add("command", "Fill the @ parameters of a command in");
+  Command command = program.Add("command", "Fill the @ parameters of a command in", options, Run);
   command.Text("FILE", options->file, "Command text with @ parameters; - is standard input").Required();
   command
       .Repeated("--set", options->set,
@@ -67,7 +67,6 @@ void AddCommandCommand(Command program) {
       .Placeholder("NAME=VALUE");
   const Option list = command.Flag("--list", options->list, "Show the parameters instead of the text");
   AddRunOptions(command, options->run).Excludes(list);
-  command.OnRun([options] { Run(*options); });
 }
 
 }  // namespace qxtool

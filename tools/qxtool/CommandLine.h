@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,14 @@ class Command {
 
   /// A command below this one, which then wants one of them.
   Command Add(const std::string& name, const std::string& help);
+  /// The same with what it runs when it was chosen.
+  template <class Options>
+  Command Add(const std::string& name, const std::string& help, const std::shared_ptr<Options>& options,
+              void (*run)(const Options&)) {
+    Command added = Add(name, help);
+    added.OnRun([options, run] { run(*options); });
+    return added;
+  }
   /// Called when the command was chosen and its command line is read.
   void OnRun(const std::function<void()>& run);
 

@@ -149,14 +149,13 @@ void Run(const Options& options) {
 
 void AddConvertCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  Command command = program.Add("convert", "Convert text between big5, gb2312 and utf8");
+  Command command = program.Add("convert", "Convert text between big5, gb2312 and utf8", options, Run);
   const std::vector<std::string> encodings{"big5", "gb2312", "utf8"};
   command.Text("--from", options->from, "Encoding of the input").Required().OneOf(encodings);
   command.Text("--to", options->to, "Encoding of the output").Required().OneOf(encodings);
   command.Text("FILE", options->file, "Input; - or nothing is standard input");
   command.Text("-o,--output", options->output, "File that is written, whole, in place of standard output");
   command.Flag("--report", options->report, "List each character without a counterpart on standard error");
-  command.OnRun([options] { Run(*options); });
 }
 
 }  // namespace qxtool

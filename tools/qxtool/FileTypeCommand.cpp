@@ -84,15 +84,6 @@ void ShowPlan(const Options& options) {
     if (file.bytes) PrintFile(file);
 }
 
-using SharedOptions = std::shared_ptr<Options>;
-
-Command AddAction(Command& command, const char* name, const char* help, const SharedOptions& options,
-                  void (*run)(const Options&)) {
-  Command action = command.Add(name, help);
-  action.OnRun([options, run] { run(*options); });
-  return action;
-}
-
 void AddRegistration(Command action, Options& options) {
   action.Text("EXT", options.extension, "The extension, with its dot").Required();
   action.Text("TYPE", options.type, "The name of the file type").Required();
@@ -106,14 +97,12 @@ void AddRegistration(Command action, Options& options) {
 void AddFileTypeCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command command = program.Add("filetype", "Register file types with the desktop");
-  AddRegistration(
-      AddAction(command, "register", "Open files of an extension with a program", options, Register),
-      *options);
-  AddRegistration(AddAction(command, "dry-run", "Show what registering would write", options, ShowPlan),
+  AddRegistration(command.Add("register", "Open files of an extension with a program", options, Register),
                   *options);
-  AddAction(command, "show", "Show what is registered", options, Show)
+  AddRegistration(command.Add("dry-run", "Show what registering would write", options, ShowPlan), *options);
+  command.Add("show", "Show what is registered", options, Show)
       .Text("EXT", options->extension, "One extension only");
-  AddAction(command, "remove", "Take a registration back", options, Remove)
+  command.Add("remove", "Take a registration back", options, Remove)
       .Text("EXT", options->extension, "The extension, with its dot")
       .Required();
 }

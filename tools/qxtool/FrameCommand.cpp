@@ -104,8 +104,7 @@ TColor ColorOf(const std::string& text) {
 
 Command AddAction(Command& frame, const std::string& name, const std::string& help,
                   void (*run)(const Options&), const std::shared_ptr<Options>& options) {
-  Command action = frame.Add(name, help);
-  action.OnRun([run, options] { run(*options); });
+  Command action = frame.Add(name, help, options, run);
   action.Text("FRAME", options->frame, "Frame file; its bitmap file stands beside it").Required();
   return action;
 }

@@ -229,29 +229,25 @@ void AddIniCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command ini = program.Add("ini", "Look into a settings file and change it");
   ini.Text("FILE", options->file, "Settings file").Required();
-  const auto action = [&](const char* name, const char* help, void (*run)(const Options&)) {
-    Command made = ini.Add(name, help);
-    made.OnRun([options, run] { run(*options); });
-    return made;
-  };
   const auto place = [&](Command made) {
     made.Text("SECTION", options->section).Required();
     made.Number("RECORD", options->record, "Counted from 1").Required().Positive();
     made.Text("NAME", options->name).Required();
   };
-  action("list", "Show sections, records and values", List);
-  place(action("get", "Print one text", Get));
-  Command set = action("set", "Set one text in a record", Set);
+  ini.Add("list", "Show sections, records and values", options, List);
+  place(ini.Add("get", "Print one text", options, Get));
+  Command set = ini.Add("set", "Set one text in a record", options, Set);
   place(set);
   set.Text("TEXT", options->value).Required();
-  Command add = action("add", "Append a record to a section, which is made when it is new", Add);
+  Command add = ini.Add("add", "Append a record to a section, which is made when it is new", options, Add);
   add.Text("SECTION", options->section).Required();
   add.Texts("NAME=TEXT", options->values, "Its values");
-  Command remove = action("delete", "Delete a section, a record or a value", Delete);
+  Command remove = ini.Add("delete", "Delete a section, a record or a value", options, Delete);
   remove.Text("SECTION", options->section).Required();
   remove.Number("RECORD", options->record, "Counted from 1").Positive();
   remove.Text("NAME", options->name);
-  action("check", "List what a save would lose or move; exit status 1 when there is something", Check);
+  ini.Add("check", "List what a save would lose or move; exit status 1 when there is something", options,
+          Check);
 }
 
 }  // namespace qxtool

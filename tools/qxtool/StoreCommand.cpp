@@ -71,28 +71,21 @@ void Unpack(const Options& options) {
   Naming(options.data, [&] { SaveWholeFile(options.data, store.GetStream()->GetBytes()); });
 }
 
-Command AddAction(Command& store, const std::string& name, const std::string& help,
-                  void (*run)(const Options&), const std::shared_ptr<Options>& options) {
-  Command action = store.Add(name, help);
-  action.OnRun([run, options] { run(*options); });
-  return action;
-}
-
 }  // namespace
 
 void AddStoreCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command store = program.Add("store", "Look into store files, pack and unpack them");
 
-  Command info = AddAction(store, "info", "Show flag, comment and size", Info, options);
+  Command info = store.Add("info", "Show flag, comment and size", options, Info);
   info.Text("STORE", options->store, "Store file").Required();
 
-  Command pack = AddAction(store, "pack", "Put the bytes of a file into a store", Pack, options);
+  Command pack = store.Add("pack", "Put the bytes of a file into a store", options, Pack);
   pack.Text("DATA", options->data, "File with the data").Required();
   pack.Text("STORE", options->store, "Store file to be written, whole or not at all").Required();
   pack.Text("--comment", options->comment, "Comment, at most 50 bytes").Placeholder("TEXT");
 
-  Command unpack = AddAction(store, "unpack", "Take the bytes out of a store", Unpack, options);
+  Command unpack = store.Add("unpack", "Take the bytes out of a store", options, Unpack);
   unpack.Text("STORE", options->store, "Store file").Required();
   unpack.Text("DATA", options->data, "File to be written, whole or not at all").Required();
 }

@@ -142,24 +142,19 @@ void AddTableCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command table = program.Add("table", "Look into a string table, change it, exchange it with CSV");
   table.Text("FILE", options->file, "Table file").Required();
-  const auto action = [&](const char* name, const char* help, void (*run)(const Options&)) {
-    Command made = table.Add(name, help);
-    made.OnRun([options, run] { run(*options); });
-    return made;
-  };
   const auto place = [&](Command made) {
     made.Number("RECORD", options->record, "Counted from 1").Required().Positive();
     made.Text("FIELD", options->field).Required();
   };
-  action("show", "Show the records, aligned", Show);
-  place(action("get", "Print one text", Get));
-  Command set = action("set", "Set one text", Set);
+  table.Add("show", "Show the records, aligned", options, Show);
+  place(table.Add("get", "Print one text", options, Get));
+  Command set = table.Add("set", "Set one text", options, Set);
   place(set);
   set.Text("TEXT", options->value).Required();
-  action("append", "Append a record", Append)
+  table.Add("append", "Append a record", options, Append)
       .Texts("TEXT", options->values, "Its texts, in the header's order");
-  action("to-csv", "Print the table as CSV", ToCsv);
-  action("from-csv", "Make the table anew from a CSV file", FromCsv)
+  table.Add("to-csv", "Print the table as CSV", options, ToCsv);
+  table.Add("from-csv", "Make the table anew from a CSV file", options, FromCsv)
       .Text("CSV", options->value, "CSV file; its first row names the fields")
       .Required();
 }
