@@ -105,9 +105,32 @@ cmp -s data target || { echo "an interrupted command changed its target"; bad=1;
 # sql TEXT: the statement file run.sql, in code page 950.
 sql() { iconv -f utf-8 -t cp950 <<<"$1" >run.sql; }
 
+# start COMMAND...: runs it in the background, its process in pid, with Ctrl-C not ignored as it is there by default.
+start() {
+  rm -f pid
+  env --default-signal=INT sh -c 'echo $$ >pid; exec "$@"' sh "$@" &
+}
+
+# soon CONDITION...: waits until it holds, a minute at most.
+soon() {
+  for _ in {1..600}; do
+    "$@" 2>/dev/null && return
+    sleep 0.1
+  done
+  echo "waited in vain for: $*"
+  bad=1
+}
+
+# The mask of blocked signals holds SIGINT (2) as soon as qxtool waits for it.
+watches() { grep -q '^SigBlk:.*[2367abef]$' "/proc/$(cat pid)/status"; }
+
 # ends_by_interrupt CONNECTION OPTION...: Ctrl-C while run.sql runs is told, and the exit status is 2.
 ends_by_interrupt() {
-  timeout --preserve-status -s INT 1.5 "$qxtool" command run.sql --run "$@" >out 2>message
+  start "$qxtool" command run.sql --run "$@" >out 2>message
+  soon watches
+  sleep 0.5
+  kill -INT "$(cat pid)"
+  wait $!
   local got=$?
   [ $got = 2 ] && [ "$(cat message)" = "qxtool: cancelled" ] ||
     { echo "Ctrl-C: exit status $got, $(cat message)"; bad=1; }
@@ -145,7 +168,11 @@ NULL  'NULL'     \x1B中  😀  1" --utf8-terminal command run.sql --run "$datab
   numbers="with recursive N(x) as (select 1 union all select x + 1 from N where x < 1000000000)"
   sql "$numbers select count(*) from N"
   ends_by_interrupt "$database"
-  script -qec "timeout --foreground -s INT 1.5 '$qxtool' command run.sql --run '$database'" /dev/null </dev/null >out
+  export qxtool database
+  SHELL=/bin/sh start script -qec 'echo $$ >terminal; exec "$qxtool" command run.sql --run "$database"' /dev/null </dev/null >out
+  soon grep -q ' 0 rows' out
+  kill -INT "$(cat terminal)"
+  wait $!
   grep -q $' 0 rows.*\r\e\[Kqxtool: cancelled' out || { echo "no progress, or left there: $(cat -v out)"; bad=1; }
   sql "$numbers select x from N"
   ends_by_interrupt "$database;StepAPI=1" --csv
