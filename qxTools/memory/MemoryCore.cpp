@@ -112,7 +112,7 @@ void TMemoryBank::SetSize(Integer Value) {
 
 void TMemoryBank::UpdateReach() {
   const Integer inside = FElementSize > 0 ? FSize / FElementSize : FCount;
-  FReach = Bytes(std::max(std::min(FCount, inside), 0));
+  FReach = static_cast<std::uint32_t>(std::max(std::min(FCount, inside), 0));
   FOwnSizeReach = FElementSize == FOwnSize ? FReach : 0;
 }
 

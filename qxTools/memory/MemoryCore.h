@@ -195,8 +195,8 @@ class QXTOOLS_API TMemoryBank : public MemoryFace<TMemoryOperation, IMemoryBank>
 
  private:
   const Integer FOwnSize;
-  std::size_t FReach = 0;         // elements that are counted and wholly inside the block
-  std::size_t FOwnSizeReach = 0;  // the same, 0 while elements have another size
+  std::uint32_t FReach = 0;         // elements that are counted and wholly inside the block
+  std::uint32_t FOwnSizeReach = 0;  // the same, 0 while elements have another size
 };
 
 }  // namespace qxTools::MemoryCore

@@ -2,14 +2,6 @@
 
 namespace qxTools::QXMemTools {
 
-namespace {
-
-std::size_t SharedBytes(Integer elementSize, Integer size) {
-  return static_cast<std::size_t>(std::clamp(elementSize, 0, size));
-}
-
-}  // namespace
-
 TMemoryBank::~TMemoryBank() = default;
 
 void TMemoryBank::Assign(const TMemoryOperation& Source) {
@@ -21,14 +13,15 @@ void TMemoryBank::Assign(const TMemoryOperation& Source) {
   }
 }
 
-std::uint64_t TMemoryBank::ReadOtherSize(Integer index) const {
+std::uint64_t TMemoryBank::ReadOtherSize(std::ptrdiff_t index) const {
+  const std::span<std::byte> element = OtherSizeElement(index);
   std::uint64_t bytes = 0;
-  std::memcpy(&bytes, ElementAt(index), SharedBytes(FElementSize, sizeof bytes));
+  std::memcpy(&bytes, element.data(), std::min(element.size(), sizeof bytes));
   return bytes;
 }
 
-void TMemoryBank::WriteOtherSize(std::ptrdiff_t index, std::uint64_t bytes, Integer size) {
-  std::memcpy(ElementAt(static_cast<Integer>(index)), &bytes, SharedBytes(FElementSize, size));
+std::span<std::byte> TMemoryBank::OtherSizeElement(std::ptrdiff_t index) const {
+  return {ElementAt(static_cast<Integer>(index)), static_cast<std::size_t>(std::max(FElementSize, 0))};
 }
 
 }  // namespace qxTools::QXMemTools

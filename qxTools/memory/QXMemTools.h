@@ -6,7 +6,12 @@
 
 #include <qxTools/memory/MemoryCore.h>
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <cstring>
+#include <new>
+#include <span>
 
 namespace qxTools::QXMemTools {
 
@@ -51,20 +56,29 @@ class QXTOOLS_API TMemoryBank : public MemoryCore::TMemoryBank {
   /// The same into the bank.
   template <class T, Integer Size>
   void WriteElement(Integer index, T value) {
+    std::byte* const first = FAddress;  // read in any case, so that a loop reads it once
     if (ReachesOwnSize(index)) [[likely]] {
-      std::memcpy(FAddress + index * std::ptrdiff_t{Size}, &value, Size);
+      if constexpr (Size == sizeof(T))
+        ::new (first + index * std::ptrdiff_t{Size}) T(value);
+      else
+        std::memcpy(first + index * std::ptrdiff_t{Size}, &value, Size);
     } else {
-      std::uint64_t bytes = 0;
-      std::memcpy(&bytes, &value, sizeof(T));
-      WriteOtherSize(index, bytes, sizeof(T));
+      if (!Reaches(index)) RaiseIndexOutbound();
+      const auto octets = std::bit_cast<std::array<Octet, sizeof(T)>>(value);
+      const std::span<std::byte> element = OtherSizeElement(index);
+      for (std::size_t i = 0; i < std::min(element.size(), sizeof(T)); ++i)
+        ::new (&element[i]) Octet(octets[i]);
     }
   }
 
  private:
-  // Pure, so that a loop over a bank need not read its fields again and again. The index was checked: a pure
-  // call may be left out, and an error must not.
-  [[gnu::pure]] std::uint64_t ReadOtherSize(Integer index) const;
-  void WriteOtherSize(std::ptrdiff_t index, std::uint64_t bytes, Integer size);
+  // A byte of a type of its own. To write one cannot change the bank's fields, as writing a char might, so
+  // that a loop over a bank need not read them again and again. The calls below are pure for the same reason;
+  // the index was checked before, for a pure call may be left out, and an error must not.
+  enum class Octet : std::uint8_t {};
+
+  [[gnu::pure]] std::uint64_t ReadOtherSize(std::ptrdiff_t index) const;
+  [[gnu::pure]] std::span<std::byte> OtherSizeElement(std::ptrdiff_t index) const;
 };
 
 /// A bank whose elements are read and written as values.
