@@ -50,6 +50,9 @@ class GB2312Table {
       for (unsigned trail = 0xA1; trail <= 0xFE; ++trail)
         Add(converter, {static_cast<char>(lead), static_cast<char>(trail)});
     iconv_close(converter);
+    // Two symbols that Windows, and so nearly every text, reads otherwise; the other reading still comes in.
+    Prefer("\xA1\xA4", "\xC2\xB7");      // ·
+    Prefer("\xA1\xAA", "\xE2\x80\x94");  // —
   }
 
   std::string ToUtf8(std::string_view character) const { return Find(toUtf8_, character); }
@@ -69,6 +72,11 @@ class GB2312Table {
     const std::string character(utf8, out);
     toUtf8_.emplace(code, character);
     fromUtf8_.emplace(character, code);
+  }
+
+  void Prefer(const std::string& code, const std::string& character) {
+    toUtf8_[code] = character;
+    fromUtf8_[character] = code;
   }
 
   static std::string Find(const Table& table, std::string_view character) {
