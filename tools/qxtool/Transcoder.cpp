@@ -17,7 +17,8 @@ using qxTools::CVCode::TConverter;
 using qxTools::CVCode::TDirection;
 
 constexpr std::string_view kMissing = "  ";
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";    // U+FFFD
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // in front of UTF-8, where it is no text
 
 unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 
@@ -141,6 +142,7 @@ class CharacterTranscoder : public Transcoder {
   }
 
   std::string Character(std::string_view character) {
+    if (offset_ == 0 && character == kByteOrderMark) return {};
     std::string translated = translate_(character);
     if (!translated.empty()) return translated;
     onMissing_(offset_, character);
