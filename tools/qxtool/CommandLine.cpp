@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <limits>
 
 #include "Edge.h"
 
@@ -27,7 +28,7 @@ Option& Option::Between(int low, int high) {
 }
 
 Option& Option::Positive() {
-  option_->check(CLI::PositiveNumber);
+  option_->check(CLI::Range(1, std::numeric_limits<int>::max(), "POSITIVE"));
   return *this;
 }
 
@@ -61,7 +62,9 @@ Command Command::Add(const std::string& name, const std::string& help) {
 void Command::OnRun(const std::function<void()>& run) { app_->callback(run); }
 
 Option Command::Text(const std::string& names, std::string& value, const std::string& help) {
-  return Option(app_->add_option(names, value, help));
+  CLI::Option* const option = app_->add_option(names, value, help);
+  if (!names.starts_with('-')) option->type_name("");  // the name of an argument says what it is
+  return Option(option);
 }
 
 Option Command::Number(const std::string& names, int& value, const std::string& help) {
@@ -69,7 +72,7 @@ Option Command::Number(const std::string& names, int& value, const std::string& 
 }
 
 Option Command::Texts(const std::string& name, std::vector<std::string>& values, const std::string& help) {
-  return Option(app_->add_option(name, values, help));
+  return Option(app_->add_option(name, values, help)->type_name(""));
 }
 
 Option Command::Repeated(const std::string& names, std::vector<std::string>& values,

@@ -141,8 +141,8 @@ void Run(const Options& options) {
     output.Commit();
   });
   if (missing > 0 && !options.report)
-    std::fprintf(stderr, "qxtool: %llu characters became two spaces; --report lists them\n",
-                 static_cast<unsigned long long>(missing));
+    std::fprintf(stderr, "qxtool: %llu character%s became two spaces; --report lists them\n",
+                 static_cast<unsigned long long>(missing), missing == 1 ? "" : "s");
 }
 
 }  // namespace
@@ -154,7 +154,8 @@ void AddConvertCommand(Command program) {
   command.Text("--from", options->from, "Encoding of the input").Required().OneOf(encodings);
   command.Text("--to", options->to, "Encoding of the output").Required().OneOf(encodings);
   command.Text("FILE", options->file, "Input; - or nothing is standard input");
-  command.Text("-o,--output", options->output, "File that is written, whole, in place of standard output");
+  command.Text("-o,--output", options->output, "File that is written, whole, in place of standard output")
+      .Placeholder("OUTPUT");
   command.Flag("--report", options->report, "List each character without a counterpart on standard error");
 }
 
