@@ -74,7 +74,7 @@ QXTOOLS_API bool BetWeen(std::string_view text, std::string_view bound1, std::st
 // --- Other forms -------------------------------------------------------------
 
 /// Hour and minute in Chinese (BIG5): 09時05分.
-/// On purpose: nothing is checked; a character past the end of the text is NUL.
+/// On purpose: nothing is checked; both are cut as substr cuts, with NUL past the end of the text.
 QXTOOLS_API std::string ChinaTime(std::string_view text);
 
 /// The time of day, rounded to the millisecond; seconds are dropped.
