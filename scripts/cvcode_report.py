@@ -11,8 +11,8 @@ together with the tables.
 
 In this order:
 
-1. a hand-kept list, where meaning or use decides (签 gives 簽, 么 stays 么; elements that Taiwan names by another
-   character, 钚 鈽);
+1. a hand-kept list, where meaning or use decides (签 gives 簽, BIG5's 么 gives 么 and not 幺; elements that Taiwan
+   names by another character, 钚 鈽);
 2. the commonest form of the other script: the first choice of OpenCC's character dictionaries, as Taiwan writes it;
 3. the same character;
 4. OpenCC's other forms, its reversed and its variant dictionaries;
@@ -39,7 +39,7 @@ Inputs: the Unicode Consortium's mapping tables of GB 2312-80 and code page 950,
 
 def wrapped(items, width):
     for first in range(0, len(items), width):
-        yield "".join(items[first:first + width]).strip() + "\n"
+        yield "".join(items[first:first + width]).rstrip(" ") + "\n"
 
 
 class Side:
