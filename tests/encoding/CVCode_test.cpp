@@ -46,8 +46,7 @@ TEST(CVCode, Big5BecomesGbByItsTrailBytes) {
 }
 
 /// How many characters have a counterpart, and how many of those come back.
-template <class There, class Back>
-std::pair<int, int> Cover(int firstTrail, There there, Back back) {
+std::pair<int, int> Cover(int firstTrail, auto there, auto back) {
   std::pair<int, int> coverage;
   for (int code = 0xA140; code <= 0xF9FE; ++code) {
     if ((code & 0xFF) < firstTrail || (code & 0xFF) == 0xFF) continue;

@@ -1,5 +1,6 @@
 #include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/platform/NetworkAdapter.h>
+#include <qxTools/stores/qxTreeList.h>
 
 #include <set>
 #include <tuple>
@@ -65,6 +66,9 @@ TEST(QXUniKey, TheMachineKeyIsReadOnceAndFallsBack) {
   EXPECT_EQ(UKI() + UniKey(), "0000000000010000000000010000");
   FUKI = "00000000001";
   EXPECT_EQ(UniKey(), "");
+  qxTreeList::TQXTreeNodes tree;  // takes its keys without a string between
+  tree.OpenRootNode();
+  EXPECT_EQ(tree.Add()->Key, qxTreeList::TNodeKey());
   FUKI = "";
 }
 
