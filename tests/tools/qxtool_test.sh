@@ -45,6 +45,11 @@ cp a.ini before
 expect 2 "no record 2" ini a.ini set main 2 mode slow
 expect 2 "cannot be empty" ini a.ini set main 1 a:b slow
 cmp -s a.ini before || { echo "a failed command changed a.ini"; bad=1; }
+printf 'S:[%%RootKey%%]\n[%%\n:\na:b\n%%]\n[%%\n%%]\nEmpty:[%%RootKey%%]\n' >rows.ini
+expect 0 "S        1
+                 a     b
+S        2
+Empty" ini rows.ini list
 printf 'Main:[%%RootKey%%]\n[%%\n//c\n%%]\n' >b.ini
 expect 1 "a comment, or a line without a colon, is lost" ini b.ini check
 
@@ -57,6 +62,8 @@ printf '"""a"" ""b""",x\r\n' >quotes.csv
 expect 0 "" table quotes.tbl from-csv quotes.csv
 expect 0 '"""a"" ""b""",x' table quotes.tbl to-csv
 expect 2 "no field Fax" table a.tbl get 1 Fax
+printf '[#A#]\n[#1#][#2#]\n' >longer.tbl
+expect 0 "1    1  2" table longer.tbl show
 
 printf '\xbb\xfa\xc6\xf7' >text.gb
 expect 0 "" convert --from gb2312 --to big5 text.gb -o text.big5

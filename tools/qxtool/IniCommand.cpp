@@ -5,6 +5,7 @@
 #include <qxTools/stores/IniLines.h>
 #include <qxTools/stores/qxIniTools.h>
 
+#include <functional>
 #include <memory>
 #include <set>
 
@@ -30,51 +31,25 @@ struct Options {
 
 std::string Text(const char* text) { return text != nullptr ? text : ""; }
 
-/// Called for each record and each value of a file with the place that it stands at.
-struct Place {
-  std::string section;
-  int record = 0;      // within its section, from 1
-  Integer number = 0;  // of records and values of the section together, from 1
-  pQXIniPair value = nullptr;
-};
-
-template <class Visit>
-void ForEachPlace(const TQXIniFile& file, Visit visit) {
-  Place place;
-  file.EnumTreeNode([&](pQXTreeNode node) {
-    place.value = static_cast<pQXIniPair>(node->Data);
-    if (node->Level == 1) {
-      place = Place();
-      place.section = Text(static_cast<pQXIniPair>(node->Data)->Value);
-      return;
-    }
-    ++place.number;
-    if (node->Level == 2) ++place.record;
-    visit(place, node->Level == 2);
-  });
-}
-
 void Load(TQXIniFile& file, const std::string& fileName) {
   Naming(fileName, [&] { file.SetText(ReadInput(fileName)); });
 }
 
 /// Opens a record of an existing section. @return its number among records and values.
 Integer OpenRecord(TQXIniFile& file, const Options& options) {
-  pQXTreeNode section = nullptr;
-  if (!file.FindRootKey(FromArgument(options.section), section))
+  const std::string section = FromArgument(options.section);
+  pQXTreeNode node = nullptr;
+  if (!file.FindRootKey(section, node))
     throw Failure(Visible(options.file) + ": no section " + Visible(options.section));
-  file.SetRootKey(FromArgument(options.section));
-  const std::string name = Text(static_cast<pQXIniPair>(section->Data)->Value);
-  Integer number = 0;
-  ForEachPlace(file, [&](const Place& place, bool isRecord) {
-    if (isRecord && place.section == name && place.record == options.record && number == 0)
-      number = place.number;
-  });
-  if (number == 0)
-    throw Failure(Visible(options.file) + ": no record " + std::to_string(options.record) + " in section " +
-                  Visible(options.section));
-  file.OpenKey(number);
-  return number;
+  file.SetRootKey(section);
+  int record = 0;
+  for (Integer number = 1; file.FindKeyIndex(number, node); ++number) {
+    if (node->Level != 2 || ++record < options.record) continue;
+    file.OpenKey(number);
+    return number;
+  }
+  throw Failure(Visible(options.file) + ": no record " + std::to_string(options.record) + " in section " +
+                Visible(options.section));
 }
 
 pQXTreeNode FindValue(const TQXIniFile& file, const Options& options) {
@@ -98,20 +73,40 @@ void Save(const TQXIniFile& file, const Options& options) { SaveText(options.fil
 
 // --- Actions -----------------------------------------------------------------------------------------
 
+/// Each value is a row. Section and record stand in that of the record's first value; a section without
+/// records and a record without values have a row of their own.
+void ForEachRow(const TQXIniFile& file, const std::function<void(const TextRow&)>& visit) {
+  TextRow place;  // section and record, until a row shows them
+  const auto show = [&](const std::string& name, const std::string& text) {
+    place.resize(2);
+    visit({place[0], place[1], name, text});
+    place.clear();
+  };
+  const auto showPlace = [&] {
+    if (!place.empty()) show("", "");
+  };
+  std::string section;
+  int record = 0;
+  file.EnumTreeNode([&](pQXTreeNode node) {
+    const auto* const pair = static_cast<pQXIniPair>(node->Data);
+    if (node->Level == 3) return show(Text(pair->Name), Text(pair->Value));
+    if (node->Level == 2) {
+      if (record > 0) showPlace();
+      place = {section, std::to_string(++record)};
+    } else {
+      showPlace();
+      section = Text(pair->Value);
+      record = 0;
+      place = {section, ""};
+    }
+  });
+  showPlace();
+}
+
 void List(const Options& options) {
   TQXIniFile file;
   Load(file, options.file);
-  std::vector<TextRow> rows;
-  ForEachPlace(file, [&](const Place& place, bool isRecord) {
-    if (isRecord)
-      rows.push_back({place.section, std::to_string(place.record), "", ""});
-    else if (rows.back()[2].empty() && rows.back()[3].empty())
-      rows.back() = {place.section, std::to_string(place.record), Text(place.value->Name),
-                     Text(place.value->Value)};
-    else
-      rows.push_back({"", "", Text(place.value->Name), Text(place.value->Value)});
-  });
-  Print(AlignRows({"Section", "Record", "Name", "Text"}, rows));
+  PrintRows({"Section", "Record", "Name", "Text"}, [&](const auto& visit) { ForEachRow(file, visit); });
 }
 
 void Get(const Options& options) {
@@ -168,6 +163,8 @@ void Delete(const Options& options) {
 
 class Checker {
  public:
+  explicit Checker(const std::function<void(const TextRow&)>& tell) : tell_(tell) {}
+
   void Line(std::string_view line) {
     ++number_;
     const IniLine parts = ReadIniLine(line);
@@ -191,10 +188,8 @@ class Checker {
     }
   }
 
-  const std::vector<TextRow>& Rows() const { return rows_; }
-
  private:
-  void Tell(const char* what) { rows_.push_back({std::to_string(number_), what}); }
+  void Tell(const char* what) { tell_({std::to_string(number_), what}); }
 
   void Section(const std::string& name) {
     if (inRecord_) Tell("a section inside an open record: values up to its end stay with that record");
@@ -204,7 +199,7 @@ class Checker {
 
   void Value(const IniLine& parts) {
     if (parts.text.size() > kSectionMark.size() && UpperCase(parts.text).ends_with(UpperCase(kSectionMark)))
-      return Tell("a section's name cannot hold a colon: read as a value");
+      Tell("a section's line with a second colon, or a blank behind it: read as a value");
     if (!inRecord_) return Tell("a value outside a record is lost");
     if (parts.name.empty() || parts.text.empty()) Tell("a value without a name or a text is lost");
   }
@@ -212,14 +207,19 @@ class Checker {
   int number_ = 0;
   bool inRecord_ = false;
   std::set<std::string> sections_;
-  std::vector<TextRow> rows_;
+  const std::function<void(const TextRow&)>& tell_;
 };
 
 void Check(const Options& options) {
-  Checker checker;
-  ForEachLine(std::string_view(ReadInput(options.file)), [&](std::string_view line) { checker.Line(line); });
-  if (checker.Rows().empty()) return;
-  Print(AlignRows({"Line", "What a save changes"}, checker.Rows()));
+  const std::string text = ReadInput(options.file);
+  const auto rows = [&](const std::function<void(const TextRow&)>& visit) {
+    Checker checker(visit);
+    ForEachLine(std::string_view(text), [&](std::string_view line) { checker.Line(line); });
+  };
+  bool found = false;
+  rows([&](const TextRow&) { found = true; });
+  if (!found) return;
+  PrintRows({"Line", "What a save changes"}, rows);
   TellFound();
 }
 

@@ -1,4 +1,5 @@
 // qxtool table: look into a string table, change it, and exchange it with CSV.
+#include <qxTools/stores/FieldMarks.h>
 #include <qxTools/stores/QXStringTable.h>
 
 #include <memory>
@@ -13,6 +14,7 @@ namespace qxtool {
 namespace {
 
 using namespace qxTools;
+using QXStringTable::FieldMarks;
 using QXStringTable::TQXStringTable;
 
 struct Options {
@@ -25,14 +27,9 @@ struct Options {
 
 /// The texts of a line's fields, front to back.
 TextRow FieldsOf(std::string_view line) {
+  const FieldMarks marks(line);
   TextRow fields;
-  std::size_t begin = line.find("[#");
-  std::size_t end = line.find("#]");
-  while (begin != std::string_view::npos && end != std::string_view::npos) {
-    fields.emplace_back(begin + 2 <= end ? line.substr(begin + 2, end - begin - 2) : "");
-    begin = line.find("[#", begin + 1);
-    end = line.find("#]", end + 1);
-  }
+  for (std::size_t i = 0; i < marks.Count(); ++i) fields.emplace_back(marks.Text(line, i));
   return fields;
 }
 
@@ -66,17 +63,14 @@ std::string Checked(const std::string& text) {
 void Show(const Options& options) {
   TQXStringTable table("#TEMP");
   Load(table, options);
-  TextRow head = FieldsOf(table.GetStrings(0));
-  const std::size_t columns = head.size() + 1;
-  head.insert(head.begin(), "No.");
-  std::vector<TextRow> rows;
-  for (Integer i = 1; i <= table.GetReccount(); ++i) {
+  const auto line = [&](const std::string& number, Integer i) {
     TextRow row = FieldsOf(table.GetStrings(i));
-    row.insert(row.begin(), std::to_string(i));
-    row.resize(columns);
-    rows.push_back(std::move(row));
-  }
-  Print(AlignRows(head, rows));
+    row.insert(row.begin(), number);
+    return row;
+  };
+  PrintRows(line("No.", 0), [&](const auto& visit) {
+    for (Integer i = 1; i <= table.GetReccount(); ++i) visit(line(std::to_string(i), i));
+  });
 }
 
 void Get(const Options& options) {
@@ -93,7 +87,7 @@ void Set(const Options& options) {
   CheckField(table, options);
   GoTo(table, options);
   const auto number = QXStringTable::FieldIndex(table.GetStrings(0), FromArgument(options.field));
-  if (FieldsOf(table.GetStrings(options.record)).size() < static_cast<std::size_t>(number))
+  if (FieldMarks(table.GetStrings(options.record)).Count() < static_cast<std::size_t>(number))
     throw Failure(Visible(options.file) + ": record " + std::to_string(options.record) +
                   " has no such field");
   table.SetField(FromArgument(options.field), Checked(FromArgument(options.value)));

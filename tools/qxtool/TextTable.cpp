@@ -15,42 +15,54 @@ struct Style {
   std::size_t (*width)(std::string_view shown);
 };
 
-void AppendRow(std::string& text, const TextRow& row, const std::vector<std::size_t>& widths, Style style) {
+constexpr Style kBytes = {Visible, [](std::string_view shown) { return shown.size(); }};
+constexpr Style kUtf8 = {VisibleUtf8, Utf8Width};
+
+std::string Line(const TextRow& row, const std::vector<std::size_t>& widths, Style style) {
   std::string line;
   for (std::size_t i = 0; i < row.size(); ++i) {
-    line += row[i];
-    line.append(widths[i] - style.width(row[i]) + 2, ' ');
+    const std::string cell = style.show(row[i]);
+    line += cell;
+    line.append(widths[i] - style.width(cell) + 2, ' ');
   }
   line.erase(line.find_last_not_of(' ') + 1);
-  text += line + "\n";
+  return line + "\n";
 }
 
-TextRow Shown(const TextRow& row, Style style) {
-  TextRow shown;
-  for (const std::string& cell : row) shown.push_back(style.show(cell));
-  return shown;
+void Align(const TextRow& head, const TextRows& rows, Style style,
+           const std::function<void(const std::string& line)>& put) {
+  std::vector<std::size_t> widths;
+  const auto widen = [&](const TextRow& row) {
+    widths.resize(std::max(widths.size(), row.size()));
+    for (std::size_t i = 0; i < row.size(); ++i)
+      widths[i] = std::max(widths[i], style.width(style.show(row[i])));
+  };
+  widen(head);
+  rows(widen);
+  TextRow rule;
+  for (const std::size_t width : widths) rule.emplace_back(width, '-');
+  put(Line(head, widths, style));
+  put(Line(rule, widths, style));
+  rows([&](const TextRow& row) { put(Line(row, widths, style)); });
 }
 
-std::string Align(const TextRow& head, const std::vector<TextRow>& rows, Style style) {
-  std::vector<TextRow> shown = {Shown(head, style), {}};
-  for (const TextRow& row : rows) shown.push_back(Shown(row, style));
-  std::vector<std::size_t> widths(head.size());
-  for (const TextRow& row : shown)
-    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], style.width(row[i]));
-  for (const std::size_t width : widths) shown[1].emplace_back(width, '-');  // the rule under the head
+std::string Aligned(const TextRow& head, const std::vector<TextRow>& rows, Style style) {
   std::string text;
-  for (const TextRow& row : shown) AppendRow(text, row, widths, style);
+  const auto each = [&](const auto& visit) { std::for_each(rows.begin(), rows.end(), visit); };
+  Align(head, each, style, [&](const std::string& line) { text += line; });
   return text;
 }
 
 }  // namespace
 
 std::string AlignRows(const TextRow& head, const std::vector<TextRow>& rows) {
-  return Align(head, rows, {Visible, [](std::string_view shown) { return shown.size(); }});
+  return Aligned(head, rows, kBytes);
 }
 
 std::string AlignUtf8Rows(const TextRow& head, const std::vector<TextRow>& rows) {
-  return Align(head, rows, {VisibleUtf8, Utf8Width});
+  return Aligned(head, rows, kUtf8);
 }
+
+void PrintRows(const TextRow& head, const TextRows& rows) { Align(head, rows, kBytes, Print); }
 
 }  // namespace qxtool
