@@ -16,6 +16,8 @@ struct IniLine {
   IniLineKind kind;
   std::string_view name;  ///< Of a section or a value.
   std::string_view text;  ///< Of a value.
+
+  bool operator==(const IniLine&) const = default;
 };
 
 /// `s` without the bytes up to 32 at both ends.

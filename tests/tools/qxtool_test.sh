@@ -43,13 +43,17 @@ expect 0 'C:\x' ini a.ini get main 1 path
 expect 0 "" ini a.ini check
 cp a.ini before
 expect 2 "no record 2" ini a.ini set main 2 mode slow
-expect 2 "cannot be empty" ini a.ini set main 1 a:b slow
+for name in a:b //a ' a' $'a\nb' ''; do expect 2 "a name cannot be empty" ini a.ini set main 1 "$name" slow; done
+for text in '[%rootkey%]' 'a ' $'a\rb' ''; do expect 2 "a text cannot be empty" ini a.ini add main "a=$text"; done
+expect 2 "a section cannot hold a colon" ini a.ini add a:b
 cmp -s a.ini before || { echo "a failed command changed a.ini"; bad=1; }
 printf 'S:[%%RootKey%%]\n[%%\n:\na:b\n%%]\n[%%\n%%]\nEmpty:[%%RootKey%%]\n' >rows.ini
 expect 0 "S        1
                  a     b
 S        2
 Empty" ini rows.ini list
+printf '\n[%%\n' >broken.ini
+expect 2 "broken.ini: line 2: RootKey not Open." ini broken.ini list
 printf 'Main:[%%RootKey%%]\n[%%\n//c\n%%]\n' >b.ini
 expect 1 "a comment, or a line without a colon, is lost" ini b.ini check
 
@@ -62,6 +66,8 @@ printf '"""a"" ""b""",x\r\n' >quotes.csv
 expect 0 "" table quotes.tbl from-csv quotes.csv
 expect 0 '"""a"" ""b""",x' table quotes.tbl to-csv
 expect 2 "no field Fax" table a.tbl get 1 Fax
+for text in 'a[' ']a' 'a#]' $'a\nb'; do expect 2 "a text cannot hold" table a.tbl set 1 Name "$text"; done
+expect 2 "a text cannot hold" table a.tbl append 'a[ '
 printf '[#A#]\n[#1#][#2#]\n' >longer.tbl
 expect 0 "1    1  2" table longer.tbl show
 

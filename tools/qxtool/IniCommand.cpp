@@ -32,7 +32,12 @@ struct Options {
 std::string Text(const char* text) { return text != nullptr ? text : ""; }
 
 void Load(TQXIniFile& file, const std::string& fileName) {
-  Naming(fileName, [&] { file.SetText(ReadInput(fileName)); });
+  const std::string text = ReadInput(fileName);
+  try {
+    file.SetText(text);
+  } catch (const EIniLoadError& e) {
+    throw Failure(Visible(fileName) + ": line " + std::to_string(e.GetLine()) + ": " + e.what());
+  }
 }
 
 /// Opens a record of an existing section. @return its number among records and values.
@@ -59,14 +64,23 @@ pQXTreeNode FindValue(const TQXIniFile& file, const Options& options) {
   return node;
 }
 
-/// A name or text that would come back from the saved file as another one.
+/// Whether a saved line is read again as these parts.
+bool ComesBack(const std::string& line, const IniLine& parts) {
+  return line.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos && ReadIniLine(line) == parts;
+}
+
+void CheckSection(const std::string& name) {
+  if (!ComesBack(name + ":" + std::string(kSectionMark), {IniLineKind::Section, name, {}}))
+    throw Failure("a section cannot hold a colon or a line break, or have blanks around it");
+}
+
 void CheckValue(const std::string& name, const std::string& value) {
-  const bool badName = name.empty() || name.find(':') != std::string::npos || name.starts_with("//") ||
-                       TrimBlanks(name).size() != name.size();
-  if (badName) throw Failure("a name cannot be empty, hold a colon, begin with // or have blanks around it");
-  const bool badText = value.find_first_of(std::string("\r\n\0", 3)) != std::string::npos || value.empty() ||
-                       TrimBlanks(value).size() != value.size();
-  if (badText) throw Failure("a text cannot be empty, hold a line break or have blanks around it");
+  if (name.empty() || !ComesBack(name + ":text", {IniLineKind::Value, name, "text"}))
+    throw Failure(
+        "a name cannot be empty, hold a colon or a line break, begin with // or have blanks around it");
+  if (value.empty() || !ComesBack("name:" + value, {IniLineKind::Value, "name", value}))
+    throw Failure("a text cannot be empty, hold a line break, have blanks around it or be " +
+                  std::string(kSectionMark));
 }
 
 void Save(const TQXIniFile& file, const Options& options) { SaveText(options.file, file.GetText()); }
@@ -130,6 +144,7 @@ void Set(const Options& options) {
 void Add(const Options& options) {
   TQXIniFile file;
   if (FileExists(options.file)) Load(file, options.file);
+  CheckSection(FromArgument(options.section));
   file.SetRootKey(FromArgument(options.section));
   file.AppendKey();
   for (const std::string& argument : options.values) {

@@ -15,6 +15,7 @@ namespace {
 
 using namespace qxTools;
 using QXStringTable::FieldMarks;
+using QXStringTable::GenField;
 using QXStringTable::TQXStringTable;
 
 struct Options {
@@ -51,11 +52,12 @@ void CheckField(const TQXStringTable& table, const Options& options) {
     throw Failure(Visible(options.file) + ": no field " + Visible(options.field));
 }
 
-std::string Checked(const std::string& text) {
-  if (text.find("[#") != std::string::npos || text.find("#]") != std::string::npos ||
-      text.find_first_of("\r\n") != std::string::npos)
-    throw Failure(Visible(text) + ": a text cannot hold [#, #] or a line break");
-  return text;
+/// Refuses a field whose text would be read as another one.
+void CheckText(const std::string& field) {
+  const FieldMarks marks(field);
+  if (marks.Begins().size() != 1 || marks.Ends().size() != 1 ||
+      field.find_first_of("\r\n") != std::string::npos)
+    throw Failure(Visible(field) + ": a text cannot hold [#, #] or a line break, begin with ] or end with [");
 }
 
 // --- Actions -----------------------------------------------------------------------------------------
@@ -90,7 +92,9 @@ void Set(const Options& options) {
   if (FieldMarks(table.GetStrings(options.record)).Count() < static_cast<std::size_t>(number))
     throw Failure(Visible(options.file) + ": record " + std::to_string(options.record) +
                   " has no such field");
-  table.SetField(FromArgument(options.field), Checked(FromArgument(options.value)));
+  const std::string value = FromArgument(options.value);
+  CheckText("[#" + value + "#]");
+  table.SetField(FromArgument(options.field), value);
   Save(table, options);
 }
 
@@ -100,7 +104,10 @@ void Append(const Options& options) {
   if (options.values.size() > static_cast<std::size_t>(table.GetFieldCount()))
     throw Failure(Visible(options.file) + ": more values than fields");
   TextRow values;
-  for (const std::string& value : options.values) values.push_back(Checked(FromArgument(value)));
+  for (const std::string& value : options.values) {
+    values.push_back(FromArgument(value));
+    CheckText(GenField(values.back()));
+  }
   table.AddRecord(values);
   Save(table, options);
 }
@@ -118,13 +125,16 @@ void FromCsv(const Options& options) {
   if (rows.empty()) throw Failure(Visible(options.value) + ": no header line");
   TQXStringTable table("#TEMP");
   std::string header;
-  for (const std::string& name : rows.front()) header += QXStringTable::GenField(Checked(name));
+  for (const std::string& name : rows.front()) {
+    CheckText(GenField(name));
+    header += GenField(name);
+  }
   table.Add(std::move(header));
   for (std::size_t i = 1; i < rows.size(); ++i) {
     if (rows[i].size() > rows.front().size())
       throw Failure(Visible(options.value) + ": row " + std::to_string(i + 1) +
                     " has more cells than the header");
-    for (const std::string& cell : rows[i]) Checked(cell);
+    for (const std::string& cell : rows[i]) CheckText(GenField(cell));
     table.AddRecord(rows[i]);
   }
   Save(table, options);
