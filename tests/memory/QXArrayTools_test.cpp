@@ -1,5 +1,4 @@
 #include <qxTools/memory/QXArrayTools.h>
-#include <qxTools/memory/QXMemTools.h>
 
 #include "support/Testing.h"
 
@@ -15,11 +14,6 @@ TEST(QXArrayTools, AssignCopiesBytesAndSizeOnly) {
   EXPECT_EQ(target.GetSize(), 10);
   EXPECT_EQ(target.GetElementSize(), 4);
   EXPECT_EQ(target.GetCount(), 1);
-
-  QXMemTools::TMemoryBank newer(8);
-  newer.Assign(source);  // a bank of the other unit counts as a plain block
-  EXPECT_EQ(newer.GetElementSize(), 8);
-  EXPECT_EQ(newer.GetCount(), 1);
 }
 
 }  // namespace

@@ -136,6 +136,13 @@ TEST(QXMemTools, AssignMakesAnExactCopyOfABank) {
   EXPECT_EQ(target.GetValue(2), 0xBEEF);
   target.Assign(target);
   EXPECT_EQ(target.GetValue(2), 0xBEEF);
+  TInt64Bank ones;
+  TByteBank bytes;
+  ones.SetValue(0, -1);
+  bytes.Assign(ones);
+  bytes.SetValue(0, 2);  // one byte written
+  ones.Assign(bytes);
+  EXPECT_EQ(ones.GetValue(0), -254);
   target.Assign(TMemoryOperation(5));  // no bank: bytes and size only
   EXPECT_EQ(ShapeOf(target), (Shape{5, 2, 3, 8}));
   EXPECT_EQ(MessageOf([&] { target.GetValue(2); }), kBadIndex);

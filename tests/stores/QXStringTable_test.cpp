@@ -32,6 +32,8 @@ TEST(QXStringTable, FieldsAreAddedAndRemovedInTheHeaderAlone) {
   EXPECT_EQ(table.GetStrings(0), "[#Name#][#X#][#City#]");
   EXPECT_EQ(table.GetStrings(1), "[#Lee#][#555-0100#][##]");
   EXPECT_EQ(table.GetField("x"), "555-0100");
+  table.SetStrings(1, "cut#][");  // no opening mark, but its first byte at the end
+  EXPECT_EQ(table.GetField("name"), "cut");
 }
 
 TEST(QXStringTable, RecordsHaveAsManyFieldsAsTheHeader) {

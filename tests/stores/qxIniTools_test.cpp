@@ -40,7 +40,7 @@ TEST(qxIniTools, ALoadReadsEachKindOfLine) {
       "no separator\r\n"
       "Two: [%RootKey%]\r\n"  // the blank makes it a value
       "A:B:[%RootKey%]\r\n"   // so does a second colon
-      " Mode : fast \r\n"     // only the line's ends are trimmed
+      " /Mode : fast \r\n"    // only the line's ends are trimmed
       ":no name\r\nNo text:\r\n"
       "Second:[%RootKey%]\r\n"  // in an open record
       "Late:goes to the record above\r\n"
@@ -49,7 +49,7 @@ TEST(qxIniTools, ALoadReadsEachKindOfLine) {
       "MAIN SECTION:[%RootKey%]\r\n"  // the first section once more
       "[%\r\n[%\r\n%]");
   EXPECT_EQ(Dump(file),
-            "1RootKey=Main section 2 3Path=C:\\Data: 3Two= [%RootKey%] 3A=B:[%RootKey%] 3Mode = fast "
+            "1RootKey=Main section 2 3Path=C:\\Data: 3Two= [%RootKey%] 3A=B:[%RootKey%] 3/Mode = fast "
             "3(null)=no name "
             "3No text=(null) 3Late=goes to the record above 2 2 1RootKey=Second ");
 }

@@ -161,6 +161,7 @@ TEST(qxTreeList, LinksOfTheirOwnAreSearchedAsTheyHangTogether) {
   EXPECT_TRUE(tree.FindNodeLink(child->Node->Key, parent, found));
   EXPECT_EQ(found, child);
   EXPECT_EQ(tree.FindLastSubNodeLink(parent), child);
+  tree.EnumTreeNodeLink(parent, true, [](pQXTreeNode) { ADD_FAILURE(); });  // its count is 0
   FreeTreeNode(4, child);
   FreeTreeNode(parent);
 }
