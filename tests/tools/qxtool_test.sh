@@ -47,10 +47,11 @@ for name in a:b //a ' a' $'a\nb' ''; do expect 2 "a name cannot be empty" ini a.
 for text in '[%rootkey%]' 'a ' $'a\rb' ''; do expect 2 "a text cannot be empty" ini a.ini add main "a=$text"; done
 expect 2 "a section cannot hold a colon" ini a.ini add a:b
 cmp -s a.ini before || { echo "a failed command changed a.ini"; bad=1; }
-printf 'S:[%%RootKey%%]\n[%%\n:\na:b\n%%]\n[%%\n%%]\nEmpty:[%%RootKey%%]\n' >rows.ini
+printf 'S:[%%RootKey%%]\n[%%\n:\na:b\n[%%\n[%%\nEmpty:[%%RootKey%%]\n' >rows.ini
 expect 0 "S        1
                  a     b
 S        2
+S        3
 Empty" ini rows.ini list
 printf '\n[%%\n' >broken.ini
 expect 2 "broken.ini: line 2: RootKey not Open." ini broken.ini list
