@@ -47,6 +47,14 @@ TEST(qxTreeList, AStoreIsOpenedAtItsRootBeforeAnyNode) {
   const pQXTreeNode d = tree.Add(b->Key);
   EXPECT_EQ(Below(tree, false), (Nodes{b, c}));
   EXPECT_EQ(Below(tree, true), (Nodes{b, d, c}));
+  TList list;
+  list.Add(nullptr);
+  for (const TNodeKey& open : {a->Key, d->Key}) {  // without children the list stays
+    tree.OpenTreeNode(open);
+    tree.GetTreeNodeList(list);
+    EXPECT_EQ(list.GetCount(), 2);
+    EXPECT_EQ(list.GetItems(1), c);
+  }
   EXPECT_EQ(tree.GetItem(d->Key.Text() + "cut"), d);
   EXPECT_EQ(tree.GetItem(d->Key.Text().substr(0, 15)), nullptr);
   EXPECT_EQ(MessageOf([&] { tree.OpenTreeNode("abcdefghijklmnopqrst"); }),
@@ -84,20 +92,6 @@ TEST(qxTreeList, SiblingsAreWalkedAndNextDiffersFromPrevious) {
     EXPECT_EQ((tree.*find)(key, node), found) << key;
     EXPECT_EQ(node, want) << key;
   }
-}
-
-TEST(qxTreeList, TheListOfChildrenIsLeftAloneWithoutChildren) {
-  TQXTreeNodes tree;
-  TList list;
-  list.Add(nullptr);
-  tree.OpenRootNode();
-  tree.GetTreeNodeList(list);
-  EXPECT_EQ(list.GetCount(), 1);
-  tree.Add(tree.Add()->Key);
-  const pQXTreeNode second = tree.Add();
-  tree.GetTreeNodeList(list);
-  EXPECT_EQ(list.GetCount(), 2);
-  EXPECT_EQ(list.GetItems(1), second);
 }
 
 TEST(qxTreeList, DeleteTakesTheSubtreeAndKeepsTheRoot) {
@@ -173,12 +167,11 @@ std::size_t EndOf(const Nodes& nodes, std::size_t i) {
   return end;
 }
 
-/// The first node with the key, at number `i` or below it, by a walk; the end when there is none.
-Nodes::iterator Find(Nodes& nodes, std::size_t i, const TNodeKey& key) {
-  const auto end = nodes.begin() + static_cast<std::ptrdiff_t>(EndOf(nodes, i));
-  const auto found = std::find_if(nodes.begin() + static_cast<std::ptrdiff_t>(i), end,
-                                  [&](pQXTreeNode node) { return node->Key == key; });
-  return found != end ? found : nodes.end();
+/// The number of the first node with the key, at `i` or below it, by a walk; that of all when there is none.
+std::size_t Find(const Nodes& nodes, std::size_t i, const TNodeKey& key) {
+  const std::size_t end = EndOf(nodes, i);
+  while (i < end && !(nodes[i]->Key == key)) ++i;
+  return i < end ? i : nodes.size();
 }
 
 TEST(qxTreeList, AgreesWithAWalkWhateverKeysAreEqual) {
@@ -192,20 +185,19 @@ TEST(qxTreeList, AgreesWithAWalkWhateverKeysAreEqual) {
     TQXTreeNodes tree;
     tree.OpenRootNode();
     Nodes nodes{tree.GetRootNode()};
+    const auto at = [&](std::size_t i) { return nodes.begin() + static_cast<std::ptrdiff_t>(i); };
     for (int step = 0; step < 150; ++step) {
       const TNodeKey key = random() % 8 == 0 ? TNodeKey("?") : nodes[random() % nodes.size()]->Key;
-      const auto start = Find(nodes, 0, nodes[random() % nodes.size()]->Key);
-      tree.OpenTreeNode((*start)->Key);
-      const auto below = Find(nodes, static_cast<std::size_t>(start - nodes.begin()), key);
-      ASSERT_EQ(tree.GetItem(key), below != nodes.end() ? *below : nullptr);
-      auto found = Find(nodes, 0, key);
+      const std::size_t start = Find(nodes, 0, nodes[random() % nodes.size()]->Key);
+      tree.OpenTreeNode(nodes[start]->Key);
+      const std::size_t below = Find(nodes, start, key);
+      ASSERT_EQ(tree.GetItem(key), below < nodes.size() ? nodes[below] : nullptr);
+      const std::size_t found = Find(nodes, 0, key);
       if (random() % 3 != 0) {
-        if (found == nodes.end()) found = nodes.begin();  // an unknown key adds below the root
-        const std::size_t end = EndOf(nodes, static_cast<std::size_t>(found - nodes.begin()));
-        nodes.insert(nodes.begin() + static_cast<std::ptrdiff_t>(end), tree.Add(key));
-      } else if (found != nodes.end()) {
-        const std::size_t end = EndOf(nodes, static_cast<std::size_t>(found - nodes.begin()));
-        nodes.erase(std::max(found, nodes.begin() + 1), nodes.begin() + static_cast<std::ptrdiff_t>(end));
+        // An unknown key adds below the root.
+        nodes.insert(at(EndOf(nodes, found % nodes.size())), tree.Add(key));
+      } else if (found < nodes.size()) {
+        nodes.erase(at(std::max(found, std::size_t{1})), at(EndOf(nodes, found)));
         tree.Delete(key);
       }
       ASSERT_EQ(All(tree), Nodes(nodes.begin() + 1, nodes.end()));
