@@ -9,9 +9,10 @@
 ///     people.GetField("phone");  // 555-0100
 ///     people.UpdateTable();
 ///
-/// Line 0 names the fields, each further line is a record. A field is its text between "[#" and "#]", and
-/// texts hold neither: `[#Name#][#Phone#]`. Field names ignore the case of ASCII letters, and of equal ones
-/// the first counts. The file's form is described in docs/table-format.md. For one thread at a time.
+/// Line 0 names the fields, each further line is a record. A field is its text between "[#" and "#]":
+/// `[#Name#][#Phone#]`. Texts hold neither, nor do they begin with "]" or end with "[", which would make one
+/// with the mark beside it; nothing checks that. Field names ignore the case of ASCII letters, and of equal
+/// ones the first counts. The file's form is described in docs/table-format.md. For one thread at a time.
 #pragma once
 
 #include <qxTools/runtime/StringList.h>

@@ -57,11 +57,10 @@ Integer OpenRecord(TQXIniFile& file, const Options& options) {
                 Visible(options.section));
 }
 
-pQXTreeNode FindValue(const TQXIniFile& file, const Options& options) {
+void RequireValue(const TQXIniFile& file, const Options& options) {
   pQXTreeNode node = nullptr;
   if (!file.FindField(FromArgument(options.name), node))
     throw Failure(Visible(options.file) + ": no value " + Visible(options.name));
-  return node;
 }
 
 /// Whether a saved line is read again as these parts.
@@ -127,7 +126,7 @@ void Get(const Options& options) {
   TQXIniFile file;
   Load(file, options.file);
   OpenRecord(file, options);
-  FindValue(file, options);
+  RequireValue(file, options);
   Print(file.GetValue(FromArgument(options.name)) + "\n");
 }
 
@@ -167,7 +166,7 @@ void Delete(const Options& options) {
     if (options.name.empty()) {
       file.DeleteKey(number);
     } else {
-      FindValue(file, options);
+      RequireValue(file, options);
       file.DeleteValue(FromArgument(options.name));
     }
   }
