@@ -1,6 +1,8 @@
 #include <qxTools/platform/Locale.h>
+#include <qxTools/runtime/AsciiRun.h>
 #include <qxTools/runtime/FormatSettings.h>
 
+#include <algorithm>
 #include <cctype>
 
 namespace qxTools {
@@ -25,14 +27,23 @@ const char* PartOf(char conversion) {
   }
 }
 
+/// The last sign in what stands between two parts; "/" without one, and for signs beyond ASCII, whose second
+/// bytes are no signs: in a BIG5 locale the one of the year's sign is "~".
+char SeparatorIn(std::string_view between) {
+  if (!IsAllAscii(between.data(), between.data() + between.size())) return '/';
+  const auto isSign = [](unsigned char c) { return std::ispunct(c) != 0; };
+  const auto sign = std::find_if(between.rbegin(), between.rend(), isSign);
+  return sign != between.rend() ? *sign : '/';
+}
+
 void TakeDatePattern(const std::string& pattern, FormatSettings& settings) {
   std::string format;
+  std::string between;  // the first two parts
   int parts = 0;
-  char separator = '/';
   for (std::size_t i = 0; i < pattern.size(); ++i) {
     const bool isConversion = pattern[i] == '%' && i + 1 < pattern.size();
     if (!isConversion) {
-      if (parts == 1 && std::ispunct(static_cast<unsigned char>(pattern[i])) != 0) separator = pattern[i];
+      if (parts == 1) between += pattern[i];
       continue;
     }
     ++i;
@@ -44,7 +55,7 @@ void TakeDatePattern(const std::string& pattern, FormatSettings& settings) {
   }
   if (parts != 3) return;
   settings.ShortDateFormat = format;
-  settings.DateSeparator = separator;
+  settings.DateSeparator = SeparatorIn(between);
 }
 
 }  // namespace

@@ -73,11 +73,14 @@ TEST_F(DateTime, AnythingElseIsNoDate) {
 }
 
 TEST_F(DateTime, TheLocaleGivesOrderAndSeparators) {
-  ASSERT_NE(std::setlocale(LC_ALL, "C"), nullptr);
-  UseLocale();
-  EXPECT_EQ(GetFormatSettings().ShortDateFormat, "mm/dd/yy");
-  EXPECT_EQ(GetFormatSettings().DateSeparator, '/');
-  EXPECT_EQ(GetFormatSettings().DecimalSeparator, '.');
+  // The last one writes 年 (A6 7E) between year and month.
+  for (const auto& [locale, written] :
+       {std::pair("de_DE.UTF-8", "05.03.2024 1,5"), {"zh_TW.BIG5", "2024/03/05 1.5"}, {"C", "03/05/24 1.5"}}) {
+    if (std::setlocale(LC_ALL, locale) == nullptr) continue;  // "C" is everywhere
+    GetFormatSettings() = FormatSettings();
+    UseLocale();
+    EXPECT_EQ(DateToStr(EncodeDate(2024, 3, 5)) + " " + FloatToStr(1.5), written) << locale;
+  }
 }
 
 TEST_F(DateTime, IntegerTextsAreWhole) {
