@@ -47,12 +47,14 @@ class QXTOOLS_API WholeFileWriter {
   /// @throws EWriteError for a place that the system cannot reach.
   void SetPosition(std::int64_t position);
 
-  /// Puts the file in its place. @throws EWriteError or EFCreateError; a file that was to be renamed over
-  /// stays as it was.
+  /// Puts the file in its place and is done with it: any further call raises EWriteError.
+  /// @throws EWriteError or EFCreateError; a file that was to be renamed over stays as it was.
   void Commit();
 
  private:
   struct Target;
+  Target& Open();
+
   std::unique_ptr<Target> target_;
 };
 

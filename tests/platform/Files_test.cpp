@@ -76,6 +76,7 @@ TEST(Files, AWriterGoesBackAndOverwritesAlsoInPlace) {
     writer.SetPosition(10);
     writer.Write("!");
     writer.Commit();
+    EXPECT_EQ(MessageOf([&] { writer.Commit(); }), "Stream write error") << "nothing is left to be saved";
     EXPECT_EQ(BytesOf(name), std::string("Head body\0!", 11)) << links;
   }
   { WholeFileWriter(folder.Make("three", "old")).Write("without a commit"); }

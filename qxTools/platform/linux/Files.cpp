@@ -181,24 +181,34 @@ WholeFileWriter::WholeFileWriter(const std::string& fileName) : target_(std::mak
 
 WholeFileWriter::~WholeFileWriter() = default;
 
+// The target, until Commit has taken it.
+WholeFileWriter::Target& WholeFileWriter::Open() {
+  if (target_ == nullptr) throw EWriteError("Stream write error");
+  return *target_;
+}
+
 void WholeFileWriter::Write(std::string_view bytes) {
-  if (target_->temporary.empty())
-    target_->Gather(bytes);
+  Target& target = Open();
+  if (target.temporary.empty())
+    target.Gather(bytes);
   else
-    WriteAll(target_->file.Get(), bytes);
+    WriteAll(target.file.Get(), bytes);
 }
 
 void WholeFileWriter::SetPosition(std::int64_t position) {
-  target_->place = static_cast<std::uint64_t>(position);
-  if (target_->temporary.empty()) return;
-  if (::lseek(target_->file.Get(), position, SEEK_SET) < 0) throw EWriteError("Stream write error");
+  Target& target = Open();
+  target.place = static_cast<std::uint64_t>(position);
+  if (target.temporary.empty()) return;
+  if (::lseek(target.file.Get(), position, SEEK_SET) < 0) throw EWriteError("Stream write error");
 }
 
 void WholeFileWriter::Commit() {
-  if (target_->temporary.empty())
-    target_->WriteInPlace();
+  Open();
+  const std::unique_ptr<Target> target = std::move(target_);
+  if (target->temporary.empty())
+    target->WriteInPlace();
   else
-    target_->Rename();
+    target->Rename();
 }
 
 void SaveWholeFile(const std::string& fileName, std::string_view bytes) {
