@@ -84,7 +84,9 @@ std::size_t TStrings::Checked(Integer index) const {
 
 void TStrings::Changed() {
   ++changes_;
-  if (updates_ == 0 && onChange_) onChange_(this);
+  if (updates_ != 0 || !onChange_) return;
+  const TNotifyEvent event = onChange_;  // it may set another one while it runs
+  event(this);
 }
 
 }  // namespace qxTools

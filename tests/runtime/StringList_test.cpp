@@ -52,6 +52,13 @@ TEST(StringList, EveryChangeFiresOnceAndABracketFiresAtItsEnd) {
   list.BeginUpdate();
   list.EndUpdate();  // an empty bracket fires as well
   EXPECT_EQ(counts.size(), 2U);
+  // An event may replace itself: what it holds stays as long as it runs.
+  list.SetOnChange([&list, &counts, held = std::vector<Integer>{7, 8}](TObject*) {
+    list.SetOnChange(nullptr);
+    counts = held;
+  });
+  list.Add("last");
+  EXPECT_EQ(counts, (std::vector<Integer>{7, 8}));
 }
 
 TEST(StringList, IndexesAreChecked) {
