@@ -3,8 +3,8 @@
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
-#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -19,60 +19,47 @@ const std::vector<std::string> kOrder = {
     "QXTimeTools", "QXToDigit",     "QXUniKey",       "QXValueTools", "qxStore",
     "qxIntf",      "qxOleVariant",  "qxSqlStoreProc", "qxTreeList",   "qxIniTools"};
 
-std::vector<std::string> traced;
-std::vector<Integer> counters;
+std::vector<std::pair<std::string, Integer>> traced;
 
-void Trace(const char* unit, Integer counter) {
-  traced.emplace_back(unit);
-  counters.push_back(counter);
-}
+void Trace(const char* unit, Integer counter) { traced.emplace_back(unit, counter); }
 
 class Package : public ::testing::Test {
  protected:
   Package() {
     traced.clear();
-    counters.clear();
     SetPackageTrace(Trace);
   }
   ~Package() override { SetPackageTrace(nullptr); }
 };
 
 TEST_F(Package, UnitsStartInTheirOrderAndStopInTheReverse) {
-  Initialize();
-  std::vector<std::string> started = traced;
-  traced.clear();
-  Finalize();
-  EXPECT_EQ(static_cast<std::size_t>(GetPackageInfoTable()->Count), started.size());
-  EXPECT_TRUE(std::equal(traced.begin(), traced.end(), started.rbegin(), started.rend()));
-  started.erase(started.begin());  // the runtime's own module
-  EXPECT_EQ(started, kOrder);
-}
-
-TEST_F(Package, TheTableHoldsOnePairAUnit) {
   const TPackageInfoTable* const table = GetPackageInfoTable();
   Initialize();
-  const std::vector<std::string> names = traced;
-  for (Integer i = 0; i < table->Count; ++i) {
+  const auto started = traced;
+  ASSERT_EQ(static_cast<std::size_t>(table->Count), started.size());
+  ASSERT_EQ(started.size(), kOrder.size() + 1);
+  for (std::size_t i = 0; i < kOrder.size(); ++i) EXPECT_EQ(started[i + 1].first, kOrder[i]);
+  // Each pair of the table is one unit's start and stop.
+  for (std::size_t i = 0; i < started.size(); ++i) {
     traced.clear();
-    counters.clear();
     table->Units[i].Startup();
+    EXPECT_EQ(traced.back(), std::pair(started[i].first, started[i].second - 1));
     table->Units[i].Shutdown();
-    EXPECT_EQ(traced, std::vector<std::string>(2, names[static_cast<std::size_t>(i)]));
-    EXPECT_EQ(counters[1], counters[0] + 1);
+    EXPECT_EQ(traced.back(), started[i]);
   }
+  traced.clear();
   Finalize();
+  ASSERT_EQ(traced.size(), started.size());
+  for (std::size_t i = 0; i < started.size(); ++i) EXPECT_EQ(traced[i].first, started.rbegin()[i].first);
 }
 
 TEST_F(Package, StartsNestAndTheLastStopReleasesTheGlobals) {
   Initialize();
-  counters.clear();
-  Initialize();
-  const Integer nested = counters.front();  // -2, or -3 where loading the library was a start too
-  EXPECT_LE(nested, -2);
   QXSqlTools::SQL()->GetInLines().SetText("select @a");
   qxSqlStoreProc::StoreProcParamTypeStr[0] = "a text that needs a block of its own";
-  int stops = 0;
-  for (; counters.back() < -1; ++stops) Finalize();
+  Initialize();
+  EXPECT_LE(traced.back().second, -2);  // -3 where loading the library was a start too
+  while (traced.back().second < -1) Finalize();
   EXPECT_NE(QXSqlTools::FDefaultSQL, nullptr);
   EXPECT_EQ(qxSqlStoreProc::StoreProcParamTypeStr[14], "Varchar");
   Finalize();
@@ -83,7 +70,6 @@ TEST_F(Package, StartsNestAndTheLastStopReleasesTheGlobals) {
   Initialize();  // the first start after the last stop fills the globals again
   EXPECT_EQ(qxSqlStoreProc::StoreProcParamTypeStr[0], "Unknown");
   EXPECT_EQ(QXSqlTools::ParamStyleHeader[6], "@F");
-  for (stops -= 2; stops > 0; --stops) Initialize();
 }
 
 }  // namespace

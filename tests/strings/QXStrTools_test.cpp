@@ -1,10 +1,9 @@
-#include <qxTools/platform/Random.h>
 #include <qxTools/runtime/StrAlloc.h>
 #include <qxTools/strings/QXStrTools.h>
 
-#include <cstring>
 #include <limits>
 
+#include "support/Sources.h"
 #include "support/Testing.h"
 
 using namespace qxTools;
@@ -17,18 +16,15 @@ namespace {
 constexpr Integer kMin = std::numeric_limits<Integer>::min();
 
 TEST(QXStrTools, SearchesSurviveTheWorstTexts) {
-  const std::string text(200000, 'a');
   const std::string half(100000, 'a');
+  const std::string text = half + half;
   EXPECT_EQ(Occurs(half, text), 100001);
   EXPECT_EQ(At(half + "b", text, 1), -1);
-  EXPECT_EQ(Occurs("b" + half, text), 0);
-  EXPECT_EQ(Occurs("aba", Replicate("ab", 100000)), 99999);
-  EXPECT_EQ(GetAt(half, text, 7), "");
+  EXPECT_EQ(GetAt(half, text, 7), "") << "overlapping separators have nothing between them";
   const std::string knot = Replicate("a", 500) + "c" + Replicate("a", 500);
   EXPECT_EQ(ReplaceAllStr(text + knot + knot, knot, "x", false), text + "xx");
-  EXPECT_EQ(Occurs(knot, text + knot + knot), 2);
   EXPECT_EQ(ReplaceAllStr(text, "aa", "a", false), "a");
-  EXPECT_EQ(ReplaceAllStr(half + text, "a", "ba", false), Replicate("b", 300000) + half + text);
+  EXPECT_EQ(ReplaceAllStr(text, "a", "ba", false), Replicate("b", 200000) + text);
 }
 
 // Rows of what came out and what should.
@@ -40,19 +36,16 @@ void ExpectEqual(std::initializer_list<std::pair<T, T>> rows) {
 // clang-format off
 TEST(QXStrTools, SearchesAndReplacementsHaveTheirOddCases) {
   ExpectEqual<Integer>({
-      {At("cd", "abc", 1), -1}, {At("abc", "ab", 1), -1}, {At("aa", "aaaa", 2), 2}, {At("\0b"s, "a\0b"s, 1), 2},
+      {At("cd", "abc", 1), -1}, {At("aa", "aaaa", 2), 2}, {Occurs("aa", "aaaa"), 3}, {At("", "abc", 1), 0},
       {At("@", "\xA4\x40", 1), 2},  // the second byte of 一 is a byte like any other
-      {At("", "abc", 1), 0}, {Occurs("", "abc"), 0},
       {Atc("", ""), true}, {Atc("a\0"s, "a"), false}, {InList("", {}, true), false},
       {InList("abc", {"x", "ABC"}, false), true}, {InList("abc", {"x", "ABC"}, true), false},
   });
   ExpectEqual<std::string>({
       {GetAt("", "a,b", 2), "a,b"}, {GetAtLeft("", "a,b", 1), "a,b"}, {GetAtRight("", "a,b", 1), "a,b"},
+      {GetAt(",", "a,b", 0), ""}, {GetAt(",", "a,b", kMin), ""}, {GetAt(",", "ab", 0), "ab"},
       {ReplaceStr("Select a", "SELECT", "update", true), "update a"},
-      {ReplaceStr("Select a", "SELECT", "update", false), "Select a"},
-      {ReplaceStr("aaa", "a", "", false), "aa"}, {ReplaceStr("abc", "", "x", false), "abc"},
-      {ReplaceAllStr("abc", "", "x", true), "abc"}, {ReplaceAllStr("xAx", "x", "xx", false), "xxxAx"},
-      {ReplaceAllStr("ID, id", "id", "ID", true), "ID, id"},  // what was put in is found again
+      {ReplaceAllStr("xAx", "x", "xx", false), "xxxAx"},  // what was put in is found again
   });
 }
 
@@ -91,10 +84,7 @@ TEST(QXStrTools, CodesAndMarkersAreFilledIn) {
       {SerialNO("A0099", 1), "A0100"}, {SerialNO("A99", 1), "A100"}, {SerialNO("ABC", 1), "ABC1"},
       {SerialNO("", 1), "1"}, {SerialNO("INV-007", 5), "INV-012"}, {SerialNO("A1B", -1), "A1B"},
       {SerialNO("A0005", -10), "A0000"}, {SerialNO("4294967296", 1), "0000000001"},
-      {SerialNO("2147483647", 1), "0000000000"},
-      {FormatEx("Name: #S, age #s", "x"), "Name: x, age x"}, {FormatEx("##S", "x"), "##S"},
-      {FormatEx("#", "x"), "#"}, {FormatEx("", "x"), ""}, {FormatEx("#x#S", "y"), "#xy"},
-      {FormatEx("#S#S", "#"), "##"}, {FormatEx("##S#S", "x"), "##Sx"},
+      {FormatEx("#x #S, #s#", "#"), "#x #, ##"}, {FormatEx("##S#S#S", "#"), "##S##"},
       {KeyToStr(8), "BackSpace"}, {KeyToStr(19), "NumLock"}, {KeyToStr(144), "NumLock"}, {KeyToStr(16), ""},
       {KeyToStr(47) + KeyToStr(48) + KeyToStr(57) + KeyToStr(58), "09"},
       {KeyToStr(64) + KeyToStr(65) + KeyToStr(90) + KeyToStr(91), "AZ"},
@@ -110,7 +100,7 @@ TEST(QXStrTools, BuffersAreCopiedUpToTheirNul) {
   EXPECT_STREQ(dest, "a");
   StrDispose(dest);
   EXPECT_EQ(PCopyEx(dest, "a\0b"s), 3);
-  EXPECT_EQ(std::memcmp(dest, "a\0b", 4), 0);
+  EXPECT_EQ(std::string(dest, 4), "a\0b\0"s);
   StrDispose(dest);
   std::string text = SCopy("old\0") + SCopy(nullptr);
   SCopyEx(text, "\0x\0\0z"s);
@@ -119,24 +109,18 @@ TEST(QXStrTools, BuffersAreCopiedUpToTheirNul) {
   EXPECT_EQ(text, "new");
 }
 
-// The lowest numbers for the first twenty drawn, the highest for the others.
-class FixedSource : public RandomSource {
-  void Draw(std::uint32_t* numbers, std::size_t count) override {
-    for (std::size_t i = 0; i < count; ++i) numbers[i] = i < 20 ? 0 : 0xFFFFFFFF;
-  }
-};
-
 TEST(QXStrTools, EncodedTextIsLaidOutAndGivenBack) {
-  FixedSource source;
-  SetRandomSource(&source);
-  // 5 * 32 + character, then 5 * 32 + key, then 3 + 32, then the multipliers.
-  EXPECT_EQ(EDS("ab\xA4"), "257258324" + Replicate("192", 17) + Replicate("241277269257274", 4) + "03555555");
-  SetRandomSource(nullptr);
-  for (const std::string& s : {""s, "abc"s, "a\0 "s, "\xA4\xA4\xA4\xE5\xFF"s, Replicate("0123456789", 3)}) {
-    const std::string code = EDS(s);
-    EXPECT_NE(code, EDS(s));
-    EXPECT_EQ(DDS(code), s.substr(0, 20));
+  std::vector<std::uint32_t> draws(25, 0xFFFFFFFF);
+  std::fill_n(draws.begin(), 20, 0);
+  std::string code;
+  {
+    const FixedDraws lowestThenHighest(draws);
+    code = EDS("ab\xA4");
   }
+  // 5 * 32 + character, then 5 * 32 + key, then 3 + 32, then the multipliers.
+  EXPECT_EQ(code, "257258324" + Replicate("192", 17) + Replicate("241277269257274", 4) + "03555555");
+  EXPECT_EQ(DDS(code), "ab\xA4");
+  EXPECT_NE(EDS("ab\xA4"), EDS("ab\xA4"));
 }
 
 TEST(QXStrTools, DamagedCodesFailOnlyByLengthAndMultiplier) {
@@ -144,7 +128,7 @@ TEST(QXStrTools, DamagedCodesFailOnlyByLengthAndMultiplier) {
   for (const char* bad : {"0", "-", "x"}) {
     EXPECT_EQ(MessageOf([=] { DDS(Replicate("9", 127) + bad); }), "Division by zero");
   }
-  EXPECT_EQ(DDS(Replicate("?", 123) + "11111").size(), 0U);
+  EXPECT_EQ(DDS(Replicate("?", 123) + "11111"), "");
   EXPECT_EQ(DDS(Replicate("9", 128)).size(), 20U);
 }
 
