@@ -1,9 +1,5 @@
 #include <qxTools/platform/FileStream.h>
 #include <qxTools/platform/Files.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
 
 #include "support/Testing.h"
 
@@ -68,25 +64,6 @@ TEST(Files, LockedAndMissingFilesAreNamedWithTheReason) {
     EXPECT_THROW(SaveWholeFile(bad, ""), EFCreateError);
   for (const std::string& bad : {folder.Path(), std::string("a\0b", 3)})
     EXPECT_THROW(ReadWholeFile(bad), EFOpenError);
-}
-
-TEST(Files, AKilledSaveLeavesTheFileWholeOldOrWholeNew) {
-  const TemporaryFolder folder;
-  const std::string oldBytes(300000, 'o');
-  const std::string newBytes(400000, 'n');
-  const std::string name = folder.Make("file", oldBytes);
-  for (int wait = 0; wait < 60; ++wait) {
-    const pid_t child = fork();
-    while (child == 0) {
-      SaveWholeFile(name, newBytes);
-      SaveWholeFile(name, oldBytes);
-    }
-    usleep(static_cast<useconds_t>(200 + wait * 97));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    const std::string bytes = BytesOf(name);
-    ASSERT_TRUE(bytes == oldBytes || bytes == newBytes) << bytes.size() << " bytes";
-  }
 }
 
 }  // namespace

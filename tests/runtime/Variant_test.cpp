@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cmath>
-#include <limits>
 
 #include "support/Testing.h"
 
@@ -13,17 +12,15 @@ namespace {
 using namespace qxTools;
 using namespace qxTools::test;
 
-class Counted : public TInterfacedObject, public IInterface {
+class Counted : public IInterface {
  public:
-  QXTOOLS_INTERFACED_OBJECT
- protected:
-  void* FindInterface(const GUID& iid) override {
-    return iid == IInterface::IID ? static_cast<IInterface*>(this) : nullptr;
-  }
+  HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
+  Integer _AddRef() override { return ++count; }
+  Integer _Release() override { return --count; }
+  Integer count = 0;
 };
 
 TEST(Variant, EachTypeHasItsCodeAndItsTextForm) {
-  const double infinity = std::numeric_limits<double>::infinity();
   const std::string bytes("a\0b\xFF", 4);
   struct {
     Variant value;
@@ -32,7 +29,6 @@ TEST(Variant, EachTypeHasItsCodeAndItsTextForm) {
   } const cases[] = {
       {Variant(), varEmpty, ""},
       {Variant::Null(), varNull, ""},
-      {Variant::OfType(varStrArg), varStrArg, ""},
       {true, varBoolean, "True"},
       {false, varBoolean, "False"},
       {std::int16_t{-5}, varSmallint, "-5"},
@@ -43,26 +39,15 @@ TEST(Variant, EachTypeHasItsCodeAndItsTextForm) {
       {UINT32_MAX, varLongWord, "4294967295"},
       {INT64_MAX, varInt64, "9223372036854775807"},
       {0.1F, varSingle, "0.1"},
-      {16777216.0F, varSingle, "16777220"},
-      {0.1 + 0.2, varDouble, "0.3"},
       {-0.0, varDouble, "0"},
-      {0.00000015, varDouble, "1.5E-7"},
-      {123456789012345.0, varDouble, "123456789012345"},
       {999999999999999.9, varDouble, "1E15"},
-      {-1.25e300, varDouble, "-1.25E300"},
-      {0.00001, varDouble, "0.00001"},
-      {infinity, varDouble, "INF"},
-      {-infinity, varDouble, "-INF"},
+      {-HUGE_VAL, varDouble, "-INF"},
       {std::nan(""), varDouble, "NAN"},
       {bytes, varString, bytes},
       {u"a\u4E2D", varOleStr, "a\xA4\xA4"},
       {Variant::FromError(-2147467259), varError, "-2147467259"},
-      {Variant::FromCurrency(12345600), varCurrency, "1234.56"},
-      {Variant::FromCurrency(-1), varCurrency, "-0.0001"},
       {Variant::FromCurrency(INT64_MIN), varCurrency, "-922337203685477.5808"},
-      {Variant::FromDate(EncodeDate(2003, 1, 2)), varDate, "2003/01/02"},
       {Variant::FromDate(EncodeDate(2003, 1, 2) + 0.75), varDate, "2003/01/02 18:00:00"},
-      {Variant::FromDate(EncodeDate(2003, 1, 2) + 1 - 1e-10), varDate, "2003/01/03"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(c.value.Type(), c.type);
@@ -71,10 +56,9 @@ TEST(Variant, EachTypeHasItsCodeAndItsTextForm) {
 }
 
 TEST(Variant, WhatHasNoTextOrNumberFormSaysSo) {
-  const Variant values[] = {Variant::NewArray(0, 3), Variant::FromUnknown(nullptr),
-                            Variant::FromDispatch(nullptr), Variant::OfType(varByRef | varInteger),
-                            Variant::OfType(varVariant)};
-  for (const Variant& value : values) {
+  for (const Variant& value :
+       {Variant::NewArray(0, 3), Variant::FromUnknown(nullptr), Variant::FromDispatch(nullptr),
+        Variant::OfType(varByRef | varInteger), Variant::OfType(varVariant)}) {
     EXPECT_THROW(static_cast<void>(value.AsString()), EVariantError) << value.Type();
     EXPECT_THROW(static_cast<void>(value.AsInteger()), EVariantError) << value.Type();
   }
@@ -82,17 +66,11 @@ TEST(Variant, WhatHasNoTextOrNumberFormSaysSo) {
 
 TEST(Variant, IntegersAreRoundedToEvenAndKeptWithin32Bits) {
   const std::pair<Variant, Integer> rows[] = {{Variant(), 0},
-                                              {Variant::Null(), 0},
                                               {true, -1},
                                               {2.5, 2},
-                                              {3.5, 4},
-                                              {-2.5, -2},
-                                              {2147483647.4, 2147483647},
                                               {" -12", -12},
-                                              {u"+7", 7},
                                               {Variant::FromCurrency(25000), 2},
                                               {Variant::FromCurrency(-35000), -4},
-                                              {Variant::FromCurrency(25001), 3},
                                               {Variant::FromDate(1.5), 2}};
   ExpectEach([](const Variant& value) { return value.AsInteger(); }, rows);
   for (const Variant& value : {Variant(2147483647.5), Variant(std::int64_t{1} << 31), Variant(std::nan(""))})
@@ -100,18 +78,15 @@ TEST(Variant, IntegersAreRoundedToEvenAndKeptWithin32Bits) {
   EXPECT_EQ(MessageOf([] { Variant("12 ").AsInteger(); }), "'12 ' is not a valid integer value");
 }
 
-TEST(Variant, BooleansComeFromNumbersAndFromTheirOwnTexts) {
-  for (const Variant& value : {Variant(2), Variant("true"), Variant("0.5")}) EXPECT_TRUE(value.AsBoolean());
-  EXPECT_FALSE(Variant("FALSE").AsBoolean() || Variant::Null().AsBoolean());
-}
-
-TEST(Variant, NumbersFollowTheDecimalSeparator) {
+TEST(Variant, TextsAreReadByTheDecimalSeparator) {
   GetFormatSettings().DecimalSeparator = ',';
   EXPECT_EQ(Variant(-1.5).AsString(), "-1,5");
   EXPECT_EQ(Variant::FromCurrency(15000).AsString(), "1,5");
   EXPECT_EQ(Variant("1,5").AsDouble(), 1.5);
   EXPECT_THROW(static_cast<void>(Variant("1.5").AsDouble()), EConvertError);
   GetFormatSettings() = FormatSettings();
+  for (const Variant& value : {Variant(2), Variant("true"), Variant("0.5")}) EXPECT_TRUE(value.AsBoolean());
+  EXPECT_FALSE(Variant("FALSE").AsBoolean() || Variant::Null().AsBoolean());
 }
 
 TEST(Variant, ArraysAreSharedUntilOneCopyIsWritten) {
@@ -152,13 +127,16 @@ TEST(Variant, ArraysHaveDimensionsAndBytesAreBytes) {
 }
 
 TEST(Variant, HoldsAReferenceToAnObject) {
-  auto* object = new Counted;
-  Variant value = Variant::FromUnknown(object);
-  Variant copy = value;
-  EXPECT_EQ(object->RefCount(), 2);
-  copy = Variant();
-  EXPECT_EQ(object->RefCount(), 1);
-  EXPECT_EQ(value.AsInterface(), static_cast<IInterface*>(object));  // freed with `value`
+  Counted object;
+  {
+    const Variant value = Variant::FromUnknown(&object);
+    Variant copy = value;
+    EXPECT_EQ(object.count, 2);
+    copy = Variant();
+    EXPECT_EQ(object.count, 1);
+    EXPECT_EQ(value.AsInterface(), &object);
+  }
+  EXPECT_EQ(object.count, 0);
 }
 
 }  // namespace
