@@ -29,7 +29,7 @@ TEST(Files, ASaveReplacesTheFileAndKeepsItsModeAndItsLinks) {
 
 TEST(Files, AWriterGoesBackAndOverwritesAlsoInPlace) {
   const TemporaryFolder folder;
-  for (const int links : {1, 2}) {
+  for (const auto links : {1U, 2U}) {
     const std::string name = folder.Make("one", "a long old text");
     if (links == 2) std::filesystem::create_hard_link(name, folder.File("two"));
     WholeFileWriter writer(name);

@@ -10,11 +10,7 @@ namespace {
 std::string TwoBytes(int code) { return {static_cast<char>(code >> 8), static_cast<char>(code)}; }
 
 TEST(CodePage950, ReadsAndWritesThePage) {
-  struct {
-    const char* bytes;
-    const char16_t* wide;
-    const char* utf8;
-  } const cases[] = {
+  const std::tuple<const char*, const char16_t*, const char*> cases[] = {
       {"A1\x7F\xA4\x40@\xA6\x7E", u"A1\x7F\u4E00@\u5E74", "A1\x7F\xE4\xB8\x80@\xE5\xB9\xB4"},  // 一@年
       {"\xA1\xC2\xA3\xE1", u"\u00AF\u20AC", "\xC2\xAF\xE2\x82\xAC"},
       {"\xF9\xD6\xF9\xFE", u"\u7881\u2593", "\xE7\xA2\x81\xE2\x96\x93"},
@@ -24,15 +20,15 @@ TEST(CodePage950, ReadsAndWritesThePage) {
       {"\x81\x40\x8D\xFE", u"\uEEB8\uF6B0", "\xEE\xBA\xB8\xEF\x9A\xB0"},
       {"\xC6\xA1\xC8\xFE", u"\uF6B1\uF848", "\xEF\x9A\xB1\xEF\xA1\x88"},
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(BytesToWide(c.bytes), c.wide) << c.utf8;
-    EXPECT_EQ(WideToBytes(c.wide), c.bytes) << c.utf8;
-    EXPECT_EQ(BytesToUtf8(c.bytes), c.utf8);
-    EXPECT_EQ(Utf8ToBytes(c.utf8), c.bytes) << c.utf8;
+  for (const auto& [bytes, wide, utf8] : cases) {
+    EXPECT_EQ(BytesToWide(bytes), wide) << utf8;
+    EXPECT_EQ(WideToBytes(wide), bytes) << utf8;
+    EXPECT_EQ(BytesToUtf8(bytes), utf8);
+    EXPECT_EQ(Utf8ToBytes(utf8), bytes) << utf8;
   }
   // A byte that begins no character stands alone.
-  const std::string bytes = "\x80\xFF\xA4 \xA4\x40\xA3\xC0 \xC9\x7F\xC9\xA0";
-  EXPECT_EQ(BytesToWide(bytes), u"\xDC80\xDCFF\xDCA4 \u4E00\xDCA3\xDCC0 \xDCC9\x7F\xDCC9\xDCA0");
+  const char* const stray = "\x80\xFF\xA4 \xA4\x40\xA3\xC0 \xC9\x7F\xC9\xA0";
+  EXPECT_EQ(BytesToWide(stray), u"\xDC80\xDCFF\xDCA4 \u4E00\xDCA3\xDCC0 \xDCC9\x7F\xDCC9\xDCA0");
   EXPECT_EQ(BytesToUtf8("\xA4\x40\xFF\xA4"), "\xE4\xB8\x80\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 

@@ -39,13 +39,7 @@ TEST_F(DateTime, DaysCountFrom30December1899) {
 }
 
 TEST_F(DateTime, TextsAreReadInTheOrderOfTheFormat) {
-  struct {
-    const char* format;
-    char separator;
-    const char* text;
-    const char* written;
-    int year;
-  } const cases[] = {
+  const std::tuple<const char*, char, const char*, const char*, int> cases[] = {
       {"yyyy/mm/dd", '/', " 2024 / 3/ 5 ", "2024/03/05", 2024},
       {"yyyy/mm/dd", '/', "49/3/5", "2049/03/05", 2049},
       {"yyyy/mm/dd", '/', "50/3/5", "1950/03/05", 1950},
@@ -53,11 +47,11 @@ TEST_F(DateTime, TextsAreReadInTheOrderOfTheFormat) {
       {"d/m/yy", '.', "5.3.2024", "5.3.24", 2024},
       {"mm/dd/yyyy", '-', "3-5-1999", "03-05-1999", 1999},
   };
-  for (const auto& c : cases) {
-    GetFormatSettings().ShortDateFormat = c.format;
-    GetFormatSettings().DateSeparator = c.separator;
-    EXPECT_EQ(StrToDate(c.text), EncodeDate(c.year, 3, 5)) << c.text;
-    EXPECT_EQ(DateToStr(StrToDate(c.text)), c.written);
+  for (const auto& [format, separator, text, written, year] : cases) {
+    GetFormatSettings().ShortDateFormat = format;
+    GetFormatSettings().DateSeparator = separator;
+    EXPECT_EQ(StrToDate(text), EncodeDate(year, 3, 5)) << text;
+    EXPECT_EQ(DateToStr(StrToDate(text)), written);
   }
   GetFormatSettings() = FormatSettings();
   for (const char* text : {"", "2024", "2024/3", "2024/3/5/", "2024/3/5 10:00", "2024-3-5", "2024/2/30",
