@@ -44,7 +44,7 @@ TEST_F(DateTime, TextsAreReadInTheOrderOfTheFormat) {
       {"yyyy/mm/dd", '/', "49/3/5", "2049/03/05", 2049},
       {"yyyy/mm/dd", '/', "50/3/5", "1950/03/05", 1950},
       {"yyyy/mm/dd", '/', "099/3/5", "0099/03/05", 99},
-      {"d/m/yy", '.', "5.3.2024", "5.3.24", 2024},
+      {"d/m/yy", '.', "5.3.2004", "5.3.04", 2004},
       {"mm/dd/yyyy", '-', "3-5-1999", "03-05-1999", 1999},
   };
   for (const auto& [format, separator, text, written, year] : cases) {
@@ -55,7 +55,7 @@ TEST_F(DateTime, TextsAreReadInTheOrderOfTheFormat) {
   }
   GetFormatSettings() = FormatSettings();
   for (const char* text : {"", "2024", "2024/3", "2024/3/5/", "2024/3/5 10:00", "2024-3-5", "2024/2/30",
-                           "0/0/0", "2024/-3/5", "99999999999999999999/1/1", "a/b/c", "2024/3/5x"})
+                           "0/0/0", "2024/-3/5", "4294969320/3/5", "a/b/c", "2024/3/5x"})
     EXPECT_EQ(MessageOf([&] { StrToDate(text); }), "'" + std::string(text) + "' is not a valid date");
 }
 

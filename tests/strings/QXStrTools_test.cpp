@@ -22,7 +22,9 @@ TEST(QXStrTools, SearchesSurviveTheWorstTexts) {
   EXPECT_EQ(At(half + "b", text, 1), -1);
   EXPECT_EQ(GetAt(half, text, 7), "") << "overlapping separators have nothing between them";
   const std::string knot = Replicate("a", 500) + "c" + Replicate("a", 500);
-  EXPECT_EQ(ReplaceAllStr(text + knot + knot, knot, "x", false), text + "xx");
+  const std::string end =
+      knot.substr(500);  // the last knot of text + knot + knot + end overlaps the one before
+  EXPECT_EQ(ReplaceAllStr(text + knot + knot + end, knot, "x", false), text + "xx" + end);
   EXPECT_EQ(ReplaceAllStr(text, "aa", "a", false), "a");
   EXPECT_EQ(ReplaceAllStr(text, "a", "ba", false), Replicate("b", 200000) + text);
 }
@@ -43,7 +45,7 @@ TEST(QXStrTools, SearchesAndReplacementsHaveTheirOddCases) {
   });
   ExpectEqual<std::string>({
       {GetAt("", "a,b", 2), "a,b"}, {GetAtLeft("", "a,b", 1), "a,b"}, {GetAtRight("", "a,b", 1), "a,b"},
-      {GetAt(",", "a,b", 0), ""}, {GetAt(",", "a,b", kMin), ""}, {GetAt(",", "ab", 0), "ab"},
+      {GetAt(",", "abc,d", 0), ""}, {GetAt(",", "abc,d", kMin), ""}, {GetAt(",", "ab", 0), "ab"},
       {ReplaceStr("Select a", "SELECT", "update", true), "update a"},
       {ReplaceAllStr("xAx", "x", "xx", false), "xxxAx"},  // what was put in is found again
   });
@@ -111,14 +113,16 @@ TEST(QXStrTools, BuffersAreCopiedUpToTheirNul) {
 
 TEST(QXStrTools, EncodedTextIsLaidOutAndGivenBack) {
   std::vector<std::uint32_t> draws(25, 0xFFFFFFFF);
-  std::fill_n(draws.begin(), 20, 0);
+  std::fill_n(draws.begin() + 1, 19, 0);
   std::string code;
   {
-    const FixedDraws lowestThenHighest(draws);
+    const FixedDraws fixed(draws);
     code = EDS("ab\xA4");
   }
-  // 5 * 32 + character, then 5 * 32 + key, then 3 + 32, then the multipliers.
-  EXPECT_EQ(code, "257258324" + Replicate("192", 17) + Replicate("241277269257274", 4) + "03555555");
+  // The first number drawn is 126, the others are 32: 5 * 126 + 'a', 5 * 32 + character; then with the key's
+  // characters; then 3 + 126 and the multipliers.
+  const std::string keyPart = "711277269257274" + Replicate("241277269257274", 3);
+  EXPECT_EQ(code, "727258324" + Replicate("192", 17) + keyPart + "12955555");
   EXPECT_EQ(DDS(code), "ab\xA4");
   EXPECT_NE(EDS("ab\xA4"), EDS("ab\xA4"));
 }
