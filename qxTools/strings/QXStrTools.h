@@ -78,8 +78,8 @@ QXTOOLS_API bool InList(std::string_view s, const TArrayString& list, bool caseS
 // --- Fields between separators -----------------------------------------------
 // With an empty separator, and where the separator does not occur, the result is `s`.
 
-/// Field `n` of `s`, from 1. Past the last field it is the last one; for 0 or less it is "".
-/// Each call reads `s` from its start: to take all the fields, split once instead.
+/// Field `n` of `s`, from 1. Past the last field it is the last one; for 0 or less, and between separators
+/// that overlap, it is "". Each call reads `s` from its start: to take all the fields, split once instead.
 QXTOOLS_API std::string GetAt(std::string_view sep, std::string_view s, Integer n);
 
 /// What stands before the n-th occurrence of `sep`; `s` when there is none.

@@ -32,7 +32,7 @@ TEST(FileStream, AWriterKeepsAllOthersOutAndReadersShare) {
     TFileStream writer(name, fmOpenWrite);
     EXPECT_THROW(TFileStream(name, fmOpenRead), EFOpenError);
     char byte;
-    EXPECT_EQ(MessageOf([&] { writer.ReadBuffer(&byte, 1); }), "Stream read error");
+    EXPECT_EQ(MessageOf([&] { writer.Read(&byte, 1); }), "Stream read error");
     writer.WriteBuffer("O", 1);
   }
   EXPECT_EQ(BytesOf(name), "Old");
