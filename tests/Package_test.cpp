@@ -3,6 +3,7 @@
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,7 +51,8 @@ TEST_F(Package, UnitsStartInTheirOrderAndStopInTheReverse) {
   traced.clear();
   Finalize();
   ASSERT_EQ(traced.size(), started.size());
-  for (std::size_t i = 0; i < started.size(); ++i) EXPECT_EQ(traced[i].first, started.rbegin()[i].first);
+  std::reverse(traced.begin(), traced.end());
+  for (std::size_t i = 0; i < started.size(); ++i) EXPECT_EQ(traced[i].first, started[i].first);
 }
 
 TEST_F(Package, StartsNestAndTheLastStopReleasesTheGlobals) {

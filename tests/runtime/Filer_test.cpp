@@ -14,11 +14,13 @@ class Blocks : public TPersistent {
  public:
   void DefineProperties(TFiler& filer) override {
     for (auto& [name, block] : blocks) {
-      const auto read = [&block](TStream* stream) {
+      const auto read = [&block = block](TStream* stream) {
         block.resize(static_cast<std::size_t>(stream->GetSize()));
         stream->ReadBuffer(block.data(), block.size());
       };
-      const auto write = [&block](TStream* stream) { stream->WriteBuffer(block.data(), block.size()); };
+      const auto write = [&block = block](TStream* stream) {
+        stream->WriteBuffer(block.data(), block.size());
+      };
       filer.DefineBinaryProperty(name, read, write, !block.empty());
     }
   }
