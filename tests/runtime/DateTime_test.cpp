@@ -33,9 +33,7 @@ TEST_F(DateTime, DaysCountFrom30December1899) {
   EXPECT_EQ(DecodeTime(45000 + 1.0 / 86400000), (TimeParts{0, 0, 0, 1}));
   for (const double bad : {2958466.0, -693594.5, 1e300, std::nan("")})
     EXPECT_THROW(DecodeDate(bad), EConvertError) << bad;
-  for (const auto& bad : {DateParts{2023, 2, 29}, DateParts{0, 1, 1}, DateParts{10000, 1, 1},
-                          DateParts{2024, 13, 1}, DateParts{2024, 4, 31}, DateParts{2024, 1, 0}})
-    EXPECT_THROW(EncodeDate(bad.Year, bad.Month, bad.Day), EConvertError) << bad.Year << '/' << bad.Month;
+  EXPECT_EQ(MessageOf([] { EncodeDate(2023, 2, 29); }), "Invalid argument to date encode");
 }
 
 TEST_F(DateTime, TextsAreReadInTheOrderOfTheFormat) {
@@ -54,8 +52,9 @@ TEST_F(DateTime, TextsAreReadInTheOrderOfTheFormat) {
     EXPECT_EQ(DateToStr(StrToDate(text)), written);
   }
   GetFormatSettings() = FormatSettings();
-  for (const char* text : {"", "2024", "2024/3", "2024/3/5/", "2024/3/5 10:00", "2024-3-5", "2024/2/30",
-                           "0/0/0", "2024/-3/5", "4294969320/3/5", "a/b/c", "2024/3/5x"})
+  for (const char* text :
+       {"", "2024", "2024/3", "2024/3/5/", "2024/3/5 10:00", "2024-3-5", "2023/2/29", "2024/13/1",
+        "2024/4/31", "2024/1/0", "10000/1/1", "0/0/0", "2024/-3/5", "4294969320/3/5", "a/b/c", "2024/3/5x"})
     EXPECT_EQ(MessageOf([&] { StrToDate(text); }), "'" + std::string(text) + "' is not a valid date");
 }
 
