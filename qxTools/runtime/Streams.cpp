@@ -90,17 +90,17 @@ void TMemoryStream::SetSize(std::int64_t size) {
 void TMemoryStream::CopyFrom(TStream& source, std::int64_t count) {
   if (&source == this) return TStream::CopyFrom(source, count);
   if (count < 0) RaiseRead();
-  const std::int64_t end = Place(position_, count);
   // Room for what the source has; beyond that it doubles, so a false count costs no more than the bytes that
   // came.
   std::int64_t room = Place(position_, source.GetSize() - source.GetPosition());
-  while (position_ < end) {
+  while (count > 0) {
     room = std::max({room, Place(position_, kPiece), Place(capacity_, capacity_)});
-    if (position_ >= capacity_ && !Reserve(std::min(end, room))) RaiseWrite();
+    if (position_ >= capacity_ && !Reserve(std::min(Place(position_, count), room))) RaiseWrite();
     FillGap();
-    const std::size_t piece = Length(std::min(end, capacity_) - position_);
+    const std::size_t piece = Length(std::min(count, capacity_ - position_));
     const std::size_t got = source.Read(memory_.get() + position_, piece);
     if (got == 0) RaiseRead();
+    count -= static_cast<std::int64_t>(got);
     position_ += static_cast<std::int64_t>(got);
     size_ = std::max(size_, position_);
   }

@@ -46,11 +46,12 @@ void ReadsWritesAndSeeks(TStream& stream) {
 }
 
 TEST(Streams, MemoryAndFileReadWriteAndSeekAlike) {
-  TMemoryStream memory;
+  TMemoryStream memory, other;
   ReadsWritesAndSeeks(memory);
   for (const std::int64_t place : {kFarthest - 9, kFarthest}) {
     memory.SetPosition(place);
     EXPECT_EQ(MessageOf([&] { Write(memory, "d"); }), "Stream write error");
+    EXPECT_EQ(MessageOf([&] { memory.CopyFrom(other, 1); }), "Stream write error");
   }
   EXPECT_EQ(memory.GetSize(), 5);
   const TemporaryFolder folder;
