@@ -1,5 +1,10 @@
 #include <qxTools/platform/FileStream.h>
 #include <qxTools/platform/Files.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include "support/Testing.h"
 
@@ -64,6 +69,42 @@ TEST(Files, LockedAndMissingFilesAreNamedWithTheReason) {
     EXPECT_THROW(SaveWholeFile(bad, ""), EFCreateError);
   for (const std::string& bad : {folder.Path(), std::string("a\0b", 3)})
     EXPECT_THROW(ReadWholeFile(bad), EFOpenError);
+}
+
+TEST(Files, AFullDiskLeavesTheOldFileWhole) {
+  const TemporaryFolder folder;
+  const std::string name = folder.Make("file", "old");
+  const auto saveOnALittleDisk = [&] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{5000, 5000};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::_Exit(MessageOf([&] { SaveWholeFile(name, std::string(100000, 'n')); }) == "Stream write error" ? 0
+                                                                                                         : 1);
+  };
+  EXPECT_EXIT(saveOnALittleDisk(), testing::ExitedWithCode(0), "");
+  EXPECT_EQ(BytesOf(name), "old");
+  EXPECT_EQ(FilesIn(folder.Path()), 1);
+}
+
+TEST(Files, AKilledSaveLeavesTheFileWholeOldOrWholeNew) {
+  const TemporaryFolder folder;
+  const std::string oldBytes(300000, 'o');
+  const std::string newBytes(400000, 'n');
+  const std::string name = folder.Make("file", oldBytes);
+  for (unsigned wait = 200; wait < 6000; wait += 97) {
+    const pid_t child = fork();
+    while (child == 0) {
+      SaveWholeFile(name, newBytes);
+      SaveWholeFile(name, oldBytes);
+    }
+    ASSERT_GT(child, 0);
+    usleep(wait);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const std::string bytes = BytesOf(name);
+    ASSERT_TRUE(bytes == oldBytes || bytes == newBytes)
+        << "after " << wait << ": " << bytes.size() << " bytes";
+  }
 }
 
 }  // namespace
