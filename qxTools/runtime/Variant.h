@@ -70,6 +70,16 @@ class QXTOOLS_API Variant {
   // --- Making one ------------------------------------------------------------------------------------
   /// Empty: no value was assigned.
   Variant() noexcept = default;
+  Variant(const Variant&) = default;
+  Variant(Variant&&) noexcept = default;
+  /// The contents go first: without memory for them the value stays as it was.
+  Variant& operator=(const Variant& other) {
+    value_ = other.value_;
+    type_ = other.type_;
+    return *this;
+  }
+  Variant& operator=(Variant&&) noexcept = default;
+  ~Variant() = default;
   /// For bool itself, so that no pointer turns into one on the way.
   template <std::same_as<bool> T>
   Variant(T value) : type_(varBoolean), value_(std::int64_t{value}) {}

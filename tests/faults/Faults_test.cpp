@@ -359,6 +359,15 @@ TEST_P(Living, EndsWithoutMemoryAndLeavesNone) {
   }
 }
 
+// --- Assigning -----------------------------------------------------------------------------------------
+
+TEST(Assigning, TakesAllOrLeavesAllAsItWas) {
+  const Variant text = kLongText;
+  Variant value = 5;
+  test::RunFailing(Fault::kMemory, 1, [&] { value = text; });
+  EXPECT_EQ(value, Variant(5));
+}
+
 template <class Param>
 std::string NameOf(const testing::TestParamInfo<Param>& param) {
   return param.param.name;
