@@ -52,7 +52,10 @@ void TQXValueList::Grow(Integer index) {
   }
 }
 
-void TQXValueList::SetItem(Integer Index, const TValueRecord& Record) { *GetItem(Index) = Record; }
+void TQXValueList::SetItem(Integer Index, const TValueRecord& Record) {
+  TValueRecord copy = Record;  // first, since it takes memory
+  *GetItem(Index) = std::move(copy);
+}
 
 void TQXValueList::Insert(Integer Index, const TValueRecord* Record) {
   FRecords.Insert(Index, std::make_unique<TValueRecord>(*Record));

@@ -362,10 +362,18 @@ TEST_P(Living, EndsWithoutMemoryAndLeavesNone) {
 // --- Assigning -----------------------------------------------------------------------------------------
 
 TEST(Assigning, TakesAllOrLeavesAllAsItWas) {
-  const Variant text = kLongText;
+  const QXValueTools::TValueRecord record("new", kLongText);
   Variant value = 5;
-  test::RunFailing(Fault::kMemory, 1, [&] { value = text; });
+  test::RunFailing(Fault::kMemory, 1, [&] { value = record.Value; });
   EXPECT_EQ(value, Variant(5));
+  for (const Integer place : {0, 2}) {
+    QXValueTools::TQXValueList list;
+    list.SetValue("old", 5);
+    for (long n = 1; test::RunFailing(Fault::kMemory, n, [&] { list.SetItem(place, record); }).raised; ++n) {
+      EXPECT_EQ(list.GetCount(), 1) << n;
+      EXPECT_EQ(list.GetItem(0)->Name, "old") << n;
+    }
+  }
 }
 
 template <class Param>
