@@ -75,7 +75,7 @@ TQXCustomStore::~TQXCustomStore() = default;
 
 void TQXCustomStore::Changed(TObject*) {
   FModified = true;
-  if (FOnChange) FOnChange(this);
+  if (const TNotifyEvent event = FOnChange) event(this);  // a copy: the handler may set another
 }
 
 bool TQXCustomStore::Equals(TQXCustomStore* Other) {
@@ -95,7 +95,7 @@ void TQXCustomStore::WriteData(TStream* Stream) { SaveToStream(Stream); }
 
 void TQXCustomStore::Progress(TObject* Sender, TProgressStage Stage, std::uint8_t PercentDone, bool RedrawNow,
                               const TRect& R, const std::string& Msg) {
-  if (FOnProgress) FOnProgress(Sender, Stage, PercentDone, RedrawNow, R, Msg);
+  if (const TProgressEvent event = FOnProgress) event(Sender, Stage, PercentDone, RedrawNow, R, Msg);
 }
 
 void TQXCustomStore::LoadFromFile(const std::string& FileName) {

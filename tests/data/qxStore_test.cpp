@@ -118,7 +118,13 @@ TEST(qxStore, EventsNameTheStoreAndPassProgressOn) {
   store.SetComment("x");
   EXPECT_FALSE(store.GetModified());
   store.Progress(&other, psRunning, 200, true, {1, 2, 3, 4}, "half");
-  EXPECT_EQ(events, "change|change|half");
+  store.SetOnChange([&](TObject*) {
+    store.SetOnChange({});
+    events += "|once";
+  });
+  store.Changed(nullptr);
+  store.Changed(nullptr);
+  EXPECT_EQ(events, "change|change|half|once");
 }
 
 TEST(qxStore, AComponentFileHoldsWhatDiffersFromTheAncestor) {
