@@ -11,19 +11,15 @@
 namespace qxTools::test {
 
 enum class Fault { kMemory, kSystem, kFullDisk };
+enum class Error { kNone, kMemory, kStream, kOther };
 
 struct Outcome {
-  bool reached = false;  ///< there was an n-th call, and it failed
-  bool raised = false;   ///< `call` ended with an exception
-  bool badAlloc = false;
-  bool streamError = false;
+  bool reached;  ///< there was an n-th call, and it failed
+  Error error;   ///< what `call` ended with
 };
 
 /// Runs `call` while its n-th (from 1) request of that kind fails: out of memory, with EIO, or, from the n-th
 /// on, with ENOSPC.
 Outcome RunFailing(Fault fault, long n, const std::function<void()>& call);
-
-/// The blocks of operator new that are in use.
-long BlocksInUse();
 
 }  // namespace qxTools::test
