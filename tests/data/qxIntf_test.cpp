@@ -18,11 +18,15 @@ class Watched : public TSafeInterfacedObject {
   bool& gone_;
 };
 
-TEST(qxIntf, OnlyAReleaseWhileUnlockedDestroys) {
+TEST(qxIntf, ReferencesLockAndOnlyAReleaseWhileUnlockedDestroys) {
   bool gone = false;
   auto* const object = new Watched(gone);
-  EXPECT_EQ(object->GetLocked(), 0);
-  for (int i = 0; i < 2; ++i) {
+  const GUID unknown = MakeGuid("185AAE8D-8541-4801-B0D1-D5D3B47B30BE");
+  for (const GUID& iid : {unknown, GUID{}, IInterface::IID}) {
+    void* found = &gone;
+    EXPECT_EQ(object->QueryInterface(iid, &found), iid == unknown ? E_NOINTERFACE : S_OK);
+    EXPECT_EQ(found, iid == unknown ? nullptr : static_cast<ISafeInterface*>(object));
+    EXPECT_EQ(object->GetLocked(), iid == unknown ? 0 : -1);
     EXPECT_EQ(object->_AddRef(), -1);
     for (int release = 0; release < 3; ++release) EXPECT_EQ(object->_Release(), -1);
     EXPECT_EQ(object->GetLocked(), -1);
@@ -32,20 +36,6 @@ TEST(qxIntf, OnlyAReleaseWhileUnlockedDestroys) {
   EXPECT_FALSE(gone);
   EXPECT_EQ(object->_Release(), -1);
   EXPECT_TRUE(gone);
-}
-
-TEST(qxIntf, AQueryLocksOnlyWhenItFinds) {
-  bool gone = false;
-  Watched object(gone);
-  void* const self = static_cast<ISafeInterface*>(&object);
-  const GUID unknown = MakeGuid("185AAE8D-8541-4801-B0D1-D5D3B47B30BE");
-  for (const GUID& iid : {unknown, GUID{}, IInterface::IID}) {
-    void* found = &gone;
-    EXPECT_EQ(object.QueryInterface(iid, &found), iid == unknown ? E_NOINTERFACE : S_OK);
-    EXPECT_EQ(found, iid == unknown ? nullptr : self);
-    EXPECT_EQ(object.GetLocked(), iid == unknown ? 0 : -1);
-    object.UnLock();
-  }
   EXPECT_EQ(SlotOf(&ISafeInterface::GetLocked), 3U);
   EXPECT_EQ(SlotOf(&ISafeInterface::UnLock), 4U);
 }
