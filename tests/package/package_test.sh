@@ -15,7 +15,6 @@ quietly() { "$@" >"$work/log" 2>&1 || { cat "$work/log" >&2; die "failed: $*"; }
 
 expected="'O''Neil'
 TreeNode Not Opend.
-red
 same"
 # runs NAME COMMAND...: the consumer must print what it should.
 runs() {
