@@ -227,13 +227,6 @@ const Life kLives[] = {
        packet.LoadFromOle(travelling);
        packet.GetSqlValue(u"Three");
      }},
-    {"ValueList",
-     [] {
-       QXValueTools::TQXValueList values;
-       values.SetValue("Name", kLongText);
-       values.SetValue("Other", 1);
-       values.GetValue("Name");
-     }},
     // The value that is opened as a record, and the section that is deleted, leave pairs to be kept.
     {"Settings",
      [] {
