@@ -195,69 +195,60 @@ TEST_P(Files, AreLoadedOrLeaveTheOldContentsAndCanBeTriedAgain) {
 
 // --- Living --------------------------------------------------------------------------------------------
 
-/// A short life of an object, from its making to its end.
-struct Life {
-  const char* name;
-  void (*live)();
-};
-
-const Life kLives[] = {
-    {"Command",
-     [] {
-       QXSqlTools::TQXSQL command;
-       command.GetInLines().SetText("a = @Name_that_is_long_enough_for_memory and b = @B /* c */");
-       command.GetParams().SetItemsValue("@B", kLongText);
-       command.GetOutLines();
-     }},
-    {"StatementSet",
-     [] {
-       qxSqlStoreProc::TQXSqlStoreProc set;
-       set.LoadStoreProc(u"select * from [$Table] where a = @MM_Name_that_is_long_enough /* c */");
-       set.SetValue("@MM_Name_that_is_long_enough", kLongText);
-       set.SetValue("$Table", kLongText);
-       set.GetStoreProc();
-       set.LoadParams(u"@a Int , @b Varchar(20)");
-     }},
-    {"Packet",
-     [] {
-       qxOleVariant::TQXOleVariant packet;
-       for (const char16_t* name : {u"One", u"Two", u"Three"}) packet.SetValue(name, kLongText);
-       Variant travelling;
-       packet.SaveToOle(travelling);
-       packet.LoadFromOle(travelling);
-       packet.GetSqlValue(u"Three");
-     }},
+/// Short lives of objects, from their making to their end.
+void (*const kLives[])() = {
+    [] {
+      QXSqlTools::TQXSQL command;
+      command.GetInLines().SetText("a = @Name_that_is_long_enough_for_memory and b = @B /* c */");
+      command.GetParams().SetItemsValue("@B", kLongText);
+      command.GetOutLines();
+    },
+    [] {
+      qxSqlStoreProc::TQXSqlStoreProc set;
+      set.LoadStoreProc(u"select * from [$Table] where a = @MM_Name_that_is_long_enough /* c */");
+      set.SetValue("@MM_Name_that_is_long_enough", kLongText);
+      set.SetValue("$Table", kLongText);
+      set.GetStoreProc();
+      set.LoadParams(u"@a Int , @b Varchar(20)");
+    },
+    [] {
+      qxOleVariant::TQXOleVariant packet;
+      for (const char16_t* name : {u"One", u"Two", u"Three"}) packet.SetValue(name, kLongText);
+      Variant travelling;
+      packet.SaveToOle(travelling);
+      packet.LoadFromOle(travelling);
+      packet.GetSqlValue(u"Three");
+    },
     // The value that is opened as a record, and the section that is deleted, leave pairs to be kept.
-    {"Settings",
-     [] {
-       qxIniTools::TQXIniFile settings;
-       settings.SetText(kSettings);
-       settings.SetRootKey("Main");
-       settings.OpenKey(2);
-       settings.SetValue("Below", kLongText);
-       settings.SetRootKey("Other");
-       settings.AppendKey();
-       settings.SetValue("Mode", kLongText);
-       settings.DeleteRootKey("Other");
-       settings.SetValue("Mode", kLongText);
-     }},
-    {"Tree",
-     [] {
-       qxTreeList::TQXTreeNodes tree(0);
-       tree.OpenRootNode();
-       for (int i = 0; i < 40; ++i) tree.OpenTreeNode(tree.Add()->Key);
-     }},
+    [] {
+      qxIniTools::TQXIniFile settings;
+      settings.SetText(kSettings);
+      settings.SetRootKey("Main");
+      settings.OpenKey(2);
+      settings.SetValue("Below", kLongText);
+      settings.SetRootKey("Other");
+      settings.AppendKey();
+      settings.SetValue("Mode", kLongText);
+      settings.DeleteRootKey("Other");
+      settings.SetValue("Mode", kLongText);
+    },
+    [] {
+      qxTreeList::TQXTreeNodes tree(0);
+      tree.OpenRootNode();
+      for (int i = 0; i < 40; ++i) tree.OpenTreeNode(tree.Add()->Key);
+    },
 };
 
-class Living : public testing::TestWithParam<Life> {};
-
-TEST_P(Living, EndsWithoutMemory) {
-  GetParam().live();  // what is made once stays
-  ForEachCall([](long n) {
-    const Outcome outcome = RunFailing(Fault::kMemory, n, GetParam().live);
-    EXPECT_TRUE(outcome.error == Error::kNone || (outcome.reached && outcome.error == Error::kMemory));
-    return outcome.reached;
-  });
+TEST(Living, EndsWithoutMemory) {
+  for (std::size_t i = 0; i < std::size(kLives); ++i) {
+    SCOPED_TRACE(i);
+    kLives[i]();  // what is made once stays
+    ForEachCall([&](long n) {
+      const Outcome outcome = RunFailing(Fault::kMemory, n, kLives[i]);
+      EXPECT_TRUE(outcome.error == Error::kNone || (outcome.reached && outcome.error == Error::kMemory));
+      return outcome.reached;
+    });
+  }
 }
 
 // --- Assigning -----------------------------------------------------------------------------------------
@@ -287,12 +278,7 @@ TEST(Assigning, TakesAllOrLeavesAllAsItWas) {
     });
 }
 
-template <class Param>
-std::string NameOf(const testing::TestParamInfo<Param>& param) {
-  return param.param.name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Faults, Files, testing::ValuesIn(kFormats), NameOf<Format>);
-INSTANTIATE_TEST_SUITE_P(Faults, Living, testing::ValuesIn(kLives), NameOf<Life>);
+INSTANTIATE_TEST_SUITE_P(Faults, Files, testing::ValuesIn(kFormats),
+                         [](const auto& param) { return std::string(param.param.name); });
 
 }  // namespace

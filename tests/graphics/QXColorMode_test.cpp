@@ -61,7 +61,6 @@ TEST(QXColorMode, HuesOutsideTheCircle) {
 TEST(QXColorMode, HLSDividesByZeroOnlyWhereItIsTold) {
   for (const Three& rgb : {Three{2, 0, 0}, Three{1, 0, -1}})
     EXPECT_EQ(MessageOf([&] { Convert(RGBtoHLS, rgb); }), "Division by zero");
-  EXPECT_THROW(HLS(TColor{0x000200}), EDivByZero);
   EXPECT_EQ(HLS(TColor{0x010101}).L, 1);
 }
 
