@@ -3,6 +3,7 @@
 # Debian packages put into a folder. Wants what scripts/package has built.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
+. "$root/scripts/packages.sh"
 here=$root/tests/package
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -11,16 +12,10 @@ die() {
   echo "package_test: $*" >&2
   exit 1
 }
-quietly() { "$@" >"$work/log" 2>&1 || { cat "$work/log" >&2; die "failed: $*"; }; }
 
-expected="'O''Neil'
-TreeNode Not Opend.
-same"
-# runs NAME COMMAND...: the consumer must print what it should.
+# runs COMMAND...: the consumer must print what it should.
 runs() {
-  local name=$1
-  shift
-  [ "$("$@")" = "$expected" ] || die "$name prints: $("$@")"
+  diff <(printf '%s\n' "'O''Neil'" "TreeNode Not Opend." same) <("$@") >&2 || die "other lines from $*"
 }
 
 # --- The interface ---
@@ -38,7 +33,7 @@ libraries=$(dirname "$(find "$prefix" -name libqxTools.so)")
 consumer() {
   quietly cmake -S "$here/consumer" -B "$work/$1" -DCMAKE_PREFIX_PATH="$prefix" -DKIND="$1" -DDESKTOP="$2"
   quietly cmake --build "$work/$1"
-  runs "consumer, $1" "$work/$1/consumer"
+  runs "$work/$1/consumer"
 }
 desktop=OFF
 [ -z "$(find "$prefix" -name libqxTools-desktop.so)" ] || desktop=ON
@@ -50,7 +45,7 @@ consumer static OFF
 export PKG_CONFIG_PATH=$libraries/pkgconfig
 # shellcheck disable=SC2046
 quietly g++ -std=c++20 "$here/consumer/consumer.cpp" $(pkg-config --cflags --libs qxtools) -o "$work/plain"
-runs "consumer, pkg-config" env LD_LIBRARY_PATH="$libraries" "$work/plain"
+runs env LD_LIBRARY_PATH="$libraries" "$work/plain"
 
 # Every installed header, with no other folder in sight.
 (cd "$prefix/include" && find qxTools -name '*.h' ! -path '*/desktop/*' -printf '#include <%p>\n') >"$work/all.cpp"
