@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <qxTools/runtime/Exceptions.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -20,6 +21,7 @@ constexpr std::size_t kDiskBlock = 512;  // written whole or not at all
 Fault kind = Fault::kMemory;
 long callsLeft = 0;  // 0: nothing fails
 bool reached = false;
+bool flush = false;
 
 bool Fails(Fault fault) {
   if (callsLeft == 0 || fault != kind || --callsLeft > 0) return false;
@@ -55,11 +57,11 @@ Error ErrorOf(const std::function<void()>& call) {
 
 Outcome RunFailing(Fault fault, long n, const std::function<void()>& call) {
   kind = fault;
-  reached = false;
+  reached = flush = false;
   callsLeft = n;
   const Error error = ErrorOf(call);
   callsLeft = 0;
-  return {reached, error};
+  return {reached, flush, error};
 }
 
 }  // namespace qxTools::test
@@ -111,7 +113,12 @@ ssize_t write(int fd, const void* bytes, std::size_t count) {
   return -1;
 }
 
-int fsync(int fd) { return Fails(Fault::kSystem) ? -1 : Real<int>("fsync", fd); }
+int fsync(int fd) {
+  if (!Fails(Fault::kSystem)) return Real<int>("fsync", fd);
+  struct stat info {};
+  flush = fstat(fd, &info) == 0 && S_ISREG(info.st_mode);
+  return -1;
+}
 
 int ftruncate64(int fd, off64_t size) noexcept {
   return Fails(Fault::kSystem) ? -1 : Real<int>("ftruncate64", fd, size);

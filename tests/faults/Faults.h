@@ -15,6 +15,7 @@ enum class Error { kNone, kMemory, kStream, kOther };
 
 struct Outcome {
   bool reached;  ///< there was an n-th call, and it failed
+  bool flush;    ///< that call was the flush of a file's bytes
   Error error;   ///< what `call` ended with
 };
 

@@ -135,6 +135,8 @@ const Format kFormats[] = {
      }},
 };
 
+void PrintTo(const Format& format, std::ostream* out) { *out << format.name; }
+
 class Files : public testing::TestWithParam<Format> {
  protected:
   /// @return how `call` ended, which is as stated and leaves no file open.
@@ -145,6 +147,7 @@ class Files : public testing::TestWithParam<Format> {
     const bool stated = outcome.error == Error::kNone || (outcome.error == Error::kMemory && memory) ||
                         (outcome.error == Error::kStream && (!memory || GetParam().hasMemoryStream));
     EXPECT_TRUE(stated && (outcome.reached || outcome.error == Error::kNone));
+    EXPECT_TRUE(!outcome.flush || outcome.error == Error::kStream);
     EXPECT_EQ(OpenFiles(), openFiles);
     return outcome;
   }
