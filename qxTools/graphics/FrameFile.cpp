@@ -36,6 +36,12 @@ bool FileExists(const std::string& fileName) {
   return std::filesystem::exists(fileName, ignored) && !std::filesystem::is_directory(fileName, ignored);
 }
 
+/// Removes what a symbolic link names, not the link.
+void RemoveFile(const std::string& fileName) {
+  std::error_code ignored;
+  std::filesystem::remove(std::filesystem::canonical(fileName, ignored), ignored);
+}
+
 void CheckExists(const std::string& fileName) {
   if (!FileExists(fileName)) throw Exception(fileName + " File not found!");
 }
@@ -165,10 +171,16 @@ void PaintCorner(TCanvas& canvas, Integer left, Integer top, const TBitmap& corn
 void SaveDWF(const std::string& FileName, const TFrameBitmaps& Bitmaps) {
   const std::string stripName = StripName(FileName);
   if (stripName == FileName) return SaveStrip(stripName, Bitmaps);
-  const FrameBytes bytes = BytesOf(Bitmaps);
-  TFileStream file(FileName, FileExists(FileName) ? fmOpenWrite : fmCreate);
-  SaveStrip(stripName, Bitmaps);
-  file.WriteBuffer(bytes.data(), bytes.size());
+  const bool isNew = !FileExists(FileName);
+  TFileStream file(FileName, isNew ? fmCreate : fmOpenWrite);
+  try {
+    SaveStrip(stripName, Bitmaps);
+    const FrameBytes bytes = BytesOf(Bitmaps);
+    file.WriteBuffer(bytes.data(), bytes.size());
+  } catch (...) {
+    if (isNew) RemoveFile(FileName);
+    throw;
+  }
 }
 
 void LoadDWF(const std::string& FileName, TFrameBitmaps& Bitmaps) {

@@ -116,9 +116,10 @@ using TFrameBitmaps = std::array<TBitmap, 9>;
 ///
 /// The frame file is opened, or made, first, so that what is wrong with it changes nothing. Then the bitmap
 /// file is written, whole or not at all, and last the first 76 bytes of the frame file in one write: a crash
-/// can leave a pair that does not match only between these two. On purpose: what an older, longer frame file
-/// has behind the 76 bytes stays, and a frame file that itself ends in ".bmp" ends up as the bitmap file.
-/// @throws EFOpenError, EFCreateError, EWriteError.
+/// can leave a pair that does not match only between these two. A new frame file is removed again when saving
+/// fails. On purpose: what an older, longer frame file has behind the 76 bytes stays, and a frame file that
+/// itself ends in ".bmp" ends up as the bitmap file.
+/// @throws EFOpenError, EFCreateError, EWriteError; std::bad_alloc.
 QXTOOLS_API void SaveDWF(const std::string& FileName, const TFrameBitmaps& Bitmaps);
 
 /// Reads what SaveDWF wrote. A recorded size below 0 counts as 0, and a piece with a side of 0 is empty. A

@@ -270,12 +270,13 @@ TEST(qxDrawTools, OnlyTheNamesOwnExtensionIsReplaced) {
 }
 
 TEST(qxDrawTools, SavingThatFailsLeavesThePairAsItWas) {
-  for (const auto& [file, folderName] : {std::pair("a.dw1", "a.bmp"), {"a.bmp", "a.dw1"}}) {
+  for (const auto& [file, folderName] : {std::pair("a.dw1", "a.bmp"), {"a.bmp", "a.dw1"}, {"b", "a.bmp"}}) {
     const TemporaryFolder folder;
     folder.Make(file, "old");
     std::filesystem::create_directory(folder.File(folderName));
     EXPECT_THROW(SaveDWF(folder.File("a.dw1"), TFrameBitmaps()), EFCreateError);
     EXPECT_EQ(BytesOf(folder.File(file)), "old");
+    EXPECT_EQ(std::filesystem::exists(folder.File("a.dw1")), file[0] == 'a');
   }
 }
 
