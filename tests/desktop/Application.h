@@ -6,13 +6,19 @@
 
 namespace qxTools::test {
 
-/// Tests that run in a program with an application object.
-class WithApplication : public testing::Test {
+/// An application object that needs no arguments.
+class Application {
  private:
   int count_ = 1;
   char name_[5] = "test";
   char* arguments_[2] = {name_, nullptr};
   QApplication application_{count_, arguments_};
+};
+
+/// Tests that run in a program with an application object.
+class WithApplication : public testing::Test {
+ private:
+  Application application_;
 };
 
 }  // namespace qxTools::test

@@ -5,7 +5,7 @@
 #include <QtGui/QImage>
 #include <QtGui/QPicture>
 #include <QtGui/QPixmap>
-#include <QtWidgets/QApplication>
+#include <QtGui/QRasterWindow>
 #include <QtWidgets/QWidget>
 
 #include "desktop/Application.h"
@@ -170,6 +170,28 @@ TEST_F(QtCanvasTest, TextIsReadByTheLibrarysTableInTheCanvassFont) {
   large.setPixelSize(3 * canvas.TextHeight(""));
   canvas.SetFont(large);
   EXPECT_EQ(canvas.TextHeight(""), QFontMetrics(large).height());
+}
+
+TEST(QtCanvas, TheBoundsOfAWindowAreLogical) {
+  class Window : public QRasterWindow {
+   public:
+    TRect bounds;
+
+   private:
+    struct Canvas : QtCanvas {
+      using QtCanvas::GetBounds;
+      using QtCanvas::QtCanvas;
+    };
+    void paintEvent(QPaintEvent*) override { bounds = Canvas(*this).GetBounds(); }
+  };
+  qputenv("QT_SCALE_FACTOR", "2");
+  const Application application;
+  qunsetenv("QT_SCALE_FACTOR");
+  Window window;
+  window.resize(100, 50);
+  window.show();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.bounds, (TRect{0, 0, 100, 50}));
 }
 
 TEST(QtCanvas, TextWithoutAnApplicationObjectIsAnError) {

@@ -4,6 +4,7 @@
 #include <qxTools/runtime/Exceptions.h>
 
 #include <QtGui/QImage>
+#include <QtGui/QPaintDeviceWindow>
 #include <cmath>
 
 namespace qxTools::desktop {
@@ -13,10 +14,12 @@ namespace {
 /// A recording has no sides of its own; this is what a page or screen may need.
 constexpr TRect kRecordingBounds{0, 0, 32767, 32767};
 
-/// Widgets tell their size in logical pixels, all else in the device's own.
+/// Widgets and windows tell their size in logical pixels, all else in the device's own.
 TRect BoundsOf(const QPaintDevice& surface) {
   if (surface.devType() == QInternal::Picture) return kRecordingBounds;
-  const double ratio = surface.devType() == QInternal::Widget ? 1 : surface.devicePixelRatioF();
+  const bool isWindow = dynamic_cast<const QPaintDeviceWindow*>(&surface) != nullptr;
+  const double ratio =
+      isWindow || surface.devType() == QInternal::Widget ? 1 : surface.devicePixelRatioF();
   const auto logical = [ratio](int size) { return static_cast<Integer>(std::ceil(size / ratio)); };
   return {0, 0, logical(surface.width()), logical(surface.height())};
 }
