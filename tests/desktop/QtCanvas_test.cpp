@@ -172,6 +172,17 @@ TEST_F(QtCanvasTest, TextIsReadByTheLibrarysTableInTheCanvassFont) {
   EXPECT_EQ(canvas.TextHeight(""), QFontMetrics(large).height());
 }
 
+TEST_F(QtCanvasTest, PointsAreThoseOfTheSurface) {
+  QImage page = QtPaper(8, 8);
+  page.setDotsPerMeterX(10000);
+  page.setDotsPerMeterY(10000);
+  QtCanvas canvas(page);
+  const Integer before = canvas.TextHeight("");
+  EXPECT_GT(before, QFontMetrics(QFont()).height());
+  canvas.SetFont(QFont());
+  EXPECT_EQ(canvas.TextHeight(""), before);
+}
+
 TEST(QtCanvas, TheBoundsOfAWindowAreLogical) {
   class Window : public QRasterWindow {
    public:

@@ -34,6 +34,8 @@ QtCanvas::QtCanvas(QPaintDevice& surface) {
 
 QtCanvas::~QtCanvas() = default;
 
+void QtCanvas::SetFont(const QFont& font) { font_ = QFont(font, painter_.device()); }
+
 Integer QtCanvas::TextWidth(std::string_view text) { return MeasureGlyphs(font_, text).X; }
 
 Integer QtCanvas::TextHeight(std::string_view text) { return MeasureGlyphs(font_, text).Y; }

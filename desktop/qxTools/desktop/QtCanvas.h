@@ -24,7 +24,8 @@ class QXTOOLS_DESKTOP_API QtCanvas : public TCanvas {
   ~QtCanvas() override;
 
   const QFont& GetFont() const { return font_; }
-  void SetFont(const QFont& font) { font_ = font; }
+  /// Points are those of the surface: on a printer's page they have more pixels than on the screen.
+  void SetFont(const QFont& font);
 
   /// @throws Exception "No application object".
   Integer TextWidth(std::string_view text) override;
