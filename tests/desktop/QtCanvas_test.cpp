@@ -7,6 +7,7 @@
 #include <QtGui/QPixmap>
 #include <QtGui/QRasterWindow>
 #include <QtWidgets/QWidget>
+#include <cmath>
 
 #include "desktop/Application.h"
 #include "support/Picture.h"
@@ -20,37 +21,43 @@ using desktop::QtCanvas;
 
 QRgb PaperColor() { return qRgb(0xFF, 0xFF, 0x80); }
 
-QImage QtPaper(Integer width, Integer height, int ratio = 1) {
-  QImage image(width * ratio, height * ratio, QImage::Format_RGB32);
+constexpr Integer kSide = 32;
+
+/// The first of the surface's pixels that a logical pixel has.
+int Edge(Integer place, double ratio) { return static_cast<int>(std::floor(place * ratio + 0.5)); }
+
+QImage QtPaper(Integer width, Integer height, double ratio = 1) {
+  QImage image(Edge(width, ratio), Edge(height, ratio), QImage::Format_RGB32);
   image.setDevicePixelRatio(ratio);
   image.fill(PaperColor());
   return image;
 }
 
 /// The picture's letters; with a ratio above 1 every pixel must be a block of equal ones.
-std::string TextOf(const QImage& image, int ratio = 1) {
+std::string TextOf(const QImage& image, double ratio = 1) {
   std::string text;
-  for (int y = 0; y < image.height(); y += ratio) {
-    for (int x = 0; x < image.width(); x += ratio) {
-      const QRgb pixel = image.pixel(x, y);
-      bool even = true;
-      for (int i = 0; i < ratio * ratio; ++i)
-        even = even && image.pixel(x + i % ratio, y + i / ratio) == pixel;
+  for (Integer y = 0; Edge(y, ratio) < image.height(); ++y) {
+    for (Integer x = 0; Edge(x, ratio) < image.width(); ++x) {
+      const QRect block(QPoint(Edge(x, ratio), Edge(y, ratio)),
+                        QPoint(Edge(x + 1, ratio) - 1, Edge(y + 1, ratio) - 1));
+      const QRgb pixel = image.pixel(block.topLeft());
+      QImage even(block.size(), image.format());
+      even.fill(pixel);
       const auto color = static_cast<TColor>(qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16);
-      text += even ? LetterOf(color) : '#';
+      text += image.copy(block) == even ? LetterOf(color) : '#';
     }
     text += '\n';
   }
   return text;
 }
 
-/// Random lines, polygons, fills and copies, the same for the same seed.
-void DrawAtRandom(TCanvas& canvas, unsigned seed) {
+/// Random lines, polygons, fills and copies of `stamp`, the same for the same seed.
+void DrawAtRandom(TCanvas& canvas, unsigned seed, const char* stamp = "012\n345\n") {
   std::mt19937 random(seed);
   const auto place = [&random] { return static_cast<Integer>(random() % 60) - 15; };
   const auto rect = [&place] { return TRect{place(), place(), place(), place()}; };
-  TBitmap stamp;
-  Paint(stamp, "012\n345\n");
+  TBitmap bitmap;
+  Paint(bitmap, stamp);
   for (int i = 0; i < 8; ++i) {
     canvas.SetPenColor(kInks[random() % std::size(kInks)].color);
     canvas.SetBrushColor(kInks[random() % std::size(kInks)].color);
@@ -58,15 +65,16 @@ void DrawAtRandom(TCanvas& canvas, unsigned seed) {
     canvas.Polygon(corners);
     canvas.LineTo(place(), place());
     canvas.FillRect(rect());
-    canvas.CopyRect(rect(), stamp, rect());
-    canvas.CopyRect(rect(), stamp);
+    canvas.CopyRect(rect(), bitmap, rect());
+    canvas.CopyRect(rect(), bitmap);
   }
 }
 
-/// What DrawAtRandom gives on a bitmap of 30 x 30.
-std::string TextOfRandom(unsigned seed) {
-  Paper paper(30, 30);
-  DrawAtRandom(paper.GetCanvas(), seed);
+/// What that gives on the core's own canvas.
+template <class... Stamp>
+std::string TextOfRandom(unsigned seed, Stamp... stamp) {
+  Paper paper(kSide, kSide);
+  DrawAtRandom(paper.GetCanvas(), seed, stamp...);
   return TextOf(paper);
 }
 
@@ -88,11 +96,13 @@ class QtCanvasTest : public WithApplication {};
 
 TEST_F(QtCanvasTest, RandomPicturesAreThoseOfTheCore) {
   for (unsigned seed = 0; seed < 100; ++seed)
-    for (const int ratio : {1, 2, 3}) {
-      QImage image = QtPaper(30, 30, ratio);
+    for (const double ratio : {1., 1.25, 1.5, 1.75, 2., 3.}) {
+      // At a broken ratio bitmaps are stretched by the toolkit.
+      const char* const stamp = ratio == std::floor(ratio) ? "012\n345\n" : "0\n";
+      QImage image = QtPaper(kSide, kSide, ratio);
       QtCanvas canvas(image);
-      DrawAtRandom(canvas, seed);
-      ASSERT_EQ(TextOf(image, ratio), TextOfRandom(seed)) << "seed " << seed << " at ratio " << ratio;
+      DrawAtRandom(canvas, seed, stamp);
+      ASSERT_EQ(TextOf(image, ratio), TextOfRandom(seed, stamp)) << "seed " << seed << " at ratio " << ratio;
     }
 }
 
@@ -101,13 +111,13 @@ TEST_F(QtCanvasTest, EveryKindOfSurfaceCanBePainted) {
     QtCanvas canvas(surface);
     DrawAtRandom(canvas, 1);
   };
-  QPixmap pixmap = QPixmap::fromImage(QtPaper(30, 30));
+  QPixmap pixmap = QPixmap::fromImage(QtPaper(kSide, kSide));
   draw(pixmap);
   EXPECT_EQ(TextOf(pixmap.toImage()), TextOfRandom(1));
 
   QPicture picture;
   draw(picture);
-  QImage played = QtPaper(30, 30);
+  QImage played = QtPaper(kSide, kSide);
   QPainter(&played).drawPicture(0, 0, picture);
   EXPECT_EQ(TextOf(played), TextOfRandom(1));
 
@@ -119,7 +129,7 @@ TEST_F(QtCanvasTest, EveryKindOfSurfaceCanBePainted) {
       DrawAtRandom(canvas, 1);
     }
   } form;
-  form.resize(30, 30);
+  form.resize(kSide, kSide);
   EXPECT_EQ(TextOf(form.grab().toImage()), TextOfRandom(1));
 }
 
@@ -132,13 +142,13 @@ TEST_F(QtCanvasTest, ASurfaceThatIsBeingPaintedIsRefused) {
 TEST_F(QtCanvasTest, GlyphsStayInTheClip) {
   ASSERT_TRUE(QFontDatabase::families(QFontDatabase::TraditionalChinese).size() > 0)
       << "a Chinese font is needed: package fonts-wqy-microhei";
-  for (const int ratio : {1, 2}) {
+  for (const double ratio : {1., 1.25, 1.5, 2.}) {
     QImage image = QtPaper(60, 40, ratio);
     QtCanvas canvas(image);
     canvas.SetBrushStyle(bsClear);
     canvas.SetFontColor(ColorOf('r'));
-    canvas.TextRect({10, 12, 20, 18}, 8, 8, kOrder);
-    const QRect clip(10 * ratio, 12 * ratio, 10 * ratio, 6 * ratio);
+    canvas.TextRect({10, 13, 21, 18}, 8, 8, kOrder);
+    const QRect clip(QPoint(Edge(10, ratio), Edge(13, ratio)), QPoint(Edge(21, ratio) - 1, Edge(18, ratio) - 1));
     EXPECT_EQ(Inked(image, clip), std::pair(true, false)) << "ratio " << ratio;
   }
 }

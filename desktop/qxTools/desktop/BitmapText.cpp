@@ -14,7 +14,8 @@ void BitmapText::Paint(TBitmap& bitmap, const TRect& clip, const TPoint& at, std
   const qsizetype rowBytes = qsizetype{bitmap.GetWidth()} * 4;
   QImage image(pixels, bitmap.GetWidth(), bitmap.GetHeight(), rowBytes, QImage::Format_RGB32);
   QPainter painter(&image);
-  PaintGlyphs(painter, QFont(), clip, at, text, color);
+  const QRectF sides(QPointF(clip.Left, clip.Top), QPointF(clip.Right, clip.Bottom));
+  PaintGlyphs(painter, QFont(), sides, at, text, color);
 }
 
 }  // namespace qxTools::desktop

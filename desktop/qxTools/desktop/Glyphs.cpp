@@ -23,12 +23,12 @@ TPoint MeasureGlyphs(const QFont& font, std::string_view text) {
   return {metrics.horizontalAdvance(ToQString(text)), metrics.height()};
 }
 
-void PaintGlyphs(QPainter& painter, const QFont& font, const TRect& clip, const TPoint& at,
+void PaintGlyphs(QPainter& painter, const QFont& font, const QRectF& clip, const TPoint& at,
                  std::string_view text, TColor color) {
   RequireApplication();
   painter.setFont(font);
   painter.setPen(ToQColor(color));
-  painter.setClipRect(clip.Left, clip.Top, clip.Right - clip.Left, clip.Bottom - clip.Top);
+  painter.setClipRect(clip);
   painter.drawText(QPointF(at.X, at.Y) + QPointF(0, QFontMetrics(font).ascent()), ToQString(text));
   painter.setClipping(false);
 }

@@ -27,7 +27,7 @@ TColor ToTColor(const QColor& color);
 TPoint MeasureGlyphs(const QFont& font, std::string_view text);
 
 /// Paints nothing outside `clip`; `at` is the top left of the text.
-void PaintGlyphs(QPainter& painter, const QFont& font, const TRect& clip, const TPoint& at,
+void PaintGlyphs(QPainter& painter, const QFont& font, const QRectF& clip, const TPoint& at,
                  std::string_view text, TColor color);
 
 }  // namespace qxTools::desktop

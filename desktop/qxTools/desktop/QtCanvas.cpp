@@ -28,6 +28,7 @@ TRect BoundsOf(const QPaintDevice& surface) {
 
 QtCanvas::QtCanvas(QPaintDevice& surface) {
   if (!painter_.begin(&surface)) throw Exception("The surface cannot be painted");
+  device_ = painter_.deviceTransform();
   font_ = painter_.font();
   bounds_ = BoundsOf(surface);
 }
@@ -40,21 +41,29 @@ Integer QtCanvas::TextWidth(std::string_view text) { return MeasureGlyphs(font_,
 
 Integer QtCanvas::TextHeight(std::string_view text) { return MeasureGlyphs(font_, text).Y; }
 
+QRectF QtCanvas::OnSurface(const TRect& rect) const {
+  const auto nearest = [](Integer place, double ratio, double start) {
+    return (std::floor(place * ratio + start + 0.5) - start) / ratio;
+  };
+  const auto x = [&](Integer place) { return nearest(place, device_.m11(), device_.dx()); };
+  const auto y = [&](Integer place) { return nearest(place, device_.m22(), device_.dy()); };
+  return {QPointF(x(rect.Left), y(rect.Top)), QPointF(x(rect.Right), y(rect.Bottom))};
+}
+
 void QtCanvas::PaintRects(std::span<const TRect> rects, TColor color) {
   const QColor solid = ToQColor(color);
-  for (const TRect& rect : rects)
-    painter_.fillRect(rect.Left, rect.Top, rect.Right - rect.Left, rect.Bottom - rect.Top, solid);
+  for (const TRect& rect : rects) painter_.fillRect(OnSurface(rect), solid);
 }
 
 void QtCanvas::PaintBitmap(Integer x, Integer y, const TBitmap& bitmap) {
   const auto* const pixels = reinterpret_cast<const uchar*>(bitmap.GetRow(0));
   const qsizetype rowBytes = qsizetype{bitmap.GetWidth()} * 4;
   const QImage image(pixels, bitmap.GetWidth(), bitmap.GetHeight(), rowBytes, QImage::Format_RGB32);
-  painter_.drawImage(x, y, image);
+  painter_.drawImage(OnSurface({x, y, x + bitmap.GetWidth(), y + bitmap.GetHeight()}), image);
 }
 
 void QtCanvas::PaintText(const TRect& clip, const TPoint& at, std::string_view text, TColor color) {
-  PaintGlyphs(painter_, font_, clip, at, text, color);
+  PaintGlyphs(painter_, font_, OnSurface(clip), at, text, color);
 }
 
 }  // namespace qxTools::desktop

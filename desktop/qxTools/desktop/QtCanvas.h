@@ -2,7 +2,9 @@
 /// A canvas over anything that Qt paints on: a widget, a picture, a printer's page.
 ///
 /// Pictures are those of a bitmap's canvas, pixel for pixel; only glyphs are the desktop's own. Coordinates
-/// are Qt's logical ones: on a surface with a device pixel ratio of 2 each pixel becomes 2 x 2.
+/// are Qt's logical ones: on a surface with a device pixel ratio of 2 each pixel becomes 2 x 2. At a ratio such
+/// as 1.25 sides lie on the nearest pixels of the surface, so what meets elsewhere meets there too, and a bitmap
+/// is stretched between its sides.
 #pragma once
 
 #include <qxTools/desktop/Export.h>
@@ -10,6 +12,7 @@
 
 #include <QtGui/QFont>
 #include <QtGui/QPainter>
+#include <QtGui/QTransform>
 #include <vector>
 
 namespace qxTools::desktop {
@@ -39,7 +42,11 @@ class QXTOOLS_DESKTOP_API QtCanvas : public TCanvas {
   void PaintText(const TRect& clip, const TPoint& at, std::string_view text, TColor color) override;
 
  private:
+  /// The rectangle with its sides on the surface's own pixels.
+  QRectF OnSurface(const TRect& rect) const;
+
   QPainter painter_;
+  QTransform device_;  // from logical pixels to the surface's own
   QFont font_;
   TRect bounds_;
 };
