@@ -8,6 +8,8 @@
 #include <QtGui/QScreen>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 
 #include "desktop/Application.h"
 #include "support/Testing.h"
@@ -115,14 +117,26 @@ TEST_F(QtDialogsTest, TheMessageIsPlainTextInTheMiddleOfTheScreen) {
   });
 }
 
-TEST_F(QtDialogsTest, LongMessagesAreWrapped) {
-  const Desktop desktop;
-  QTimer::singleShot(0, [] {
-    QWidget* const window = QApplication::activeModalWidget();
-    EXPECT_LT(window->width(), QGuiApplication::primaryScreen()->size().width());
-    window->close();
-  });
-  QXDialogs::ShowMessageBox(std::string(3000, '-'), "");
+TEST_F(QtDialogsTest, LongMessagesAreWrappedAndLargeOnesScroll) {
+  std::string words, lines;
+  for (int i = 0; i < 300; ++i) words += "word ", lines += "line\r\n";
+  const std::string longWord(3000, 'x');
+  for (const auto& [message, across, down] :
+       {std::tuple(words, false, false), {lines, false, true}, {longWord, true, false}}) {
+    const Desktop desktop;
+    QTimer::singleShot(0, [across = across, down = down] {
+      QWidget* const window = QApplication::activeModalWidget();
+      const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+      EXPECT_EQ(window->frameSize(), window->frameSize().boundedTo(screen));
+      const auto* const area = window->findChild<QScrollArea*>();
+      EXPECT_EQ(area != nullptr && area->horizontalScrollBar()->maximum() > 0, across);
+      EXPECT_EQ(area != nullptr && area->verticalScrollBar()->maximum() > 0, down);
+      const auto* const text = window->findChild<QLabel*>("Message");
+      EXPECT_GE(text->height(), text->heightForWidth(text->width()));
+      window->close();
+    });
+    QXDialogs::ShowMessageBox(message, "");
+  }
 }
 
 // In UTF-8: 是, 全部.

@@ -9,7 +9,10 @@
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyle>
+#include <algorithm>
 
 namespace qxTools::desktop {
 
@@ -99,17 +102,33 @@ class Dialog final : public QDialog, public MessageDialog {
     return icon;
   }
 
+  /// As large as the text, or as the screen has room for; then the text scrolls.
   QWidget* MakeText(std::string_view message) {
     auto* const text = new QLabel;
     text->setObjectName("Message");
     text->setTextFormat(Qt::PlainText);
     text->setText(LinesOf(message));
-    const int widest = screen()->availableSize().width() / 2;
-    if (text->sizeHint().width() > widest) {
+    const QSize screenSize = screen()->availableSize();
+    const QSize most(screenSize.width() / 2, screenSize.height() * 3 / 4);
+    QSize size = text->sizeHint();
+    if (size.width() > most.width()) {
       text->setWordWrap(true);
-      text->setFixedWidth(widest);
+      size.setWidth(std::max(most.width(), text->minimumSizeHint().width()));  // a word is not broken
+      size.setHeight(text->heightForWidth(size.width()));
+      text->setFixedWidth(size.width());
     }
-    return text;
+    if (size == size.boundedTo(most)) return text;
+    text->resize(size);
+    return MakeScrolling(text, most);
+  }
+
+  static QWidget* MakeScrolling(QWidget* content, const QSize& most) {
+    auto* const area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(content);
+    const int bar = area->verticalScrollBar()->sizeHint().width();
+    area->setMinimumSize(content->size().boundedTo(most) + QSize(bar, bar));
+    return area;
   }
 
   QWidget* MakeButtons(TDialogButtons buttons) {
