@@ -21,15 +21,24 @@ namespace {
 
 constexpr int kGap = 24;
 
+/// As sharp as the other picture is.
+QPixmap MakePicture(int width, int height, QColor color, const QPixmap& other) {
+  const double ratio = other.devicePixelRatio();
+  QPixmap picture((QSizeF(width, height) * ratio).toSize());
+  picture.setDevicePixelRatio(ratio);
+  picture.fill(color);
+  return picture;
+}
+
 /// What a window manager would put above the dialog, and the dialog.
 QPixmap GrabWithCaption(QWidget& window) {
   const QPixmap inside = window.grab();
   const int caption = 2 * window.fontMetrics().height();
-  QPixmap all(inside.width() + 2, inside.height() + caption + 1);
-  all.fill(QColor(0x20, 0x40, 0x80));
+  QPixmap all =
+      MakePicture(window.width() + 2, window.height() + caption + 1, QColor(0x20, 0x40, 0x80), inside);
   QPainter painter(&all);
   painter.setPen(Qt::white);
-  painter.drawText(QRect(10, 0, inside.width(), caption), Qt::AlignVCenter, window.windowTitle());
+  painter.drawText(QRect(10, 0, window.width(), caption), Qt::AlignVCenter, window.windowTitle());
   painter.drawPixmap(1, caption, inside);
   return all;
 }
@@ -48,11 +57,13 @@ QPixmap GrabMessageBox() {
 bool SavePicture(desk::OrderForm& form, const QString& fileName) {
   const QPixmap formPicture = form.grab();
   const QPixmap box = GrabMessageBox();
-  QPixmap all(formPicture.width() + 2 * kGap, formPicture.height() + box.height() + 3 * kGap);
-  all.fill(QColor(0x7A, 0x93, 0xAC));
+  const QSize boxSize = box.deviceIndependentSize().toSize();
+  const int width = form.width() + 2 * kGap;
+  QPixmap all =
+      MakePicture(width, form.height() + boxSize.height() + 3 * kGap, QColor(0x7A, 0x93, 0xAC), formPicture);
   QPainter painter(&all);
   painter.drawPixmap(kGap, kGap, formPicture);
-  painter.drawPixmap((all.width() - box.width()) / 2, formPicture.height() + 2 * kGap, box);
+  painter.drawPixmap((width - boxSize.width()) / 2, form.height() + 2 * kGap, box);
   painter.end();
   return all.save(fileName);
 }
