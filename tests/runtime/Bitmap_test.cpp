@@ -1,3 +1,4 @@
+#include <qxTools/runtime/LittleEndian.h>
 
 #include "support/Picture.h"
 #include "support/Testing.h"
@@ -6,94 +7,68 @@ namespace qxTools::test {
 
 namespace {
 
-std::string Little(std::uint64_t value, int size) {
-  std::string bytes;
-  for (int i = 0; i < size; ++i, value >>= 8) bytes += static_cast<char>(value & 0xFF);
-  return bytes;
-}
-
-struct FileParts {
-  std::int64_t width = 3;
-  std::int64_t height = 2;
-  unsigned bits = 24;
-  unsigned compression = 0;
-  std::string between = "";  // palette or masks
-  std::string rows = std::string(24, 'x');
-  unsigned colorsUsed = 0;
-  unsigned headerSize = 40;
-  std::int64_t pixelsAt = -1;  // -1: behind what stands between
+/// Places of words in a file.
+enum Place {
+  kStart = 10,
+  kHeaderSize = 14,
+  kWidth = 18,
+  kHeight = 22,
+  kDepth = 26,
+  kPacking = 30,
+  kUsed = 46
 };
 
-std::string FileOf(const FileParts& parts) {
-  const std::int64_t start = parts.pixelsAt >= 0 ? parts.pixelsAt : 54 + std::int64_t(parts.between.size());
-  return "BM" + Little(0, 8) + Little(static_cast<std::uint64_t>(start), 4) + Little(parts.headerSize, 4) +
-         Little(static_cast<std::uint64_t>(parts.width), 4) +
-         Little(static_cast<std::uint64_t>(parts.height), 4) + Little(1, 2) + Little(parts.bits, 2) +
-         Little(parts.compression, 4) + Little(0, 12) + Little(parts.colorsUsed, 4) + Little(0, 4) +
-         parts.between + parts.rows;
-}
-
-std::string Bytes(std::initializer_list<int> values) {
-  std::string bytes;
-  for (const int value : values) bytes += static_cast<char>(value);
+/// The bytes with other words at some places.
+std::string With(std::string bytes, std::initializer_list<std::pair<Place, std::int64_t>> words) {
+  for (const auto& [place, value] : words) PutLittleEndian32(&bytes[place], static_cast<Integer>(value));
   return bytes;
 }
 
-// White, red, green, black; each blue, green, red, and a byte that is not looked at.
-const std::string kPalette = Bytes({255, 255, 255, 0, 0, 0, 255, 9, 0, 255, 0, 0, 0, 0, 0, 0});
-const std::string kMasks = Little(0xFF0000, 4) + Little(0xFF00, 4) + Little(0xFF, 4);
-const std::string kRows24 = Bytes({0,   0,   0,   0, 255, 0,   255, 255, 255, 0, 0, 0,  //
-                                   255, 255, 255, 0, 0,   255, 0,   0,   255, 0, 0, 0});
-const std::string kRows32 = Bytes({0,   0,   0,   7, 0, 255, 0,   7, 255, 255, 255, 7,  //
-                                   255, 255, 255, 7, 0, 0,   255, 7, 0,   0,   255, 7});
+constexpr Integer DepthOf(Integer bits) { return bits << 16 | 1; }
+
+/// "wrr" above "kgw", 24 bits a pixel.
+const std::string kWhole(
+    "BM\x4E\0\0\0\0\0\0\0\x36\0\0\0"                                       // the size; where rows start
+    "\x28\0\0\0\3\0\0\0\2\0\0\0\1\0\x18\0\0\0\0\0\x18\0\0\0"               // sides, depth, size of all rows
+    "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"                                     //
+    "\0\0\0\0\xFF\0\xFF\xFF\xFF\0\0\0\xFF\xFF\xFF\0\0\xFF\0\0\xFF\0\0\0",  // the lower row first
+    78);
 
 }  // namespace
 
-TEST(Bitmap, ReadsEveryDepthInBothDirections) {
-  // Of 1 bit: white and red by 10 pixels; the others: "kgw" below "wrr".
-  const FileParts oneBit{10, 2, 1, 0, kPalette.substr(0, 8), Bytes({0x55, 0x40, 0, 0, 0xFF, 0x80, 0, 0})};
-  const FileParts fourBits{3, 2, 4, 0, kPalette, Bytes({0x32, 0x00, 0, 0, 0x01, 0x10, 0, 0}), 4};
-  const FileParts eightBits{3, 2, 8, 0, kPalette, Bytes({3, 2, 0, 0, 0, 1, 1, 0}), 4};
-  const FileParts plain{3, 2, 24, 0, "", kRows24};
-  const FileParts words{3, 2, 32, 0, "", kRows32};
-  const FileParts masked{3, 2, 32, 3, kMasks, kRows32};
-  const FileParts longHeader{3, 2, 24, 0, std::string(84, '\x55'), kRows24, 0, 124};
+// Each depth is read pixel by pixel by the fuzz target.
+TEST(Bitmap, ReadsTopDownBehindALongerHeader) {
+  const std::string header =
+      With(kWhole.substr(0, 54),
+           {{kStart, 146}, {kHeaderSize, 124}, {kHeight, -1}, {kDepth, DepthOf(8)}, {kUsed, 2}});
+  // White, and red with a byte that is not looked at; a colour that the palette lacks is black.
+  const std::string palette("\xFF\xFF\xFF\0\0\0\xFF\t", 8);
+  const std::string row("\1\0\2\0", 4);
   const TemporaryFolder folder;
-  for (FileParts parts : {oneBit, fourBits, eightBits, plain, words, masked, longHeader}) {
-    const bool narrow = parts.bits > 1;
-    const std::string lower = narrow ? "kgw\n" : "wrwrwrwrwr\n";
-    const std::string upper = narrow ? "wrr\n" : "rrrrrrrrrw\n";
-    TBitmap bitmap(7, 7);
-    bitmap.LoadFromFile(folder.Make("a.bmp", FileOf(parts)));
-    EXPECT_EQ(TextOf(bitmap), upper + lower) << parts.bits << " bits";
-    parts.height = -parts.height;
-    bitmap.LoadFromFile(folder.Make("a.bmp", FileOf(parts)));
-    EXPECT_EQ(TextOf(bitmap), lower + upper) << parts.bits << " bits, top-down";
-  }
-  TBitmap bitmap;  // colours that the palette lacks are black
-  bitmap.LoadFromFile(folder.Make("a.bmp", FileOf({3, 1, 8, 0, kPalette, Bytes({1, 4, 255, 0}), 4})));
-  EXPECT_EQ(TextOf(bitmap), "rkk\n");
+  TBitmap bitmap;
+  bitmap.LoadFromFile(folder.Make("a.bmp", header + std::string(84, '\x55') + palette + row));
+  EXPECT_EQ(TextOf(bitmap), "rwk\n");
 }
 
 TEST(Bitmap, RefusesFilesThatCannotBeWhole) {
   const TemporaryFolder folder;
-  const std::string whole = FileOf({});
   const std::pair<const char*, std::string> cases[] = {
       {"nothing", ""},
-      {"half a header", whole.substr(0, 53)},
-      {"another signature", "MB" + whole.substr(2)},
-      {"a row too few", whole.substr(0, whole.size() - 1)},
-      {"below no width", FileOf({.width = -3})},
-      {"the lowest height", FileOf({.height = -0x80000000LL})},
-      {"sides beyond the file", FileOf({.width = 0x7FFFFFFF, .height = -0x7FFFFFFF, .between = kPalette})},
-      {"16 bits", FileOf({.bits = 16})},
-      {"compressed", FileOf({.bits = 8, .compression = 1, .between = std::string(1024, '\0')})},
-      {"other masks", FileOf({.bits = 32, .compression = 3, .between = std::string(12, '\x7F')})},
-      {"an old header", FileOf({.headerSize = 12})},
-      {"a header below nothing", FileOf({.headerSize = 0x80000000})},
-      {"no palette", FileOf({.width = 1, .height = 1, .bits = 8, .rows = "abcd"})},
-      {"pixels in the header", FileOf({.pixelsAt = 20})},
-      {"pixels behind the end", FileOf({.pixelsAt = 0xFFFFFFFF})},
+      {"half a header", kWhole.substr(0, 53)},
+      {"another signature", "MB" + kWhole.substr(2)},
+      {"a row too few", kWhole.substr(0, kWhole.size() - 1)},
+      {"below no width", With(kWhole, {{kWidth, -3}})},
+      {"the lowest height", With(kWhole, {{kHeight, 0x80000000}})},
+      {"sides beyond the file", With(kWhole, {{kWidth, 0x7FFFFFFF}, {kHeight, -0x7FFFFFFF}})},
+      {"16 bits", With(kWhole, {{kDepth, DepthOf(16)}})},
+      {"packed", With(kWhole, {{kDepth, DepthOf(32)}, {kPacking, 1}})},
+      {"masks of 24 bits", With(kWhole, {{kPacking, 3}})},
+      {"other masks", With(kWhole, {{kDepth, DepthOf(32)}, {kPacking, 3}})},
+      {"an old header", With(kWhole, {{kHeaderSize, 12}})},
+      {"a header below nothing", With(kWhole, {{kHeaderSize, 0x80000000}})},
+      {"no palette", With(kWhole, {{kDepth, DepthOf(8)}})},
+      {"pixels in the header", With(kWhole, {{kStart, 20}})},
+      {"pixels behind the end", With(kWhole, {{kStart, 0xFFFFFFFF}})},
   };
   TBitmap bitmap;
   Paint(bitmap, "12\n");
@@ -110,11 +85,7 @@ TEST(Bitmap, WritesTwentyFourBitsBottomUp) {
   TBitmap bitmap;
   Paint(bitmap, "wrr\nkgw\n");
   bitmap.SaveToFile(folder.File("a.bmp"));
-  const std::string header = "BM" + Little(78, 4) + Little(0, 4) + Little(54, 4) + Little(40, 4) +
-                             Little(3, 4) + Little(2, 4) + Little(1, 2) + Little(24, 2) + Little(0, 4) +
-                             Little(24, 4) + Little(0, 16);
-  EXPECT_EQ(BytesOf(folder.File("a.bmp")), header + kRows24);
-
+  EXPECT_EQ(BytesOf(folder.File("a.bmp")), kWhole);
   TBitmap().SaveToFile(folder.File("empty.bmp"));
   EXPECT_EQ(BytesOf(folder.File("empty.bmp")).size(), 54U);
   bitmap.LoadFromFile(folder.File("empty.bmp"));
@@ -123,15 +94,13 @@ TEST(Bitmap, WritesTwentyFourBitsBottomUp) {
 
 TEST(Bitmap, LargePicturesComeBack) {
   const TemporaryFolder folder;
-  TBitmap bitmap(301, 401);  // more than is read or written at once
-  for (Integer y = 0; y < 401; ++y)
-    for (Integer x = 0; x < 301; ++x)
-      bitmap.SetPixel(x, y, static_cast<TColor>(x * 7919 + y * 104729) & 0xFFFFFF);
+  TBitmap bitmap(301, 401), back;  // more than is read or written at once
+  std::uint32_t* const pixels = bitmap.GetRow(0);
+  for (unsigned i = 0; i < 301 * 401; ++i) pixels[i] = 0xFF000000 | (i * 7919 & 0xFFFFFF);
   bitmap.SaveToFile(folder.File("a.bmp"));
-  TBitmap back;
   back.LoadFromFile(folder.File("a.bmp"));
   ASSERT_EQ((TPoint{back.GetWidth(), back.GetHeight()}), (TPoint{301, 401}));
-  EXPECT_TRUE(std::equal(bitmap.GetRow(0), bitmap.GetRow(0) + 301 * 401, back.GetRow(0)));
+  EXPECT_TRUE(std::equal(pixels, pixels + 301 * 401, back.GetRow(0)));
 }
 
 TEST(Bitmap, ANewSizeKeepsWhatBothHave) {

@@ -14,18 +14,16 @@ namespace {
 constexpr Integer kLowest = std::numeric_limits<Integer>::min();
 constexpr Integer kHighest = std::numeric_limits<Integer>::max();
 
-/// Marks a line by its definition, pixel by pixel, the picture's (0, 0) standing at `origin`.
-void MarkLine(TBitmap& bitmap, TPoint origin, TPoint from, TPoint to, char letter) {
-  const Integer width = std::abs(to.X - from.X);
-  const Integer height = std::abs(to.Y - from.Y);
-  const Integer steps = std::max(width, height);
+/// Marks a line by its definition, pixel by pixel.
+void MarkLine(TBitmap& bitmap, TPoint from, TPoint to, char letter) {
+  const Integer steps = std::max(std::abs(to.X - from.X), std::abs(to.Y - from.Y));
   // steps * coordinate, rounded: ties down.
   const auto nearest = [steps](Integer scaled) {
     return (2 * scaled + steps - 1 + 200 * steps) / (2 * steps) - 100;
   };
   for (Integer i = 0; i < steps; ++i)
-    bitmap.SetPixel(nearest(from.X * steps + i * (to.X - from.X)) - origin.X,
-                    nearest(from.Y * steps + i * (to.Y - from.Y)) - origin.Y, ColorOf(letter));
+    bitmap.SetPixel(nearest(from.X * steps + i * (to.X - from.X)),
+                    nearest(from.Y * steps + i * (to.Y - from.Y)), ColorOf(letter));
 }
 
 /// Whether a pixel lies inside by the number of edges left of it or on it.
@@ -39,15 +37,6 @@ bool Inside(const std::vector<TPoint>& points, Integer x, Integer y) {
     if ((x - upper.X) * (lower.Y - upper.Y) >= (y - upper.Y) * (lower.X - upper.X)) inside = !inside;
   }
   return inside;
-}
-
-/// The row of one pixel high that copying "123" or a part of it into `dest` gives.
-std::string Copied(const TRect& dest, const TRect& part) {
-  TBitmap source;
-  Paint(source, "123\n");
-  Paper paper(9, 1);
-  paper.GetCanvas().CopyRect(dest, source, part);
-  return TextOf(paper);
 }
 
 }  // namespace
@@ -66,7 +55,7 @@ TEST(Canvas, LinesAndPolygonsAreThoseOfTheirDefinition) {
       for (Integer x = 0; x < 16; ++x)
         if (Inside(points, x, y)) marked.SetPixel(x, y, ColorOf('r'));
     for (std::size_t i = 0; i < points.size(); ++i)
-      MarkLine(marked, {}, points[i], points[(i + 1) % points.size()], 'k');
+      MarkLine(marked, points[i], points[(i + 1) % points.size()], 'k');
     ASSERT_EQ(TextOf(drawn), TextOf(marked)) << "round " << round;
   }
 }
@@ -109,12 +98,20 @@ TEST(Canvas, FillsWithoutTheRightAndBottomEdges) {
   EXPECT_EQ(canvas.GetBrushStyle(), bsSolid);
   canvas.FillRect({0, 0, 1, 1});
   EXPECT_EQ(paper.GetPixel(0, 0), 0x808080U);
+  const std::pair<TColor, TColor> colors[] = {{0x8000000F, 0xC0C0C0}, {0x80000010, 0x808080},
+                                              {0x80000014, 0xFFFFFF}, {0x8000001E, 0},
+                                              {0x8000001F, 0},        {0x7F123456, 0x123456}};
+  ExpectEach(ColorToRGB, colors);
 }
 
 TEST(Canvas, CopiesStretchMirrorAndClip) {
   // All of "123" and parts of it, into columns of one row.
   const auto copied = [](const std::array<Integer, 4>& sides) {
-    return Copied({sides[0], 0, sides[1], 1}, {sides[2], 0, sides[3], 1});
+    TBitmap source;
+    Paint(source, "123\n");
+    Paper paper(9, 1);
+    paper.GetCanvas().CopyRect({sides[0], 0, sides[1], 1}, source, {sides[2], 0, sides[3], 1});
+    return TextOf(paper);
   };
   const std::pair<std::array<Integer, 4>, const char*> rows[] = {
       {{1, 4, 0, 3}, ".123.....\n"},  {{1, 7, 0, 3}, ".112233..\n"},  {{1, 6, 0, 3}, ".11233...\n"},
