@@ -1,5 +1,4 @@
 #include <qxTools/graphics/qxDrawTools.h>
-#include <qxTools/platform/SystemColors.h>
 #include <qxTools/runtime/LittleEndian.h>
 
 #include <array>
@@ -114,9 +113,9 @@ TEST(qxDrawTools, Numbers) {
 }
 
 TEST(qxDrawTools, BevelsAreRingsInTheirColours) {
-  EXPECT_EQ(Drawn(54, 6,
+  EXPECT_EQ(Drawn(54, 5,
                   [](TCanvas& canvas) {
-                    const auto at = [](Integer column) { return TRect{9 * column, 0, 9 * column + 7, 5}; };
+                    const auto at = [](Integer column) { return TRect{9 * column, 0, 9 * column + 7, 4}; };
                     DrawButton(canvas, at(0), false);
                     DrawButton(canvas, at(1), true);
                     DrawBox(canvas, at(2), false);
@@ -127,42 +126,37 @@ TEST(qxDrawTools, BevelsAreRingsInTheirColours) {
             "wwwwwwws.fffffffd.sssssssw.sssssssw.sssssssw.sssssssw.\n"
             "wffffffs.fwwwwwsd.s......w.sdddddfw.srrrrrrw.sdddddfw.\n"
             "wffffffs.fwffffsd.s......w.sd....fw.srrrrrrw.sdrrrrfw.\n"
-            "wffffffs.fwffffsd.s......w.sd....fw.srrrrrrw.sdrrrrfw.\n"
             "wffffffs.fwsssssd.s......w.sdfffffw.srrrrrrw.sdfffffw.\n"
             "wsssssss.fddddddd.swwwwwww.swwwwwww.swwwwwww.swwwwwww.\n");
 }
 
 TEST(qxDrawTools, TrianglesPointInFourDirections) {
-  EXPECT_EQ(Drawn(44, 7,
+  EXPECT_EQ(Drawn(44, 5,
                   [](TCanvas& canvas) {
                     for (Integer i = 0; i < 5; ++i)  // the fifth is no direction, and nothing is drawn
-                      Draw3Angle(canvas, {11 * i % 44, 0, 11 * i % 44 + 8, 6}, static_cast<TDrawAngleType>(i),
+                      Draw3Angle(canvas, {11 * i % 44, 0, 11 * i % 44 + 8, 4}, static_cast<TDrawAngleType>(i),
                                  ColorOf("rrrrk"[i]));
                   }),
-            ".......rr......r......rr.........rrrrrrrrr..\n"
-            "....rrrrr.....rrr.....rrrrr.......rrrrrrr...\n"
+            "......rrr......r......rrr........rrrrrrrrr..\n"
             "..rrrrrrr.....rrr.....rrrrrrr.....rrrrrrr...\n"
             "rrrrrrrrr....rrrrr....rrrrrrrrr....rrrrr....\n"
-            "..rrrrrrr...rrrrrrr...rrrrrrr.......rrr.....\n"
-            ".....rrrr...rrrrrrr...rrrr..........rrr.....\n"
+            "...rrrrrr...rrrrrrr...rrrrrr........rrr.....\n"
             ".......rr..rrrrrrrrr..rr.............r......\n");
 }
 
 TEST(qxDrawTools, TabsAreSlantedOrNotchedWithACaptionInACellOfTheirColour) {
-  EXPECT_EQ(Drawn(50, 10,
+  EXPECT_EQ(Drawn(50, 8,
                   [](TCanvas& canvas) {
-                    DrawTabset(canvas, {0, 0, 23, 9}, ColorOf('r'), ColorOf('g'), "abc", true);
-                    DrawTabset(canvas, {26, 0, 49, 9}, ColorOf('r'), 0, "", false);
+                    DrawTabset(canvas, {0, 0, 23, 7}, ColorOf('r'), ColorOf('g'), "abc", true);
+                    DrawTabset(canvas, {26, 0, 49, 7}, ColorOf('r'), 0, "", false);
                   }),
             "kkkkkkkkkkkkkkkkkkkkkkkk..kkkkkkkkkkkkkkkkkkkkkkkk\n"
-            ".krrrrrrrrrrrrrrrrrrrrk....krrrrrrrrrrrrrrrrrrkk..\n"
-            ".krrrrrggrggrggrrrrrrrk....krrrrrrrrrrrrrrrrkk....\n"
+            ".krrrrrrrrrrrrrrrrrrrrk....krrrrrrrrrrrrrrrrrkkk..\n"
             "..krrrrggrggrggrrrrrrk......krrrrrrrrrrrrrrkkkk...\n"
-            "...krrrrrrrrrrrrrrrrk........krrrrrrrrrrrrrrrrrkkk\n"
+            "...krrrggrggrggrrrrrk........krrrrrrrrrrrrrrrrrkkk\n"
             "...krrrrrrrrrrrrrrrrk........krrrrrrrrrrrrrrrkkk..\n"
             "....krrrrrrrrrrrrrrk..........krrrrrrrrrrrrkk.....\n"
-            ".....krrrrrrrrrrrrk............krrrrrrrrrrrrrkk...\n"
-            ".....krrrrrrrrrrrrk............krrrrrrrrrrrrrrrkk.\n"
+            ".....krrrrrrrrrrrrk............krrrrrrrrrrrrrkkk..\n"
             "......kkkkkkkkkkkk..............kkkkkkkkkkkkkkkkkk\n");
 }
 
@@ -186,20 +180,6 @@ TEST(qxDrawTools, FramesAreTiledFromNinePieces) {
             ".22555555555558.8...................\n");
 }
 
-TEST(qxDrawTools, BevelsTakeTheDesktopsColours) {
-  SystemColorTable colors{};
-  colors[0x0F] = ColorOf('1');
-  colors[0x14] = ColorOf('2');
-  colors[0x10] = ColorOf('3');
-  SetSystemColors(colors);
-  EXPECT_EQ(Drawn(4, 4,
-                  [](TCanvas& canvas) {
-                    DrawButton(canvas, {0, 0, 3, 3}, false);
-                  }),
-            "2223\n2113\n2113\n2333\n");
-  SetSystemColors(DefaultSystemColors());
-}
-
 TEST(qxDrawTools, TheBrushPatternIsACheckerboard) {
   TBitmap bitmap(3, 20);
   CreateBrushPattern(ColorOf('r'), bitmap);
@@ -209,30 +189,26 @@ TEST(qxDrawTools, TheBrushPatternIsACheckerboard) {
 }
 
 TEST(qxDrawTools, TextStandsInAllNinePlaces) {
-  EXPECT_EQ(Drawn(44, 12,
-                  [](TCanvas& canvas) {
-                    canvas.SetBrushColor(ColorOf('g'));
-                    for (int i = 0; i < 9; ++i) {
-                      const Integer left = 1 + i / 3 * 11;
-                      const Integer top = i % 3 * 4;
-                      DrawText(canvas, {left, top, left + 9, top + 4}, "ab", static_cast<TAlignmentEx>(i));
-                      EXPECT_EQ(canvas.GetBrushStyle(), bsSolid);
-                    }
-                    DrawText(canvas, {34, 0, 42, 4}, "ab", TAlignmentEx(9));
-                    DrawText(canvas, {35, 5, 40, 6}, "ab", aeAllCenter);  // too large: halves go towards zero
-                  }),
-            ".kk.kk.......kk.kk........kk.kk...kk.kk.....\n"
-            ".kk.kk.......kk.kk........kk.kk...kk.kk.....\n"
-            "............................................\n"
-            "............................................\n"
-            "............................................\n"
-            ".kk.kk.......kk.kk........kk.kk....kk.kk....\n"
-            ".kk.kk.......kk.kk........kk.kk.............\n"
-            "............................................\n"
-            "............................................\n"
-            "............................................\n"
-            ".kk.kk.......kk.kk........kk.kk.............\n"
-            ".kk.kk.......kk.kk........kk.kk.............\n");
+  EXPECT_EQ(
+      Drawn(22, 8,
+            [](TCanvas& canvas) {
+              for (int i = 0; i < 10; ++i) {  // the tenth is no place
+                canvas.SetBrushStyle(i < 5 ? bsClear : bsSolid);
+                canvas.SetFontColor(ColorOf("0123456789"[i]));
+                const Integer left = i < 9 ? 1 : 13;
+                DrawText(canvas, {left, 0, left + 11, 8}, "a", static_cast<TAlignmentEx>(i));
+                EXPECT_EQ(canvas.GetBrushStyle(), i < 5 ? bsClear : bsSolid);
+              }
+              DrawText(canvas, {16, 2, 20, 3}, "abc", aeAllCenter);  // too large: halves go towards zero
+            }),
+      ".00..33..66..99.......\n"
+      ".00..33..66..99.......\n"
+      ".................99...\n"
+      ".11..44..77...........\n"
+      ".11..44..77...........\n"
+      "......................\n"
+      ".22..55..88...........\n"
+      ".22..55..88...........\n");
 }
 
 TEST(qxDrawTools, FramesComeBackFromTheirFiles) {
