@@ -29,14 +29,13 @@ class QXRegFileType : public ::testing::Test {
     setenv("LC_ALL", "C.UTF-8", 1);
   }
 
-  std::string Class(const std::string& key) const { return folder_.File("data/qxTools/classes/" + key); }
-  std::string Defaults() const { return BytesOf(folder_.File("config/mimeapps.list")); }
-  std::string Entry(const std::string& id) const {
-    return folder_.File("data/applications/qxtools-" + id + ".desktop");
-  }
+  std::string Data(const std::string& name) const { return folder_.File("data/" + name); }
+  std::string Class(const std::string& key) const { return Data("qxTools/classes/" + key); }
+  std::string Entry(const std::string& id) const { return Data("applications/qxtools-" + id + ".desktop"); }
   std::string Package(const std::string& id) const {
-    return BytesOf(folder_.File("data/mime/packages/qxtools-" + id + ".xml"));
+    return BytesOf(Data("mime/packages/qxtools-" + id + ".xml"));
   }
+  std::string Defaults() const { return BytesOf(folder_.File("config/mimeapps.list")); }
 
   static void MakeFile(const std::string& path, const std::string& bytes) {
     fs::create_directories(fs::path(path).parent_path());
@@ -81,9 +80,6 @@ TEST_F(QXRegFileType, FiveValuesStandUnderTheirKeys) {
               {"QXOrder", "\xAD\x71\xB3\xE6"},
               {"QXOrder/DefaultIcon", "/opt/my orders/o,0"},
               {"QXOrder/Shell/Open/Command", "/opt/my orders/o \"%1\""}});
-  for (const auto& [key, value] :
-       GetFileTypeValues(".qxo", "QXOrder", "/opt/my orders/o", "\xAD\x71\xB3\xE6", 0))
-    EXPECT_EQ(ReadClassesValue(key), value) << key;
 }
 
 TEST_F(QXRegFileType, AKeyThatCannotBeMadeIsLeftOut) {
