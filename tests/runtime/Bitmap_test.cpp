@@ -15,7 +15,8 @@ enum Place {
   kHeight = 22,
   kDepth = 26,
   kPacking = 30,
-  kUsed = 46
+  kUsed = 46,
+  kMasks = 54
 };
 
 /// The bytes with other words at some places.
@@ -52,6 +53,11 @@ TEST(Bitmap, ReadsTopDownBehindALongerHeader) {
 
 TEST(Bitmap, RefusesFilesThatCannotBeWhole) {
   const TemporaryFolder folder;
+  const std::string masked = With(kWhole, {{kDepth, DepthOf(32)},
+                                           {kPacking, 3},
+                                           {kMasks, 0xFF0000},
+                                           {Place(kMasks + 4), 0xFF00},
+                                           {Place(kMasks + 8), 0xFF}});
   const std::pair<const char*, std::string> cases[] = {
       {"nothing", ""},
       {"half a header", kWhole.substr(0, 53)},
@@ -61,9 +67,9 @@ TEST(Bitmap, RefusesFilesThatCannotBeWhole) {
       {"the lowest height", With(kWhole, {{kHeight, 0x80000000}})},
       {"sides beyond the file", With(kWhole, {{kWidth, 0x7FFFFFFF}, {kHeight, -0x7FFFFFFF}})},
       {"16 bits", With(kWhole, {{kDepth, DepthOf(16)}})},
-      {"packed", With(kWhole, {{kDepth, DepthOf(32)}, {kPacking, 1}})},
-      {"masks of 24 bits", With(kWhole, {{kPacking, 3}})},
-      {"other masks", With(kWhole, {{kDepth, DepthOf(32)}, {kPacking, 3}})},
+      {"packed", With(masked, {{kPacking, 1}})},
+      {"masks of 24 bits", With(masked, {{kDepth, DepthOf(24)}})},
+      {"other masks", With(masked, {{kMasks, 0xFF}})},
       {"an old header", With(kWhole, {{kHeaderSize, 12}})},
       {"a header below nothing", With(kWhole, {{kHeaderSize, 0x80000000}})},
       {"no palette", With(kWhole, {{kDepth, DepthOf(8)}})},

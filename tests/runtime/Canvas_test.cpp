@@ -90,10 +90,11 @@ TEST(Canvas, FillsWithoutTheRightAndBottomEdges) {
   TCanvas& canvas = paper.GetCanvas();
   canvas.SetBrushColor(ColorOf('r'));
   for (const TRect& rect : {TRect{1, 1, 4, 3}, TRect{4, 0, 1, 4}, TRect{0, 2, 5, 2}}) canvas.FillRect(rect);
+  canvas.SetBrushColor(ColorOf('g'));
   canvas.SetBrushStyle(bsClear);
   canvas.FillRect({0, 0, 5, 4});
-  canvas.Polygon(std::array{TPoint{2, 0}, TPoint{4, 0}, TPoint{4, 2}});
-  EXPECT_EQ(TextOf(paper), "..kkk\n.rrkk\n.rrrk\n.....\n");
+  canvas.Polygon(std::array{TPoint{1, 0}, TPoint{4, 0}, TPoint{4, 3}});
+  EXPECT_EQ(TextOf(paper), ".kkkk\n.rkrk\n.rrkk\n....k\n");
   canvas.SetBrushColor(clBtnShadow);
   EXPECT_EQ(canvas.GetBrushStyle(), bsSolid);
   canvas.FillRect({0, 0, 1, 1});

@@ -143,16 +143,16 @@ TEST_F(QXRegFileType, WhatIsPublishedFollowsWhatIsStored) {
   for (const auto& [ext, type] : {std::pair(".QXO", "qxorder"), {".qxo", "QXOrder"}})
     RegFileType(ext, type, "/opt/o", "\xAD\x71\xB3\xE6 <&>", 0);
   EXPECT_EQ(FilesBelow(""), once);
-  RegFileType(".q[2]", "QXOrder", "/opt/o", "\xAD\x71\xB3\xE6 <&>", 0);
+  RegFileType(".q[?*", "QXOrder", "/opt/o", "\xAD\x71\xB3\xE6 <&>", 0);
   EXPECT_NE(Package("qxorder").find("<comment>\xE8\xA8\x82\xE5\x96\xAE &lt;&amp;&gt;</comment>\n"
-                                    "    <glob pattern=\"*.q[[]2]\" weight=\"80\"/>\n"
+                                    "    <glob pattern=\"*.q[[][?][*]\" weight=\"80\"/>\n"
                                     "    <glob pattern=\"*.qxo\" weight=\"80\"/>\n"),
             std::string::npos);
   RegFileType(".qxo", "Other_Type", "/opt/p", "Other", 0);  // moves
   EXPECT_EQ(Package("qxorder").find("*.qxo"), std::string::npos);
   EXPECT_NE(Package("other_5ftype").find("*.qxo"), std::string::npos);
-  EXPECT_TRUE(UnregFileType(".q[2]"));
-  EXPECT_FALSE(UnregFileType(".q[2]"));
+  EXPECT_TRUE(UnregFileType(".q[?*"));
+  EXPECT_FALSE(UnregFileType(".q[?*"));
   EXPECT_FALSE(fs::exists(Entry("qxorder")));
   EXPECT_EQ(ReadClassesKeys(), (std::vector<std::string>{".qxo", "Other_Type"}));
   EXPECT_EQ(Defaults(),
@@ -160,13 +160,13 @@ TEST_F(QXRegFileType, WhatIsPublishedFollowsWhatIsStored) {
 }
 
 TEST_F(QXRegFileType, TheUsersOtherDefaultsStay) {
-  const std::string others = "[Added Associations]\na/b=c\n\n[Default Applications]\r\ntext/plain=e.desktop";
+  const std::string associations = "[Added Associations]\napplication/x-qxtools-t=c\n\n";
+  const std::string others = associations + "[Default Applications]\r\ntext/plain=e.desktop";
   const std::string list = folder_.File("config/mimeapps.list");
   const std::string line = "application/x-qxtools-t=qxtools-t.desktop\n";
   MakeFile(list, others);
   RegFileType(".t", "T", "/opt/t", "", 0);
-  EXPECT_EQ(Defaults(),
-            "[Added Associations]\na/b=c\n\n[Default Applications]\r\n" + line + "text/plain=e.desktop");
+  EXPECT_EQ(Defaults(), associations + "[Default Applications]\r\n" + line + "text/plain=e.desktop");
   UnregFileType(".t");
   EXPECT_EQ(Defaults(), others);
   MakeFile(list, "a\n[X]");

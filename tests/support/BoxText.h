@@ -3,6 +3,8 @@
 #include <qxTools/runtime/Bitmap.h>
 #include <qxTools/runtime/TextPainter.h>
 
+#include <stdexcept>
+
 namespace qxTools::test {
 
 /// Plugged in while it lives: each byte is a box of 2 x 2 pixels with a gap of 1 behind it.
@@ -15,6 +17,7 @@ class BoxText : public TextPainter {
 
   void Paint(TBitmap& bitmap, const TRect& clip, const TPoint& at, std::string_view text,
              TColor color) override {
+    if (clip.Left >= clip.Right || clip.Top >= clip.Bottom) throw std::logic_error("the clip is empty");
     for (Integer y = clip.Top; y < clip.Bottom; ++y)
       for (Integer x = clip.Left; x < clip.Right; ++x) {
         const Integer column = x - at.X;
