@@ -23,6 +23,7 @@ using SystemColorTable = std::array<TColor, 31>;
 /// The table that a program starts with.
 QXTOOLS_API SystemColorTable DefaultSystemColors();
 
+/// Fills in the table of a desktop. What is painted already keeps its colours.
 QXTOOLS_API void SetSystemColors(const SystemColorTable& colors);
 
 /// A system colour as the plain colour that it stands for, black beyond the table; a plain colour as it is,

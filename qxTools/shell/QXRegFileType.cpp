@@ -18,8 +18,6 @@ std::string KeyOf(std::string_view name, std::string_view below = "") {
   return key.append(name).append(below);
 }
 
-bool IsSame(std::string_view one, std::string_view other) { return LowerCase(one) == LowerCase(other); }
-
 std::string Read(std::string_view name, std::string_view below = "") {
   return ReadClassesValue(KeyOf(name, below)).value_or("");
 }
@@ -38,7 +36,7 @@ std::string IconOf(std::string_view value) { return WithoutQuotes(value.substr(0
 
 std::vector<std::string> ExtensionsOf(std::string_view typeName) {
   std::vector<std::string> extensions = GetFileTypeExtensions();
-  std::erase_if(extensions, [&](const auto& ext) { return !IsSame(Read(ext), typeName); });
+  std::erase_if(extensions, [&](const auto& ext) { return !SameText(Read(ext), typeName); });
   return extensions;
 }
 
@@ -65,7 +63,7 @@ void RegFileType(std::string_view ext, std::string_view typeName, std::string_vi
   // A type that is called like the extension has its description where the extension has the type.
   const std::string newType = ReadClassesValue(KeyOf(ext)).value_or(std::string(typeName));
   PublishFileType(GetFileType(newType));
-  if (oldType && !IsSame(*oldType, newType)) PublishFileType(GetFileType(*oldType));
+  if (oldType && !SameText(*oldType, newType)) PublishFileType(GetFileType(*oldType));
 }
 
 bool UnregFileType(std::string_view ext) {
@@ -101,7 +99,7 @@ FileType PlanFileType(std::string_view ext, std::string_view typeName, std::stri
                       std::string_view description, Integer iconIndex) {
   const auto values = GetFileTypeValues(ext, typeName, appPath, description, iconIndex);
   std::vector<std::string> extensions = ExtensionsOf(typeName);
-  if (std::ranges::none_of(extensions, [&](const auto& other) { return IsSame(other, ext); }))
+  if (std::ranges::none_of(extensions, [&](const auto& other) { return SameText(other, ext); }))
     extensions.insert(std::ranges::upper_bound(extensions, ext), std::string(ext));
   return {std::string(typeName), extensions, std::string(description.empty() ? typeName : description),
           ProgramOf(values[4].Value), IconOf(values[3].Value)};

@@ -73,8 +73,7 @@ std::string FolderOfLevel(const std::string& folder, std::string_view level) {
   std::error_code ignored;
   if (fs::is_directory(folder + "/" + name, ignored)) return folder + "/" + name;
   const std::vector<std::string> names = FoldersIn(folder);
-  const auto found =
-      std::ranges::find_if(names, [&](const auto& other) { return LowerCase(other) == LowerCase(name); });
+  const auto found = std::ranges::find_if(names, [&](const auto& other) { return SameText(other, name); });
   return folder + "/" + (found != names.end() ? *found : name);
 }
 
