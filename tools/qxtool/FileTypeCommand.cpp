@@ -1,5 +1,6 @@
 // qxtool filetype: registers, shows and removes file types, and says what registering would do.
 #include <qxTools/platform/Registry.h>
+#include <qxTools/runtime/Ascii.h>
 #include <qxTools/shell/QXRegFileType.h>
 
 #include <filesystem>
@@ -38,6 +39,9 @@ auto WithArguments(const Options& options, Take&& take) {
 }
 
 void Register(const Options& options) {
+  // They share a key then, and the description would take the place of the type's name.
+  if (SameText(options.extension, options.type))
+    throw Failure(Visible(options.type) + ": a type needs another name than its extension");
   Naming(options.extension, [&] { WithArguments(options, RegFileType); });
   for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
     if (ReadClassesValue(value.Key) != value.Value)
