@@ -18,17 +18,20 @@ constexpr TRect kRecordingBounds{0, 0, 32767, 32767};
 TRect BoundsOf(const QPaintDevice& surface) {
   if (surface.devType() == QInternal::Picture) return kRecordingBounds;
   const bool isWindow = dynamic_cast<const QPaintDeviceWindow*>(&surface) != nullptr;
-  const double ratio =
-      isWindow || surface.devType() == QInternal::Widget ? 1 : surface.devicePixelRatioF();
+  const double ratio = isWindow || surface.devType() == QInternal::Widget ? 1 : surface.devicePixelRatioF();
   const auto logical = [ratio](int size) { return static_cast<Integer>(std::ceil(size / ratio)); };
   return {0, 0, logical(surface.width()), logical(surface.height())};
 }
+
+bool IsWhole(double number) { return number == std::floor(number); }
 
 }  // namespace
 
 QtCanvas::QtCanvas(QPaintDevice& surface) {
   if (!painter_.begin(&surface)) throw Exception("The surface cannot be painted");
   device_ = painter_.deviceTransform();
+  isWhole_ =
+      IsWhole(device_.m11()) && IsWhole(device_.m22()) && IsWhole(device_.dx()) && IsWhole(device_.dy());
   font_ = painter_.font();
   bounds_ = BoundsOf(surface);
 }
@@ -42,6 +45,7 @@ Integer QtCanvas::TextWidth(std::string_view text) { return MeasureGlyphs(font_,
 Integer QtCanvas::TextHeight(std::string_view text) { return MeasureGlyphs(font_, text).Y; }
 
 QRectF QtCanvas::OnSurface(const TRect& rect) const {
+  if (isWhole_) return QRectF(rect.Left, rect.Top, rect.Right - rect.Left, rect.Bottom - rect.Top);
   const auto nearest = [](Integer place, double ratio, double start) {
     return (std::floor(place * ratio + start + 0.5) - start) / ratio;
   };

@@ -2,9 +2,9 @@
 /// A canvas over anything that Qt paints on: a widget, a picture, a printer's page.
 ///
 /// Pictures are those of a bitmap's canvas, pixel for pixel; only glyphs are the desktop's own. Coordinates
-/// are Qt's logical ones: on a surface with a device pixel ratio of 2 each pixel becomes 2 x 2. At a ratio such
-/// as 1.25 sides lie on the nearest pixels of the surface, so what meets elsewhere meets there too, and a bitmap
-/// is stretched between its sides.
+/// are Qt's logical ones: on a surface with a device pixel ratio of 2 each pixel becomes 2 x 2. At a ratio
+/// such as 1.25 sides lie on the nearest pixels of the surface, so what meets elsewhere meets there too, and
+/// a bitmap is stretched between its sides.
 #pragma once
 
 #include <qxTools/desktop/Export.h>
@@ -46,7 +46,8 @@ class QXTOOLS_DESKTOP_API QtCanvas : public TCanvas {
   QRectF OnSurface(const TRect& rect) const;
 
   QPainter painter_;
-  QTransform device_;  // from logical pixels to the surface's own
+  QTransform device_;    // from logical pixels to the surface's own
+  bool isWhole_ = true;  // whether every side lies on one of those anyway
   QFont font_;
   TRect bounds_;
 };
