@@ -109,10 +109,8 @@ TEST_F(QXRegFileType, KeysAreFoundInAnyCaseAndStayBelowTheRoot) {
     EXPECT_EQ(ReadClassesValue(level + "\\\\SUB\\"), "value of " + level);
   }
   EXPECT_EQ(ReadClassesKeys(), (std::vector<std::string>{".", "..", odd}));
-  EXPECT_TRUE(fs::exists(Class("a%2Fb%25%01%00/Sub/%default")));
-  EXPECT_TRUE(fs::exists(Class("%2E%2E/Sub/%default")));
-  EXPECT_TRUE(WriteClassesValue("..\\sub", "new"));
-  EXPECT_EQ(ReadClassesValue("..\\Sub"), "new");
+  for (const char* const name : {"a%2Fb%25%01%00/Sub/%default", "%2E%2E/Sub/%default"})
+    EXPECT_TRUE(fs::exists(Class(name))) << name;
   EXPECT_FALSE(WriteClassesValue(std::string(300, 'n'), ""));
   DeleteClassesValue("..\\Sub");
   EXPECT_FALSE(fs::exists(Class("%2E%2E")));
