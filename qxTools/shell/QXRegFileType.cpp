@@ -40,6 +40,13 @@ std::vector<std::string> ExtensionsOf(std::string_view typeName) {
   return extensions;
 }
 
+/// The extension as its key has it, whatever the case; as it is when there is none.
+std::string StoredName(std::string_view ext) {
+  const std::vector<std::string> keys = ReadClassesKeys();
+  const auto key = std::ranges::find_if(keys, [&](const auto& other) { return SameText(other, ext); });
+  return key != keys.end() ? *key : std::string(ext);
+}
+
 }  // namespace
 
 std::array<TFileTypeValue, 5> GetFileTypeValues(std::string_view ext, std::string_view typeName,
@@ -98,9 +105,10 @@ FileType GetFileType(std::string_view typeName) {
 FileType PlanFileType(std::string_view ext, std::string_view typeName, std::string_view appPath,
                       std::string_view description, Integer iconIndex) {
   const auto values = GetFileTypeValues(ext, typeName, appPath, description, iconIndex);
+  const std::string name = StoredName(ext);
   std::vector<std::string> extensions = ExtensionsOf(typeName);
-  if (std::ranges::none_of(extensions, [&](const auto& other) { return SameText(other, ext); }))
-    extensions.insert(std::ranges::upper_bound(extensions, ext), std::string(ext));
+  if (name.starts_with('.') && std::ranges::find(extensions, name) == extensions.end())
+    extensions.insert(std::ranges::upper_bound(extensions, name), name);
   return {std::string(typeName), extensions, std::string(description.empty() ? typeName : description),
           ProgramOf(values[4].Value), IconOf(values[3].Value)};
 }

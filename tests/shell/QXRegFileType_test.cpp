@@ -146,7 +146,8 @@ TEST_F(QXRegFileType, WhatIsPublishedFollowsWhatIsStored) {
                                     "    <glob pattern=\"*.q[[][?][*]\" weight=\"80\"/>\n"
                                     "    <glob pattern=\"*.qxo\" weight=\"80\"/>\n"),
             std::string::npos);
-  RegFileType(".qxo", "Other_Type", "/opt/p", "Other", 0);  // moves
+  EXPECT_EQ(PlanFileType(".QXO", "Other_Type", "", "", 0).extensions, std::vector<AnsiString>{".qxo"});
+  RegFileType(".QXO", "Other_Type", "/opt/p", "Other", 0);  // moves
   EXPECT_EQ(Package("qxorder").find("*.qxo"), std::string::npos);
   EXPECT_NE(Package("other_5ftype").find("*.qxo"), std::string::npos);
   EXPECT_TRUE(UnregFileType(".q[?*"));
