@@ -7,18 +7,19 @@
 namespace qxTools::test {
 
 /// An application object that needs no arguments.
+template <class Kind = QApplication>
 class Application {
  private:
   int count_ = 1;
   char name_[5] = "test";
   char* arguments_[2] = {name_, nullptr};
-  QApplication application_{count_, arguments_};
+  Kind application_{count_, arguments_};
 };
 
 /// Tests that run in a program with an application object.
 class WithApplication : public testing::Test {
  private:
-  Application application_;
+  Application<> application_;
 };
 
 }  // namespace qxTools::test

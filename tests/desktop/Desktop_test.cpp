@@ -84,6 +84,8 @@ TEST_F(DesktopTest, TheScreenAndItsWindowsAreKnown) {
 
 TEST(Desktop, NeedsAnApplicationObject) {
   EXPECT_EQ(MessageOf([] { Desktop desktop; }), "No application object");
+  const Application<QGuiApplication> withoutWidgets;
+  EXPECT_EQ(MessageOf([] { Desktop desktop; }), "No application object");
 }
 
 }  // namespace qxTools::test

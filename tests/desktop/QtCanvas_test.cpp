@@ -170,7 +170,7 @@ TEST(QtCanvas, TheBoundsOfAWindowAreLogical) {
     TRect bounds;
   };
   qputenv("QT_SCALE_FACTOR", "2");
-  const Application application;
+  const Application<> application;
   qunsetenv("QT_SCALE_FACTOR");
   Window window;
   window.resize(100, 50);
@@ -183,6 +183,7 @@ TEST(QtCanvas, TextWithoutAnApplicationObjectIsAnError) {
   QImage image = QtPaper();
   QtCanvas canvas(image);
   canvas.LineTo(8, 8);  // needs none
+  const Application<QCoreApplication> withoutWindows;
   EXPECT_EQ(MessageOf([&] { canvas.TextWidth("a"); }), "No application object");
   EXPECT_EQ(MessageOf([&] { canvas.TextRect({0, 0, 8, 8}, 0, 0, "a"); }), "No application object");
 }

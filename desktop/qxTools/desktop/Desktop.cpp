@@ -1,9 +1,9 @@
 #include <qxTools/desktop/BitmapText.h>
 #include <qxTools/desktop/Desktop.h>
-#include <qxTools/desktop/Glyphs.h>
 #include <qxTools/desktop/QtDialogs.h>
 #include <qxTools/desktop/QtScreen.h>
 #include <qxTools/desktop/SystemPalette.h>
+#include <qxTools/runtime/Exceptions.h>
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QApplication>
@@ -40,7 +40,8 @@ class Desktop::Parts : public QObject {
 };
 
 Desktop::Desktop() {
-  RequireApplication();
+  if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
+    throw Exception("No application object");
   parts_ = std::make_unique<Parts>();
 }
 

@@ -15,7 +15,7 @@ namespace qxTools::desktop {
 /// Made once, after the program's QApplication, and gone before it; the library never makes one itself.
 class QXTOOLS_DESKTOP_API Desktop {
  public:
-  /// @throws Exception "No application object".
+  /// @throws Exception "No application object" unless there is a QApplication.
   Desktop();
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;

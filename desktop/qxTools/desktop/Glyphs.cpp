@@ -2,13 +2,14 @@
 #include <qxTools/runtime/CodePage950.h>
 #include <qxTools/runtime/Exceptions.h>
 
-#include <QtCore/QCoreApplication>
 #include <QtGui/QFontMetrics>
+#include <QtGui/QGuiApplication>
 
 namespace qxTools::desktop {
 
 void RequireApplication() {
-  if (QCoreApplication::instance() == nullptr) throw Exception("No application object");
+  if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr)
+    throw Exception("No application object");
 }
 
 QString ToQString(std::string_view text) { return QString::fromStdU16String(BytesToWide(text)); }

@@ -11,7 +11,8 @@
 
 namespace qxTools::desktop {
 
-/// @throws Exception "No application object" unless the program has made one: without it Qt has no fonts.
+/// @throws Exception "No application object" unless the program has made one for windows: without it Qt has
+/// no fonts.
 void RequireApplication();
 
 QString ToQString(std::string_view text);
