@@ -199,8 +199,12 @@ class QXTOOLS_API TQXSQL : public TPersistent {
 
   /// The command text; changing it, also directly, finds the parameters anew.
   TStrings& GetInLines() { return inLines_; }
-  void SetInLines(const TStrings& lines) { inLines_.Assign(lines); }
-  /// The same as SetInLines.
+  /// Takes these lines and finds their parameters, also while InLines holds its event back.
+  void SetInLines(const TStrings& lines) {
+    inLines_.Assign(lines);
+    FindParams();
+  }
+  /// Takes these lines; InLines' event finds the parameters.
   void LoadParamedCommand(const TStrings& lines) { inLines_.Assign(lines); }
   /// Takes the statement of `operation` that `language` picks.
   void AssignSql(const TSqlOperation& operation, TSqlLanguage language);

@@ -222,6 +222,9 @@ TEST(TQXSQL, StatementsOfATableAndStyleLetters) {
   TStringList letters;
   command.FillCharType(letters);
   EXPECT_EQ(letters.GetText(), "S\r\nN\r\nR\r\nD\r\nT\r\nB\r\nF\r\n");
+  command.GetInLines().BeginUpdate();
+  command.SetInLines({"@X"});  // finds them while the event is held back, too
+  EXPECT_EQ(command.GetParams().GetItems(0)->GetName(), "@X");
   EXPECT_EQ(SQL(), SQL());
 }
 
