@@ -72,7 +72,7 @@ void TQXSQLItem::Assign(const TPersistent* source) {
 void TQXSQLItem::SetName(std::string_view name) {
   if (index_ != nullptr) index_->Drop();
   name_ = name;
-  upperName_ = UpperCase(name);
+  upperName_ = UpperCase(name_);
 }
 
 // --- TQXSQLItems -------------------------------------------------------------------------------------

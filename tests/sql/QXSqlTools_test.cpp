@@ -156,6 +156,8 @@ TEST(TQXSQL, TheLastOfEqualNamesIsFoundWhateverChanges) {
   items.Add()->SetName("@c");
   EXPECT_EQ(items.GetItemsIndex("@B"), -1);
   EXPECT_EQ(items.GetItemsIndex("@C"), 3);
+  items.GetItems(3)->SetName(std::string_view(items.GetItems(3)->GetName()).substr(1));  // of itself
+  EXPECT_EQ(items.GetItemsIndex("C"), 3);
   items.Delete(2);
   EXPECT_EQ(items.GetItemsIndex("@a"), 1);
   EXPECT_TRUE(items.FindAndModify("@a", "5", stInteger));
