@@ -143,6 +143,8 @@ class QXTOOLS_API TQXSQLItems {
   /// Adds an item for each "@" name in the text that has none yet.
   void AddNamesOf(std::string_view text);
   /// Replaces the items by copies of those of `source`; nothing happens for null.
+  ///
+  /// On purpose: a list assigned to itself ends empty.
   void Assign(const TQXSQLItems* source);
   /// Deletes all items.
   void Clear();

@@ -97,8 +97,8 @@ void TQXSQLItems::AddNamesOf(std::string_view text) {
 }
 
 void TQXSQLItems::Assign(const TQXSQLItems* source) {
-  if (source == nullptr || source == this) return;
-  Clear();
+  if (source == nullptr) return;
+  Clear();  // on purpose: also when it is the list itself
   for (Integer i = 0; i < source->GetCount(); ++i) Add()->Assign(source->GetItems(i));
 }
 

@@ -167,6 +167,8 @@ TEST(TQXSQL, TheLastOfEqualNamesIsFoundWhateverChanges) {
   copy.Assign(nullptr);
   EXPECT_EQ(copy.GetCount(), 3);
   EXPECT_EQ(copy.GetItemsStyle("@A"), stInteger);
+  copy.Assign(&copy);
+  EXPECT_EQ(copy.GetCount(), 0);  // on purpose
   TQXSQL other;
   EXPECT_EQ(MessageOf([&] { items.GetItems(0)->Assign(&other); }), "Cannot assign a TQXSQL to a TQXSQLItem");
 }
