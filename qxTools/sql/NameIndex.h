@@ -63,6 +63,7 @@ class NameIndex {
   template <class NameAt>
   void Build(Integer count, NameAt nameAt) {
     constexpr std::size_t kFewest = 16;
+    built_ = false;  // and stays so when there is no memory
     slots_.assign(std::bit_ceil(kFewest + static_cast<std::size_t>(count) * 4), Slot());
     for (Integer i = 0; i < count; ++i) Put(nameAt(i), i, nameAt);
     built_ = true;

@@ -35,7 +35,7 @@ QXTOOLS_API std::string ToSQLEx(std::span<const std::string> values, std::string
 /// A variant as a literal: null "NULL"; dates quoted in the short date format, the time of day dropped; text
 /// trimmed of spaces, then as ToSQLStr; booleans 1 and 0; everything else its text form, unquoted, so that an
 /// empty variant gives "".
-/// @throws EVariantError for a value without a text form.
+/// @throws EVariantError for a value without a text form, EConvertError for a date outside years 1 to 9999.
 QXTOOLS_API std::string VarToSql(const Variant& value);
 
 // --- Lists and ranges --------------------------------------------------------------------------------
@@ -168,6 +168,7 @@ class QXTOOLS_API TQXSQLItems {
   /// Sets value, style and text by the variant's type. Null is written as NULL. A text that begins with one
   /// of ParamStyleHeader, in any case, takes that style, and its value begins at the fourth byte ("@N:15" is
   /// the integer 15); other text keeps the style.
+  /// @throws EConvertError for a date outside years 1 to 9999.
   ///
   /// On purpose: values of other types than null, boolean, 16- and 32-bit integer, byte, single, double,
   /// currency, date and text change nothing at all.
@@ -190,7 +191,8 @@ class QXTOOLS_API TQXSQLItems {
 /// A T-SQL command text with "@" parameters, and the text with their values in place.
 ///
 /// The parameters follow the text: any change of InLines rebuilds them and drops values set before. Every
-/// step is linear in the text.
+/// step is linear in the text; only where a value could make or lengthen a name in it does the output take a
+/// pass a parameter.
 class QXTOOLS_API TQXSQL : public TPersistent {
  public:
   TQXSQL();
