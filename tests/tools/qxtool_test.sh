@@ -117,6 +117,10 @@ expect 2 "another name" filetype register .qxo .QXO /usr/bin/true
 
 # A name's control bytes are shown, and an interrupted command leaves its target as it was.
 expect 2 'x\x1B[2J' call $'x\e[2J'
+expect 2 'not expected: \x1B[2J' call x $'\e[2J'
+expect 2 ": '\x1B[2J' is not a valid date" call "$statement" --set $'@MM_To:date=\e[2J'
+expect 2 "no parameter or macro @甲" --utf8-terminal call "$statement" --set @甲=1
+expect 2 ": '乙' is not a valid integer value" --utf8-terminal call "$statement" --declare "@甲 Char(乙)"
 cp data target
 (timeout -s INT 0.5 "$qxtool" convert --from big5 --to utf8 -o target < <(sleep 2)) 2>/dev/null
 cmp -s data target || { echo "an interrupted command changed its target"; bad=1; }

@@ -39,11 +39,13 @@ void LoadDeclarations(TQXSqlStoreProc& procedure, const std::string& argument) {
   if (argument.empty()) return;
   std::error_code ignored;
   const bool isFile = std::filesystem::exists(argument, ignored);
-  Naming("--declare " + argument, [&] {
-    TStringList lines;
-    lines.SetText(isFile ? ReadInput(argument) : FromArgument(argument));
+  TStringList lines;
+  lines.SetText(isFile ? ReadInput(argument) : FromArgument(argument));
+  try {
     procedure.LoadParams(&lines);
-  });
+  } catch (const Exception& e) {
+    throw Failure("--declare " + Visible(argument) + ": " + VisibleText(e.what()));
+  }
 }
 
 bool IsKnown(const TQXSqlStoreProc& procedure, const std::string& name) {
@@ -55,7 +57,7 @@ bool IsKnown(const TQXSqlStoreProc& procedure, const std::string& name) {
 void SetValues(TQXSqlStoreProc& procedure, const Options& options) {
   for (const NamedValue& value : ReadValues(options.set)) {
     if (!IsKnown(procedure, value.name))
-      throw Failure(Visible(options.file) + ": no parameter or macro " + Visible(value.name));
+      throw Failure(Visible(options.file) + ": no parameter or macro " + VisibleText(value.name));
     procedure.SetValue(value.name, value.value);
   }
 }

@@ -26,10 +26,10 @@ struct Options {
 void SetValues(TQXSQL& command, const Options& options) {
   for (const NamedValue& value : ReadValues(options.set)) {
     if (command.GetParams().FindByName(value.name) == nullptr)
-      throw Failure(Visible(options.file) + ": no parameter " + Visible(value.name));
+      throw Failure(Visible(options.file) + ": no parameter " + VisibleText(value.name));
     // A command leaves a value of another type aside; here that would pass unseen.
     if (value.value.Type() == varInt64)
-      throw Failure("--set " + Visible(value.name) + ": a command takes no bigint");
+      throw Failure("--set " + VisibleText(value.name) + ": a command takes no bigint");
     command.GetParams().SetItemsValue(value.name, value.value);
   }
 }

@@ -107,6 +107,9 @@ bool RunCommandLine(int argc, char** argv, const std::string& description, const
   CLI::App app(description, "qxtool");
   addCommands(Command(app));
   app.set_version_flag("--version", version);
+  app.failure_message([](const CLI::App*, const CLI::Error& e) {
+    return Visible(e.what()) + "\nRun with --help for more information.\n";
+  });
   try {
     app.parse(argc, argv);
     return true;

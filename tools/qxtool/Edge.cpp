@@ -106,4 +106,8 @@ std::string Visible(std::string_view text) {
   return shown;
 }
 
+std::string VisibleText(std::string_view text) {
+  return Visible(GetEncoding().utf8Terminal ? qxTools::BytesToUtf8(text) : std::string(text));
+}
+
 }  // namespace qxtool

@@ -49,6 +49,9 @@ bool WasFound();
 /// A name for a message: control bytes made visible, as the terminal shows text.
 std::string Visible(std::string_view text);
 
+/// The same for text of the library, which is code page 950 whatever the terminal shows.
+std::string VisibleText(std::string_view text);
+
 /// Runs `body`; a failure in it is told as one of `subject` (a file or an option).
 template <class Body>
 auto Naming(const std::string& subject, Body&& body) {

@@ -65,8 +65,7 @@ Variant ReadValue(const std::string& type, const std::string& text, bool hasText
   }
   const auto found =
       std::ranges::find(kTypes, type, [](const ValueType& known) { return std::string(known.name); });
-  if (found == std::end(kTypes))
-    throw Failure("unknown type \"" + Visible(type) + "\"; known are " + ValueTypes());
+  if (found == std::end(kTypes)) throw Failure("unknown type \"" + type + "\"; known are " + ValueTypes());
   if (!hasText) throw Failure("\"=VALUE\" is missing");
   return found->read(text);
 }
@@ -85,10 +84,11 @@ NamedValue ReadNamedValue(const std::string& argument) {
 std::vector<NamedValue> ReadValues(const std::vector<std::string>& arguments) {
   std::vector<NamedValue> values;
   for (const std::string& argument : arguments) {
+    const std::string text = FromArgument(argument);
     try {
-      values.push_back(ReadNamedValue(FromArgument(argument)));
+      values.push_back(ReadNamedValue(text));
     } catch (const std::exception& e) {
-      throw Failure("--set " + Visible(argument) + ": " + e.what());
+      throw Failure("--set " + Visible(argument) + ": " + VisibleText(e.what()));
     }
   }
   return values;
