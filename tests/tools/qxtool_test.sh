@@ -32,6 +32,8 @@ expect 2 "no parameter or macro @x" call "$statement" --set @x=1
 expect 2 "Param Error" call "$statement" --declare @a
 expect 2 'Cannot open file "none"' call none
 expect 2 "--set @MM_Qty:int=x" call "$statement" --set @MM_Qty:int=x
+expect 0 "922337203685477.5807" call "$statement" --set @MM_Qty:money=922337203685477.5807
+expect 2 "up to four decimals" call "$statement" --set @MM_Qty:money=0.00001
 printf 'select @NID /* c */, @SName' >command.sql
 expect 0 "select 15 , 'O''Neil'" command command.sql --set '@NID=@N:15' --set "@SName=O'Neil"
 expect 2 "no parameter @X" command command.sql --set @X=1

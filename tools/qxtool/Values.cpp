@@ -6,8 +6,8 @@
 #include <qxTools/runtime/Numbers.h>
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
-#include <cmath>
 #include <iterator>
 #include <limits>
 
@@ -20,20 +20,34 @@ namespace {
 using qxTools::Variant;
 
 template <class Number>
-Variant ToInteger(const std::string& text) {
-  Number value = 0;
+bool ReadNumber(const std::string& text, Number& value) {
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, value);
-  if (error != std::errc() || stop != end)
+  return error == std::errc() && stop == end;
+}
+
+template <class Number>
+Variant ToInteger(const std::string& text) {
+  Number value = 0;
+  if (!ReadNumber(text, value))
     throw Failure("not an integer from " + std::to_string(std::numeric_limits<Number>::min()) + " to " +
                   std::to_string(std::numeric_limits<Number>::max()));
   return value;
 }
 
+/// By its digits: a double does not hold as many as an amount can have.
 Variant ToMoney(const std::string& text) {
-  const double scaled = qxTools::StrToFloat(text) * 10000;
-  if (std::fabs(scaled) >= 9.2e18) throw Failure("beyond the range of money");
-  return Variant::FromCurrency(std::llround(scaled));
+  constexpr std::size_t kDecimals = 4;
+  const std::size_t point = std::min(text.find('.'), text.size());
+  const bool hasWhole = point > 0 && std::isdigit(static_cast<unsigned char>(text[point - 1])) != 0;
+  std::string digits = text;
+  digits.erase(point, 1);
+  const std::size_t decimals = digits.size() - point;
+  if (decimals < kDecimals) digits.append(kDecimals - decimals, '0');
+  std::int64_t scaled = 0;
+  if (!hasWhole || decimals > kDecimals || !ReadNumber(digits, scaled))
+    throw Failure("not an amount like 12.5, with up to four decimals and within the range of money");
+  return Variant::FromCurrency(scaled);
 }
 
 Variant ToBit(const std::string& text) {
