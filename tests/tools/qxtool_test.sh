@@ -36,6 +36,7 @@ expect 0 "922337203685477.5807" call "$statement" --set @MM_Qty:money=9223372036
 expect 2 "up to four decimals" call "$statement" --set @MM_Qty:money=0.00001
 printf 'select @NID /* c */, @SName' >command.sql
 expect 0 "select 15 , 'O''Neil'" command command.sql --set '@NID=@N:15' --set "@SName=O'Neil"
+printf 'select\n\x80' | expect 2 "line 3 of the statement holds a byte that is no character" --utf8-terminal call -
 expect 2 "no parameter @X" command command.sql --set @X=1
 
 expect 0 "" ini a.ini add Main Mode=fast 'Path=C:\x'

@@ -1,8 +1,12 @@
-
+// The options of --run, in every build; RunStatement.cpp or NoDatabase.cpp does the rest.
 #include "Edge.h"
 #include "RunStatement.h"
 
 namespace qxtool {
+
+database::Charset Terminal() {
+  return GetEncoding().utf8Terminal ? database::Charset::kUtf8 : database::Charset::kCodePage950;
+}
 
 Option AddRunOptions(Command& command, RunOptions& options) {
   Option run =
@@ -18,10 +22,8 @@ Option AddRunOptions(Command& command, RunOptions& options) {
 }
 
 void RunOrPrint(const RunOptions& options, std::string_view statement) {
-  if (options.connection.empty())
-    Print(statement);
-  else
-    RunStatement(options, statement);
+  if (!options.connection.empty()) return RunStatement(options, statement);
+  PrintBytes(database::ForServer(statement, Terminal()));
 }
 
 }  // namespace qxtool

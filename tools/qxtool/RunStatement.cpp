@@ -9,7 +9,6 @@
 #include "StatementWatch.h"
 #include "TextTable.h"
 #include "Utf8Width.h"
-#include "database/Charset.h"
 #include "database/Odbc.h"
 
 namespace qxtool {
@@ -17,8 +16,6 @@ namespace qxtool {
 namespace {
 
 using database::Charset;
-
-Charset Terminal() { return GetEncoding().utf8Terminal ? Charset::kUtf8 : Charset::kCodePage950; }
 
 /// A message of the driver, as the terminal can show it.
 std::string Readable(const database::Message& message, Charset server) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "CommandLine.h"
+#include "database/Charset.h"
 
 namespace qxtool {
 
@@ -22,7 +23,11 @@ Option AddRunOptions(Command& command, RunOptions& options);
 /// @throws Failure with the driver's own words, after Ctrl-C, and in a build without ODBC.
 void RunStatement(const RunOptions& options, std::string_view statement);
 
+/// What the terminal takes and gives.
+database::Charset Terminal();
+
 /// Runs `statement`, or prints it when there is no connection.
+/// @throws qxTools::Exception when the terminal's encoding has no form for a byte of it.
 void RunOrPrint(const RunOptions& options, std::string_view statement);
 
 }  // namespace qxtool

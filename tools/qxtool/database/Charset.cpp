@@ -60,8 +60,8 @@ std::string ConvertVisibly(std::string_view text, Charset from, Charset to) {
   return shown;
 }
 
-std::string ForServer(std::string_view statement, Charset server) {
-  if (auto bytes = Convert(statement, Charset::kCodePage950, server)) return *std::move(bytes);
+std::string ForServer(std::string_view statement, Charset charset) {
+  if (auto bytes = Convert(statement, Charset::kCodePage950, charset)) return *std::move(bytes);
   const std::string utf8 = qxTools::BytesToUtf8(statement);
   const auto bad = utf8.begin() + static_cast<std::ptrdiff_t>(utf8.find(kReplacement));
   throw qxTools::Exception("line " + std::to_string(1 + std::count(utf8.begin(), bad, '\n')) +

@@ -17,8 +17,8 @@ std::optional<std::string> Convert(std::string_view text, Charset from, Charset 
 /// The same for people: a part without a form is its bytes as \xNN.
 std::string ConvertVisibly(std::string_view text, Charset from, Charset to);
 
-/// A statement (code page 950) as the server takes it.
+/// A statement (code page 950) as a server or a terminal takes it.
 /// @throws qxTools::Exception, naming the line, when the encoding has no form for a byte of it.
-std::string ForServer(std::string_view statement, Charset server);
+std::string ForServer(std::string_view statement, Charset charset);
 
 }  // namespace qxtool::database
