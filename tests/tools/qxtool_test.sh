@@ -66,9 +66,9 @@ expect 0 "" table a.tbl from-csv a.csv
 expect 0 "" table a.tbl append Wang
 expect 0 '"Lee, A",555' table a.tbl to-csv
 expect 0 "2    Wang" table a.tbl show
-printf '"""a"" ""b""",x\r\n' >quotes.csv
+printf '"""a"" ""b""",x"y" "\r\n' >quotes.csv
 expect 0 "" table quotes.tbl from-csv quotes.csv
-expect 0 '"""a"" ""b""",x' table quotes.tbl to-csv
+expect 0 '"""a"" ""b""","x""y"" """' table quotes.tbl to-csv
 expect 2 "no field Fax" table a.tbl get 1 Fax
 for text in 'a[' ']a' 'a#]' $'a\nb'; do expect 2 "a text cannot hold" table a.tbl set 1 Name "$text"; done
 expect 2 "a text cannot hold" table a.tbl append 'a[ '

@@ -1,5 +1,7 @@
 #include "Csv.h"
 
+#include <algorithm>
+
 #include "Edge.h"
 
 namespace qxtool {
@@ -19,30 +21,36 @@ std::string CsvLine(const TextRow& row) {
   return line + "\r\n";
 }
 
+namespace {
+
+/// The cell at `i`, which then stands at the comma or the break behind it. A quote that does not begin the
+/// cell is part of its text.
+std::string ReadCell(std::string_view text, std::size_t& i) {
+  std::string cell;
+  for (bool inside = text.substr(i).starts_with('"'); inside;) {
+    const std::size_t close = text.find('"', i + 1);
+    if (close == std::string_view::npos) throw Failure("a quoted cell is not closed");
+    cell.append(text, i + 1, close - i - 1);
+    i = close + 1;
+    inside = text.substr(i).starts_with('"');  // a doubled one
+    if (inside) cell += '"';
+  }
+  const std::size_t end = std::min(text.find_first_of(",\r\n", i), text.size());
+  cell.append(text, i, end - i);
+  i = end;
+  return cell;
+}
+
+}  // namespace
+
 std::vector<TextRow> ReadCsv(std::string_view text) {
   std::vector<TextRow> rows;
-  bool inQuotes = false;
-  bool rowOpen = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (!rowOpen) {
-      rows.push_back({""});
-      rowOpen = true;
-    }
-    if (c == '"') {
-      const bool doubled = inQuotes && i + 1 < text.size() && text[i + 1] == '"';
-      if (doubled) rows.back().back() += text[++i];
-      inQuotes = doubled || !inQuotes;
-    } else if (inQuotes || (c != ',' && c != '\r' && c != '\n')) {
-      rows.back().back() += c;
-    } else if (c == ',') {
-      rows.back().emplace_back();
-    } else {
-      if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-      rowOpen = false;
-    }
+  for (std::size_t i = 0; i < text.size();) {
+    TextRow& row = rows.emplace_back();
+    row.push_back(ReadCell(text, i));
+    while (text.substr(i).starts_with(',')) row.push_back(ReadCell(text, ++i));
+    i += text.substr(i).starts_with("\r\n") ? 2 : 1;
   }
-  if (inQuotes) throw Failure("a quoted cell is not closed");
   return rows;
 }
 
