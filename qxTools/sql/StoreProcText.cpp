@@ -29,8 +29,9 @@ bool IsPlainText(std::string_view text) { return text.find(kMacroOpen) == kNone 
 using MacroTable = std::unordered_map<std::string_view, std::string_view>;
 
 /// One look at each "[$". This equals replacing macro after macro in the whole text as long as no expansion
-/// can begin, end or lengthen a name: a name runs from "[$" to the first "]", and neither comes in with plain
-/// texts, but for an empty one, or one that begins with "$", right behind a "[".
+/// can make a name, which runs from "[$" to the first "]". A plain text brings in no "[$", but for an empty
+/// one, or one that begins with "$", right behind a "["; and none that stands in front is open, but for a
+/// name around another one.
 std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTable& macros) {
   std::string out;
   out.reserve(text.size());
@@ -40,7 +41,7 @@ std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTab
     next = text.find(kMacroOpen, open + 1);
     if (close < open) close = text.find(']', open);
     if (close == kNone) break;
-    if (next < close) continue;  // no macro's name holds a second "[$"
+    if (next < close) return std::nullopt;  // a name around another one
     const auto macro = macros.find(text.substr(open, close + 1 - open));
     if (macro == macros.end()) continue;
     const bool behindBracket = open > 0 && text[open - 1] == '[';

@@ -70,6 +70,17 @@ TEST(TQXSqlStoreProc, WritesTheCall) {
   StoreProcParamTypeStr[spBit] = "Bit";
 }
 
+TEST(TQXSqlStoreProc, AMacroCanBeNamedAnything) {
+  TQXSqlStoreProc set;
+  set.GetStatement().SetText("[$[$a] [$b] like");
+  set.GetFuncItems(0)->SetName("[$z]");
+  set.SetValue("$a", "b]");  // makes one more [$b]
+  set.SetValue("$b", "x");
+  EXPECT_EQ(set.GetStoreProc()->GetStrings(1), "x x like\r\n'");
+  set.GetFuncItems(0)->SetName("like");
+  EXPECT_EQ(set.GetStoreProc()->GetStrings(1), "x x \r\n'");
+}
+
 TEST(TQXSqlStoreProc, WithoutValuesTheStatementStandsAlone) {
   TQXSqlStoreProc set;
   const TStringList lines{"/* head */", "select 1 -- \xA4\xA4"};  // 中
