@@ -34,10 +34,8 @@ std::u16string DropComments(std::u16string_view text) {
 
 bool IsBlank(std::u16string_view line) { return line.find_first_not_of(u' ') == kNone; }
 
-/// Whether there is text with both marks of a comment, anywhere and in any order.
-bool HasComment(std::u16string_view text) {
-  return text.find(u"/*") != kNone && text.find(u"*/") != kNone && !IsBlank(text);
-}
+/// Whether both marks of a comment are there, anywhere and in any order.
+bool HasComment(std::u16string_view text) { return text.find(u"/*") != kNone && text.find(u"*/") != kNone; }
 
 /// The lines without the blank ones in front and behind, each ended by a break.
 std::u16string TrimLines(std::u16string_view text) {
@@ -173,8 +171,7 @@ class OnePassFiller {
     for (std::size_t mark = literal.find('@'); mark != std::string_view::npos;) {
       const std::string_view segment = SegmentAt(literal, mark);
       mark += segment.size();
-      if (mark == literal.size() || literal[mark] == '@' || tree_.Find(segment.substr(1)).item >= 0)
-        return false;
+      if (mark == literal.size() || tree_.Find(segment.substr(1)).item >= 0) return false;
       mark = literal.find('@', mark);
     }
     return true;

@@ -56,7 +56,8 @@ std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTab
 
 bool RemoveComments(std::u16string& text) {
   // What is kept stands in front, `kept` long, and holds no mark. Removing a comment can join its end with
-  // the unread rest to a new mark, so the two characters at that seam are looked at first.
+  // the unread rest to a new opening mark, so the two characters at that seam are looked at first. A closing
+  // one cannot come about: a "*" right before a comment is one already, with the comment's "/".
   std::size_t kept = 0;
   std::size_t rest = 0;
   const auto keep = [&](std::size_t end) {
@@ -67,10 +68,8 @@ bool RemoveComments(std::u16string& text) {
   while (close != kNone) {
     if (open < rest) open = text.find(kOpen, rest);
     if (close < rest) close = text.find(kClose, rest);
-    const char16_t before = kept > 0 ? text[kept - 1] : u'\0';
-    const char16_t after = rest < text.size() ? text[rest] : u'\0';
-    if (close == kNone || (before == u'*' && after == u'/')) break;
-    if (before == u'/' && after == u'*') {
+    if (close == kNone) break;
+    if (kept > 0 && text[kept - 1] == u'/' && text[rest] == u'*') {
       --kept;
     } else if (open < close) {
       keep(open);

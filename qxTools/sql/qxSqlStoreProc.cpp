@@ -35,11 +35,6 @@ constexpr std::string_view kItemSeparator = " , ";
 
 std::string Trim(std::string_view s) { return QXStrTools::Trim(s, kTrimBoth); }
 
-template <class Char>
-bool IsBlank(std::basic_string_view<Char> text) {
-  return text.find_first_not_of(Char(' ')) == kNone;
-}
-
 /// With spAuto only @MM and @MM_... are parameters.
 bool IsKept(std::string_view upperName, TSearchParamType mode) {
   return mode == spAll || upperName.substr(0, upperName.find('_')) == "@MM";
@@ -52,7 +47,7 @@ std::string Narrow(WideString text) { return WideToBytes(text); }
 // NOLINTEND(performance-unnecessary-value-param)
 
 WideString WithoutComments(WideString text) {
-  if (IsBlank(std::u16string_view(text)) || !RemoveComments(text)) return text;
+  if (!RemoveComments(text)) return text;
   const auto first = std::ranges::find_if(text, [](char16_t c) { return c >= 33 && c <= 127; });
   if (first != text.end()) text.erase(text.begin(), first);
   return text;
@@ -280,9 +275,8 @@ void TQXSqlStoreProc::LoadParams(const TStrings* lines) {
 }
 
 void TQXSqlStoreProc::LoadParams(std::u16string_view declarations) {
-  if (IsBlank(declarations)) return;
   const std::string text = RemoveBreaks(WideToBytes(ClearNote(declarations)));
-  if (IsBlank(std::string_view(text))) return;
+  if (text.find_first_not_of(' ') == kNone) return;
   params_.Clear();
   for (std::size_t start = 0; start <= text.size();) {
     const std::size_t end = std::min(text.find(',', start), text.size());
