@@ -1,9 +1,5 @@
-#include <qxTools/runtime/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/QXSqlTools.h>
-#include <qxTools/strings/QXStrTools.h>
-
-#include <functional>
 
 #include "support/Testing.h"
 
@@ -77,25 +73,7 @@ TEST(QXSqlTools, TypesAreFoundByNameAndByCode) {
 }
 
 // --- The command -------------------------------------------------------------------------------------
-
-std::vector<std::string> NamesIn(const std::string& text) {
-  TQXSQL command;
-  command.GetInLines().SetText(text);
-  std::vector<std::string> names;
-  for (Integer i = 0; i < command.GetParams().GetCount(); ++i)
-    names.push_back(command.GetParams().GetItems(i)->GetName());
-  return names;
-}
-
-TEST(TQXSQL, FindsTheMarkersOfItsText) {
-  ExpectRows<std::string, std::vector<std::string>>(
-      NamesIn, {{"@SName @sname,@NAge", {"@SName", "@NAge"}},
-                {"@ x @\r\n,1_y", {"@x", "@y"}},  // a lone mark stays open, also over the start of a name
-                {"'@quoted'", {"@quoted"}},
-                {"@a\xA4\xA4@b_1", {"@a", "@b_1"}},  // 中 ends a name
-                {"\xA4@Z ", {"@Z"}},                 // on purpose: the second byte of 一 is a mark
-                {"@", {}}});
-}
+// Names, comments and output of any text: fuzz/CommandText.cpp.
 
 TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
   const struct {
@@ -117,6 +95,7 @@ TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
       {u"@F:GETDATE()", stFunction, "GETDATE()", "GETDATE()", "GETDATE()"},
       {"@n:15", stInteger, "15", "15", "15"},
       {"@T", stTime, "", "", "NULL"},
+      {"@B", stBoolean, "", "", "NULL"},
       {"@R;", stReal, "", "", ""},
       {"@X:1", stTime, "@X:1", "@X:1", "'@X:1'"},
       {std::int64_t{5}, stTime, "", "", "NULL"},  // the next four types change nothing at all
@@ -138,97 +117,63 @@ TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
   }
 }
 
-TEST(TQXSQL, UnknownNamesAreNamed) {
-  TQXSQLItems items;
-  const std::function<void()> calls[] = {
-      [&] { items.GetItemsValue("@X"); }, [&] { items.SetItemsValue("@X", 1); },
-      [&] { items.GetItemsStyle("@X"); }, [&] { items.SetItemsStyle("@X", stDate); }};
-  for (const auto& call : calls) EXPECT_EQ(MessageOf(call), "Parameters @X is not found");
-  EXPECT_FALSE(items.FindAndModify("@X", "1", stInteger));
-  EXPECT_EQ(MessageOf([&] { items.Delete(-1); }), "List index out of bounds (-1)");
-}
-
 TEST(TQXSQL, TheLastOfEqualNamesIsFoundWhateverChanges) {
   TQXSQLItems items;
   for (const char* name : {"@a", "@b", "@A"}) items.Add(name);
   EXPECT_EQ(items.GetItemsIndex("@a"), 2);
   items.GetItems(1)->SetName("@a");
   items.Add()->SetName("@c");
-  EXPECT_EQ(items.GetItemsIndex("@B"), -1);
   EXPECT_EQ(items.GetItemsIndex("@C"), 3);
   items.GetItems(3)->SetName(std::string_view(items.GetItems(3)->GetName()).substr(1));  // of itself
   EXPECT_EQ(items.GetItemsIndex("C"), 3);
   items.Delete(2);
-  EXPECT_EQ(items.GetItemsIndex("@a"), 1);
-  EXPECT_TRUE(items.FindAndModify("@a", "5", stInteger));
-  EXPECT_EQ(items.GetItems(1)->Text, "");  // on purpose: the output stays
-  TQXSQLItems copy;
-  copy.Assign(&items);
-  copy.Assign(nullptr);
-  EXPECT_EQ(copy.GetCount(), 3);
-  EXPECT_EQ(copy.GetItemsStyle("@A"), stInteger);
-  copy.Assign(&copy);
-  EXPECT_EQ(copy.GetCount(), 0);  // on purpose
+  items.AddNamesOf("@a @b @d");  // nothing ends the last
+  EXPECT_EQ(items.GetCount(), 4);
+  items.SetItemsValue("@a", 7);
+  EXPECT_TRUE(items.FindAndModify("@a", "5", stReal));
+  EXPECT_EQ(items.GetItems(1)->Text, "7");  // on purpose: the output stays
+  EXPECT_FALSE(items.FindAndModify("@d", "5", stInteger));
+  EXPECT_EQ(MessageOf([&] { items.SetItemsStyle("@d", stDate); }), "Parameters @d is not found");
+  EXPECT_EQ(MessageOf([&] { items.Delete(-1); }), "List index out of bounds (-1)");
   TQXSQL other;
   EXPECT_EQ(MessageOf([&] { items.GetItems(0)->Assign(&other); }), "Cannot assign a TQXSQL to a TQXSQLItem");
+  other.SetParams(&items);
+  other.SetParams(nullptr);
+  const TQXSQLItem& copy = *other.GetParams().FindByName("@A");
+  EXPECT_EQ(copy.Text, "7");
+  EXPECT_EQ(copy.Value, Variant("5"));
+  EXPECT_EQ(copy.Style, stReal);
+  other.SetParams(&other.GetParams());
+  EXPECT_EQ(other.GetParams().GetCount(), 0);  // on purpose
 }
 
-TEST(TQXSQL, CommentsGoAndSlashesWithThem) {
-  ExpectRows([](const std::string& text) { return WideToBytes(TQXSQL::ClearNote(BytesToWide(text))); },
-             {{"a/b", "a/b"},
-              {"a/b /* c */", "a \r\n"},     // on purpose
-              {"a /* x **/ b", "a \r\n"},    // on purpose: never closes
-              {"a /*/ b */ c", "a  c\r\n"},  // "/*/" does not close itself
-              {"*/ a /*", "*a \r\n"},        // both marks, in any order
-              {"\n  \n a\n\n b /**/\n \n", " a\r\n\r\n b \r\n"},
-              {"/* all */", ""},
-              {"  ", "  "},
-              {"'/* in quotes */'", "''\r\n"},
-              {"a/\xA4\xA4/**/ /", "a /\r\n"}});  // 中; the last "/" has nothing behind it
-}
-
-/// The output as it is defined: item after item in the whole text.
-std::string FillInTurn(std::string text, const TQXSQLItems& items) {
-  for (Integer i = 0; i < items.GetCount(); ++i) {
-    const TQXSQLItem& item = *items.GetItems(i);
-    const std::string literal = item.Style == stString ? ToSQLStr(item.Text) : item.Text;
-    text = QXStrTools::ReplaceAllStr(text, item.GetName(), literal, true);
-  }
-  return text;
-}
-
-TEST(TQXSQL, TheOnePassEqualsReplacingInTurn) {
-  std::mt19937 random(2);
-  for (int round = 0; round < 30000; ++round) {
-    TQXSQL command;
-    command.GetInLines().SetText(RandomText(random, {"@", "@", "@", "a", "A", "b", "1", " ", "'"}, 20));
-    TQXSQLItems& params = command.GetParams();
-    if (random() % 8 == 0) params.Add("@" + RandomText(random, {"a", "b", " "}, 2));
-    for (Integer i = 0; i < params.GetCount(); ++i) {
-      params.GetItems(i)->Text = RandomText(random, {"a", "b", round % 2 == 0 ? "'" : "@"}, 4);
-      params.GetItems(i)->Style = random() % 2 == 0 ? stString : stFunction;
-    }
-    TStringList want;
-    want.SetText(FillInTurn(command.GetInLines().GetText(), params));
-    ASSERT_EQ(command.GetOutLines().GetText(), want.GetText()) << command.GetInLines().GetText();
-  }
-}
-
-TEST(TQXSQL, StatementsOfATableAndStyleLetters) {
+TEST(TQXSQL, AnyChangeOfTheTextFindsItsParametersAnew) {
   TQXSQL command;
-  command.AssignSql({"select @S", "insert @I", "delete @D", "update @U"}, slDelete);
-  EXPECT_EQ(command.GetParams().GetItems(0)->GetName(), "@D");
-  EXPECT_EQ(command.GetOutLines().GetText(), "delete NULL\r\n");
-  command.GetParams().SetItemsValue("@D", "O'Neil");
-  EXPECT_EQ(command.GetOutLines().GetText(), "delete 'O''Neil'\r\n");
-  command.GetInLines().Add("-- more");  // any change finds the parameters anew
-  EXPECT_EQ(command.GetParams().GetItemsValue("@D"), Variant(""));
-  TStringList letters;
-  command.FillCharType(letters);
-  EXPECT_EQ(letters.GetText(), "S\r\nN\r\nR\r\nD\r\nT\r\nB\r\nF\r\n");
+  for (const TSqlLanguage language : {slSelect, slInsert, slDelete, slUpdate}) {
+    command.AssignSql({"select @p0", "insert @p1", "delete @p2", "update @p3 x"}, language);
+    EXPECT_EQ(command.GetParams().GetItemsIndex("@P" + std::to_string(language)), 0);
+  }
+  command.GetParams().SetItemsValue("@p3", "O'Neil");
+  command.GetParams().Add("@P3");  // the first of equal names finds all there is to replace
+  EXPECT_EQ(command.GetOutLines().GetText(), "update 'O''Neil' x\r\n");
+  command.GetParams().GetItems(0)->SetName("@p3 X");  // a name can be any text
+  EXPECT_EQ(command.GetOutLines().GetText(), "update 'O''Neil'\r\n");
+  command.GetInLines().Add("-- more");
+  EXPECT_EQ(command.GetParams().GetItemsValue("@p3"), Variant(""));
   command.GetInLines().BeginUpdate();
-  command.SetInLines({"@X"});  // finds them while the event is held back, too
-  EXPECT_EQ(command.GetParams().GetItems(0)->GetName(), "@X");
+  command.SetInLines({"@X"});  // also while the event is held back
+  EXPECT_EQ(command.GetParams().GetItemsIndex("@x"), 0);
+}
+
+TEST(TQXSQL, ASlashTakesTheCharacterBehindItAlong) {
+  EXPECT_EQ(TQXSQL::ClearNote(u"a/\u4E2D/**/ /"), u"a /\r\n");  // 中
+  EXPECT_EQ(TQXSQL::ClearNote(u"a/b"), u"a/b");                 // on purpose: stays without a comment
+}
+
+TEST(TQXSQL, StyleLettersAndTheSharedCommand) {
+  TStringList letters;
+  SQL()->FillCharType(letters);
+  EXPECT_EQ(letters.GetText(), "S\r\nN\r\nR\r\nD\r\nT\r\nB\r\nF\r\n");
   EXPECT_EQ(SQL(), SQL());
 }
 

@@ -1,9 +1,5 @@
-#include <qxTools/runtime/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
-#include <qxTools/strings/QXStrTools.h>
-
-#include <tuple>
 
 #include "support/Testing.h"
 
@@ -12,44 +8,8 @@ namespace {
 using namespace qxTools;
 using namespace qxTools::qxSqlStoreProc;
 using namespace qxTools::test;
-using Names = std::vector<std::string>;
 
-Names ParamsOf(const TQXSqlStoreProc& set) {
-  Names names;
-  for (Integer i = 0; i < set.GetParamCount(); ++i) names.push_back(set.GetItems(i)->GetName());
-  return names;
-}
-
-TEST(TQXSqlStoreProc, ScansForParametersOutsideLiteralsAndForMacrosEverywhere) {
-  const std::tuple<const char*, Names, Names> cases[] = {
-      // With spAuto, and with spAll.
-      {"'@MM_X' @MM_A ... @mm_a=@b", {"@MM_A"}, {"@MM_A", "@b"}},
-      {"@MM_A@MM_B", {"@MM_B"}, {"@MM_B"}},
-      {"@MM_1, @MM, @MMX, @mm_x", {"@MM_1", "@MM", "@mm_x"}, {"@MM_1", "@MM", "@MMX", "@mm_x"}},
-      {"@_x @1y @@ROWCOUNT", {}, {"@x", "@y", "@ROWCOUNT"}},
-      {"@ Code", {}, {"@Code"}},
-      {"@a'it''s'b", {}, {"@a"}},  // the literal's last quote ends the name
-      {"@'x'b ", {}, {"@b"}},      // a lone mark stays open over a literal
-      {"@a'never closed @MM_A", {}, {}},
-      {"\xA4@MM ", {"@MM"}, {"@MM"}},  // on purpose: the second byte of 一 is a mark like any other
-  };
-  for (const auto& [text, automatic, all] : cases) {
-    TQXSqlStoreProc set;
-    set.GetStatement().SetText(text);
-    EXPECT_EQ(ParamsOf(set), automatic) << text;
-    set.SetSearchParamType(spAll);
-    EXPECT_EQ(ParamsOf(set), all) << text;
-  }
-  const auto macros = [](const std::string& text) {
-    TQXSqlStoreProc set;
-    set.GetStatement().SetText(text);
-    std::string names;
-    for (Integer i = 0; i < set.GetFuncCount(); ++i) names += set.GetFuncItems(i)->GetName() + "|";
-    return names;
-  };
-  ExpectRows(macros,
-             {{"'[$T]' [$t] [$U]", "[$T]|[$U]|"}, {"[$a[$b]", "[$a[$b]|[$b]|"}, {"] [$ a ] [$b", "[$ a ]|"}});
-}
+// Scanning, comments, macros and declarations of any text: fuzz/StatementSet.cpp, fuzz/Declarations.cpp.
 
 TEST(TQXSqlStoreProc, WritesTheCall) {
   TQXSqlStoreProc set;
@@ -96,31 +56,6 @@ TEST(TQXSqlStoreProc, WithoutValuesTheStatementStandsAlone) {
   set.Clear();
   EXPECT_EQ(set.GetParamCount(), 0);
   EXPECT_EQ(set.GetStatement().GetCount(), 2);
-}
-
-/// The statement of the call as it is defined: macro after macro, then quotes in two steps.
-std::string ExpandInTurn(std::string text, const TQXSqlStoreProc& set) {
-  using QXStrTools::ReplaceAllStr;
-  for (Integer i = 0; i < set.GetFuncCount(); ++i)
-    text = ReplaceAllStr(text, set.GetFuncItems(i)->GetName(), set.GetFuncItems(i)->GetValue().AsString(),
-                         false);
-  return ReplaceAllStr(ReplaceAllStr(text, "'", "[##]", false), "[##]", "''", false);
-}
-
-TEST(TQXSqlStoreProc, TheOnePassEqualsReplacingInTurn) {
-  std::mt19937 random(3);
-  for (int round = 0; round < 30000; ++round) {
-    TQXSqlStoreProc set;
-    set.GetStatement().SetText(
-        RandomText(random, {"[$", "[", "]", "a", "A", "$", "'", "##", "[##]", "[$a]"}, 12));
-    for (Integer i = 0; i < set.GetFuncCount(); ++i) {
-      if (random() % 16 == 0) set.GetFuncItems(i)->SetName(RandomText(random, {"a", "[$a]"}, 2));
-      set.GetFuncItems(i)->SetValue(round % 2 == 0 ? RandomText(random, {"x", "'", "a", "$"}, 2)
-                                                   : RandomText(random, {"[", "$", "a]", "[$a]"}, 2));
-    }
-    const std::string want = ExpandInTurn(set.GetStatement().GetText(), set) + "'";
-    ASSERT_EQ(set.GetStoreProc()->GetStrings(1), want) << set.GetStatement().GetText();
-  }
 }
 
 TEST(TQXSqlStoreProc, ValuesAreReachedByName) {
@@ -172,77 +107,22 @@ TEST(TQXSqlStoreProc, TypesAndLengthsFollowTheVariant) {
   EXPECT_EQ(VarLength(12345), 0);
 }
 
-TEST(TQXSqlStoreProc, DeclarationsAreReadAndWritten) {
-  const auto saved = [](const std::string& text) {
-    TQXSqlStoreProc set;
-    set.LoadParams(BytesToWide(text));
-    EXPECT_FALSE(set.GetItems(0)->GetAutoStyle());
-    WideString declarations;
-    set.SaveParams(declarations);
-    return WideToBytes(declarations);
-  };
-  ExpectRows(saved, {{"@a int,@A bit , @b Varchar(20)", "@a Int , @b Varchar(20)"},  // the first name wins
-                     {"b NCHAR (-3) anything behind", "b NChar(-3)"},
-                     {"/* c */ @a /* d */ Unknown", "@a Unknown"},
-                     {"@a\r\n Int", "@a Int"}});  // lines of one text are glued
+TEST(TQXSqlStoreProc, DeclarationsReplaceTheParametersAlone) {
   TQXSqlStoreProc set;
-  const TStringList lines{"@a", "Int,", "@b Bit"};  // lines of a list are parted by blanks
+  set.GetStatement().SetText("[$T] @MM_Old");
+  const TStringList lines{"@a", "int,", "@b NCHAR (-3) anything behind"};  // parted by blanks
   set.LoadParams(&lines);
   for (const char16_t* blank : {u"", u"  ", u"/* x */", u"\r\n"}) set.LoadParams(blank);
+  EXPECT_FALSE(set.GetItems(0)->GetAutoStyle());
   TStringList written;
   set.SaveParams(&written);
-  EXPECT_EQ(written.GetText(), "@a Int , @b Bit\r\n");
-}
-
-TEST(TQXSqlStoreProc, BadDeclarationsAreNamedAndWhatWasReadBeforeStays) {
-  const auto message = [](const std::string& declaration) {
-    TQXSqlStoreProc set;
-    set.GetStatement().SetText("[$T] @MM_Old");
-    const std::string text = MessageOf([&] { set.LoadParams(BytesToWide("@ok Int," + declaration)); });
-    EXPECT_EQ(ParamsOf(set), Names{"@ok"});
-    EXPECT_EQ(set.GetFuncCount(), 1);
-    return text;
-  };
-  ExpectRows(message, {{" @a", "Param Error"},
-                       {"", "Param Error"},
-                       {"@a Text", "ParamStyle not Found"},
-                       {"@a Int OUTPUT", "ParamStyle not Found"},
-                       {"@a Decimal(10,2)", "'' is not a valid integer value"},
-                       {"@a Char()", "'' is not a valid integer value"},
-                       {"@a Char)(3)", "'' is not a valid integer value"},
-                       {"@a Char ( -3 )", "' -3 ' is not a valid integer value"},  // blanks inside the length
-                       {"@a Char(0x10)", "'0x10' is not a valid integer value"}});
-}
-
-/// Comment removal as it is defined, step by step from the front.
-std::u16string ClearNoteInSteps(std::u16string_view text) {
-  std::u16string t(text);
-  std::size_t p = t.find(u"/*");
-  std::size_t q = t.find(u"*/");
-  if (t.find_first_not_of(u' ') == t.npos || p == t.npos || q == t.npos || p > q) return t;
-  while (p != t.npos && q != t.npos && p < q) {
-    t = t.substr(0, p) + t.substr(q + 2);
-    p = t.find(u"/*");
-    q = t.find(u"*/");
-  }
-  const auto first = std::find_if(t.begin(), t.end(), [](char16_t c) { return c >= 33 && c <= 127; });
-  return first == t.end() ? t : std::u16string(first, t.end());
-}
-
-TEST(TQXSqlStoreProc, CommentsGoFromTheFront) {
-  ExpectRows(
-      [](const std::string& text) { return WideToBytes(TQXSqlStoreProc::ClearNote(BytesToWide(text))); },
-      {{"  /* x */  select 1", "select 1"},
-       {"  select 1", "  select 1"},
-       {"/* a /* b */ c */ d", "c */ d"},  // the first end closes, the next stands before any opener
-       {"\xA4\xA4/**/a", "a"},             // on purpose: Chinese goes with the blanks in front
-       {"/**/\xA4\xA4", "\xA4\xA4"}});
-  std::mt19937 random(4);
-  for (int round = 0; round < 50000; ++round) {
-    const std::u16string text = BytesToWide(RandomText(random, {"/", "*", "/*", " ", "a"}, 24));
-    ASSERT_EQ(WideToBytes(TQXSqlStoreProc::ClearNote(text)), WideToBytes(ClearNoteInSteps(text)))
-        << WideToBytes(text);
-  }
+  EXPECT_EQ(written.GetText(), "@a Int , @b NChar(-3)\r\n");
+  EXPECT_EQ(MessageOf([&] { set.LoadParams(u"@c Bit,@d Decimal(10,2)"); }),
+            "'' is not a valid integer value");
+  WideString rest;
+  set.SaveParams(rest);
+  EXPECT_EQ(rest, u"@c Bit");  // what was read before stays
+  EXPECT_EQ(set.GetFuncCount(), 1);
 }
 
 }  // namespace
