@@ -27,7 +27,8 @@ statement=$source/examples/order_search/order_search.sql
 expect 0 "N'@MM_From Datetime , @MM_To Sql_variant" call "$statement" --set '@MM_From:date=2003/01/01' --set '@MM_To:null'
 expect 0 "''作廢''" --utf8-terminal call "$statement"
 expect 0 "macro      [\$Orders]     Varchar  5" call "$statement" --list --set '$Orders=Goods'
-expect 0 "@a Int , @b Varchar(20)" call "$statement" --declare '@a Int, @b Varchar(20)'
+printf '@a Int,\n@b\nVarchar(20)' >declared
+expect 0 "@a Int , @b Varchar(20)" call "$statement" --declare declared
 expect 2 "no parameter or macro @x" call "$statement" --set @x=1
 expect 2 "Param Error" call "$statement" --declare @a
 expect 2 'Cannot open file "none"' call none
@@ -37,6 +38,7 @@ expect 2 "up to four decimals" call "$statement" --set @MM_Qty:money=0.00001
 printf 'select @NID /* c */, @SName' >command.sql
 expect 0 "select 15 , 'O''Neil'" command command.sql --set '@NID=@N:15' --set "@SName=O'Neil"
 expect 2 "line 3 of the statement holds a byte that is no character" --utf8-terminal call - < <(printf 'select\n\x80')
+expect 2 "takes no bigint" command command.sql --set @NID:bigint=1
 expect 2 "no parameter @X" command command.sql --set @X=1
 
 expect 0 "" ini a.ini add Main Mode=fast 'Path=C:\x'
