@@ -38,6 +38,7 @@ expect 2 "up to four decimals" call "$statement" --set @MM_Qty:money=0.00001
 printf 'select @NID /* c */, @SName' >command.sql
 expect 0 "select 15 , 'O''Neil'" command command.sql --set '@NID=@N:15' --set "@SName=O'Neil"
 expect 2 "line 3 of the statement holds a byte that is no character" --utf8-terminal call - < <(printf 'select\n\x80')
+expect 0 "N'@NID Unknown , @SName Unknown'" call command.sql --all
 expect 2 "takes no bigint" command command.sql --set @NID:bigint=1
 expect 2 "no parameter @X" command command.sql --set @X=1
 
@@ -63,10 +64,10 @@ expect 2 "broken.ini: line 2: RootKey not Open." ini broken.ini list
 printf 'Main:[%%RootKey%%]\n[%%\n//c\n%%]\n' >b.ini
 expect 1 "a comment, or a line without a colon, is lost" ini b.ini check
 
-printf 'Name,Phone\n"Lee, ""A""",5"5" "\r\n' >a.csv
+printf 'Name,Phone\n"Lee, ""A""",5"5"\r\n' >a.csv
 expect 0 "" table a.tbl from-csv a.csv
 expect 0 "" table a.tbl append Wang
-expect 0 '"Lee, ""A""","5""5"" """' table a.tbl to-csv
+expect 0 '"Lee, ""A""","5""5"""' table a.tbl to-csv
 expect 0 "2    Wang" table a.tbl show
 expect 2 "no field Fax" table a.tbl get 1 Fax
 for text in 'a[' ']a' 'a#]' $'a\nb'; do expect 2 "a text cannot hold" table a.tbl set 1 Name "$text"; done
