@@ -29,8 +29,6 @@ expect 0 "''作廢''" --utf8-terminal call "$statement"
 expect 0 "macro      [\$Orders]     Varchar  5" call "$statement" --list --set '$Orders=Goods'
 printf '@a Int,\n@b\nVarchar(20)' >declared
 expect 0 "@a Int , @b Varchar(20)" call "$statement" --declare declared
-expect 2 "no parameter or macro @x" call "$statement" --set @x=1
-expect 2 "Param Error" call "$statement" --declare @a
 expect 2 'Cannot open file "none"' call none
 expect 2 "--set @MM_Qty:int=x" call "$statement" --set @MM_Qty:int=x
 expect 0 "922337203685477.5807" call "$statement" --set @MM_Qty:money=922337203685477.5807
