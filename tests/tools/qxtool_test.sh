@@ -67,6 +67,9 @@ expect 0 "" table a.tbl from-csv a.csv
 expect 0 "" table a.tbl append Wang
 expect 0 '"Lee, ""A""","5""5"""' table a.tbl to-csv
 expect 0 "2    Wang" table a.tbl show
+printf '[#\x80#]\r\n' >stray.tbl
+expect 2 "bytes that are no characters" --utf8-terminal table stray.tbl to-csv
+expect 0 $'No.  \xEF\xBF\xBD' --utf8-terminal table stray.tbl show
 expect 2 "no field Fax" table a.tbl get 1 Fax
 for text in 'a[' ']a' 'a#]' $'a\nb'; do expect 2 "a text cannot hold" table a.tbl set 1 Name "$text"; done
 expect 2 "a text cannot hold" table a.tbl append 'a[ '

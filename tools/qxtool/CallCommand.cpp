@@ -82,7 +82,7 @@ void Run(const Options& options) {
   LoadDeclarations(procedure, options.declare);
   SetValues(procedure, options);
   if (options.list)
-    Print(ListOf(procedure));
+    Display(ListOf(procedure));
   else
     RunOrPrint(options.run, procedure.GetStoreProc()->GetText());
 }

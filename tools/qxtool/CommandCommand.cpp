@@ -49,7 +49,7 @@ void Run(const Options& options) {
   command.GetInLines().SetText(ReadInput(options.file));
   SetValues(command, options);
   if (options.list)
-    Print(ListOf(command));
+    Display(ListOf(command));
   else
     RunOrPrint(options.run, command.GetOutLines().GetText());
 }

@@ -84,7 +84,7 @@ TextRow FormattedRow(const Formatted& function, const std::string& text) {
 void Run(const std::string& text) {
   std::vector<TextRow> rows = {StrToDateExRow(text), StrToDate2Row(text), CheckStrDateRow(text)};
   for (const Formatted& function : kFormatted) rows.push_back(FormattedRow(function, text));
-  Print(AlignRows({"Function", "Code", "Value", "Weekday", "Refused by"}, rows));
+  Display(AlignRows({"Function", "Code", "Value", "Weekday", "Refused by"}, rows));
 }
 
 }  // namespace

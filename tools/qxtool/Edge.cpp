@@ -13,6 +13,8 @@ namespace qxtool {
 
 namespace {
 
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD, which code page 950 lacks
+
 std::string Reason() { return std::generic_category().message(errno); }
 
 std::string ReadStandardInput() {
@@ -58,10 +60,15 @@ std::string FromArgument(const std::string& argument) {
 }
 
 void Print(std::string_view text) {
-  if (GetEncoding().utf8Terminal)
-    PrintBytes(qxTools::BytesToUtf8(text));
-  else
-    PrintBytes(text);
+  if (!GetEncoding().utf8Terminal) return PrintBytes(text);
+  const std::string utf8 = qxTools::BytesToUtf8(text);
+  if (utf8.find(kReplacement) != std::string::npos)
+    throw Failure("the text holds bytes that are no characters, so it has no form in UTF-8");
+  PrintBytes(utf8);
+}
+
+void Display(std::string_view text) {
+  PrintBytes(GetEncoding().utf8Terminal ? qxTools::BytesToUtf8(text) : std::string(text));
 }
 
 void PrintBytes(std::string_view bytes) {

@@ -30,8 +30,12 @@ std::string ReadInput(const std::string& fileName);
 /// An argument as code page 950.
 std::string FromArgument(const std::string& argument);
 
-/// Writes text to standard output. @throws Failure when it does not take all of it.
+/// Writes text to standard output. @throws Failure when that does not take all of it, and when a byte of the
+/// text has no form in UTF-8 that the terminal is to get.
 void Print(std::string_view text);
+
+/// The same for people to look at: such a byte is shown as U+FFFD.
+void Display(std::string_view text);
 
 /// The same for bytes that are not to be converted.
 void PrintBytes(std::string_view bytes);

@@ -63,7 +63,7 @@ void Show(const Options& options) {
     rows.push_back(RowOf(wanted));
   else
     throw Failure(Visible(options.extension) + ": not registered");
-  Print(AlignRows({"Extension", "Type", "Description", "Program", "MIME type"}, rows));
+  Display(AlignRows({"Extension", "Type", "Description", "Program", "MIME type"}, rows));
 }
 
 void Remove(const Options& options) {
@@ -83,7 +83,7 @@ void ShowPlan(const Options& options) {
   std::vector<TextRow> rows;
   for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
     rows.push_back({value.Key, value.Value});
-  Print(AlignRows({"Key", "Value"}, rows));
+  Display(AlignRows({"Key", "Value"}, rows));
   for (const DesktopFile& file : DesktopFilesOf(WithArguments(options, PlanFileType)))
     if (file.bytes) PrintFile(file);
 }

@@ -53,7 +53,7 @@ void Info(const Options& options) {
   for (std::size_t k = 0; k < pieces.size(); ++k)
     rows.push_back(
         {kPieceNames[k], std::to_string(pieces[k].GetWidth()), std::to_string(pieces[k].GetHeight())});
-  Print(AlignRows({"Piece", "Width", "Height"}, rows));
+  Display(AlignRows({"Piece", "Width", "Height"}, rows));
 }
 
 void Render(const Options& options) {

@@ -53,7 +53,7 @@ void Info(const Options& options) {
                                {"Comment", store.GetComment()},
                                {"Data", std::to_string(store.GetStream()->GetSize()) + " bytes"}};
   if (behind != 0) rows.push_back({"Behind it", std::to_string(behind) + " bytes, not read"});
-  Print(AlignRows({"Field", "Value"}, rows));
+  Display(AlignRows({"Field", "Value"}, rows));
 }
 
 void Pack(const Options& options) {

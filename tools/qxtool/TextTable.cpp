@@ -63,6 +63,6 @@ std::string AlignUtf8Rows(const TextRow& head, const std::vector<TextRow>& rows)
   return Aligned(head, rows, kUtf8);
 }
 
-void PrintRows(const TextRow& head, const TextRows& rows) { Align(head, rows, kBytes, Print); }
+void PrintRows(const TextRow& head, const TextRows& rows) { Align(head, rows, kBytes, Display); }
 
 }  // namespace qxtool
