@@ -16,8 +16,8 @@ std::string CsvCell(const std::optional<std::string>& text);
 /// The cells of a row, ended by CR LF.
 std::string CsvLine(const TextRow& row);
 
-/// The rows of a CSV text; quotes inside a quoted cell are doubled, those in another cell are part of its text,
-/// and a line break ends a row.
+/// The rows of a CSV text; quotes inside a quoted cell are doubled, those in another cell are part of its
+/// text, and a line break ends a row.
 /// @throws Failure when a quoted cell is not closed.
 std::vector<TextRow> ReadCsv(std::string_view text);
 

@@ -51,7 +51,8 @@ class GB2312Table {
       for (unsigned trail = 0xA1; trail <= 0xFE; ++trail)
         Add(converter, {static_cast<char>(lead), static_cast<char>(trail)});
     iconv_close(converter);
-    // Two symbols that code page 936, and so nearly every text, reads otherwise; the other reading still comes in.
+    // Two symbols that code page 936, and so nearly every text, reads otherwise; the other reading still
+    // comes in.
     Prefer("\xA1\xA4", "\xC2\xB7");      // ·
     Prefer("\xA1\xAA", "\xE2\x80\x94");  // —
   }
