@@ -72,12 +72,8 @@ class QXTOOLS_API Variant {
   Variant() noexcept = default;
   Variant(const Variant&) = default;
   Variant(Variant&&) noexcept = default;
-  /// The contents go first: without memory for them the value stays as it was.
-  Variant& operator=(const Variant& other) {
-    value_ = other.value_;
-    type_ = other.type_;
-    return *this;
-  }
+  /// By a copy: without memory for it the value stays as it was, and `other` may go with the old contents.
+  Variant& operator=(const Variant& other) { return *this = Variant(other); }
   Variant& operator=(Variant&&) noexcept = default;
   ~Variant() = default;
   /// For bool itself, so that no pointer turns into one on the way.

@@ -114,6 +114,19 @@ TEST(Variant, HoldsAReferenceToAnObject) {
     EXPECT_EQ(value.AsInterface(), &object);
   }
   EXPECT_EQ(object.count, 0);
+
+  struct Holder final : Counted {
+    Integer _Release() override {
+      const Integer left = Counted::_Release();
+      if (left == 0) delete this;
+      return left;
+    }
+    Variant value = "a text";
+  };
+  auto* const holder = new Holder;
+  Variant last = Variant::FromUnknown(holder);
+  last = holder->value;  // whose holder goes with the reference
+  EXPECT_EQ(last, Variant("a text"));
 }
 
 }  // namespace
