@@ -117,7 +117,7 @@ expect 0 "" filetype register .qxo Order.File /usr/bin/true Orders
 expect 0 "Order.File" filetype show .qxo
 expect 0 "" filetype remove .qxo
 expect 2 "not registered" filetype show .qxo
-expect 2 "another name" filetype register .qxo .QXO /usr/bin/true
+for action in dry-run register; do expect 2 "another name" filetype $action .qxo .QXO /usr/bin/true; done
 
 # A name's control bytes are shown, and an interrupted command leaves its target as it was.
 expect 2 'x\x1B[2J' call $'x\e[2J'

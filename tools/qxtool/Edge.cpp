@@ -9,11 +9,11 @@
 #include <cstdio>
 #include <system_error>
 
+#include "database/Charset.h"
+
 namespace qxtool {
 
 namespace {
-
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD, which code page 950 lacks
 
 std::string Reason() { return std::generic_category().message(errno); }
 
@@ -61,10 +61,9 @@ std::string FromArgument(const std::string& argument) {
 
 void Print(std::string_view text) {
   if (!GetEncoding().utf8Terminal) return PrintBytes(text);
-  const std::string utf8 = qxTools::BytesToUtf8(text);
-  if (utf8.find(kReplacement) != std::string::npos)
-    throw Failure("the text holds bytes that are no characters, so it has no form in UTF-8");
-  PrintBytes(utf8);
+  const auto utf8 = database::Convert(text, database::Charset::kCodePage950, database::Charset::kUtf8);
+  if (!utf8) throw Failure("the text holds bytes that are no characters, so it has no form in UTF-8");
+  PrintBytes(*utf8);
 }
 
 void Display(std::string_view text) {

@@ -34,14 +34,14 @@ std::string PathOf(const std::string& program) {
 /// Calls `take` with the arguments of a registration, as the library wants them.
 template <class Take>
 auto WithArguments(const Options& options, Take&& take) {
+  // They share a key then, and the description would take the place of the type's name.
+  if (SameText(options.extension, options.type))
+    throw Failure(Visible(options.type) + ": a type needs another name than its extension");
   return take(FromArgument(options.extension), FromArgument(options.type), PathOf(options.program),
               FromArgument(options.description), options.icon);
 }
 
 void Register(const Options& options) {
-  // They share a key then, and the description would take the place of the type's name.
-  if (SameText(options.extension, options.type))
-    throw Failure(Visible(options.type) + ": a type needs another name than its extension");
   Naming(options.extension, [&] { WithArguments(options, RegFileType); });
   for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
     if (ReadClassesValue(value.Key) != value.Value)

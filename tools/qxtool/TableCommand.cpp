@@ -117,7 +117,9 @@ void Append(const Options& options) {
 void ToCsv(const Options& options) {
   TQXStringTable table("#TEMP");
   Load(table, options);
-  for (Integer i = 0; i < table.GetCount(); ++i) Print(CsvLine(FieldsOf(table.GetStrings(i))));
+  std::string text;
+  for (Integer i = 0; i < table.GetCount(); ++i) text += CsvLine(FieldsOf(table.GetStrings(i)));
+  Print(text);
 }
 
 void FromCsv(const Options& options) {
