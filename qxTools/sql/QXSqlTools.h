@@ -191,8 +191,8 @@ class QXTOOLS_API TQXSQLItems {
 /// A T-SQL command text with "@" parameters, and the text with their values in place.
 ///
 /// The parameters follow the text: any change of InLines rebuilds them and drops values set before. Every
-/// step is linear in the text; only where a value could make or lengthen a name in it does the output take a
-/// pass a parameter.
+/// step is linear in the text; only where a value could make or lengthen a name in it, or a name was
+/// changed, does the output take a pass a parameter.
 class QXTOOLS_API TQXSQL : public TPersistent {
  public:
   TQXSQL();

@@ -4,8 +4,8 @@
 ///
 /// Values stay apart from the statement, so they may hold anything. Macros are text: a macro's value is part
 /// of the statement and must not come from outside unchecked. Every step is linear in the text; only where a
-/// value could make or lengthen a macro's name does each macro take a pass. Look-ups by name take constant
-/// time on average.
+/// value could make or lengthen a macro's name, or one stands inside another, does each macro take a pass.
+/// Look-ups by name take constant time on average.
 #pragma once
 
 #include <qxTools/runtime/OwnedList.h>
