@@ -72,9 +72,9 @@ FUZZ_TARGET(StatementSet) {
   const std::u16string wide = BytesToWide(input.Rest(400));
 
   qxSqlStoreProc::TQXSqlStoreProc set;
-  set.SetSearchParamType(all ? qxSqlStoreProc::spAll : qxSqlStoreProc::spAuto);
   FUZZ_CHECK(set.ClearNote(wide) == ClearNote(wide));
   set.LoadStoreProc(wide);
+  set.SetSearchParamType(all ? qxSqlStoreProc::spAll : qxSqlStoreProc::spAuto);  // searches again
   const std::string text = plain::WithCrLf(WideToBytes(ClearNote(wide)));
   FUZZ_CHECK(set.GetStatement().GetText() == text);
 

@@ -1,5 +1,6 @@
 // Needs a Chinese font, as the package fonts-wqy-microhei has, and Qt's offscreen platform.
 #include <qxTools/desktop/QtCanvas.h>
+#include <qxTools/graphics/qxDrawTools.h>
 
 #include <QtGui/QFontDatabase>
 #include <QtGui/QImage>
@@ -38,7 +39,8 @@ QImage ImageOf(const TBitmap& bitmap, double ratio = 1) {
 
 QImage QtPaper(double ratio = 1) { return ImageOf(Paper(kSide, kSide), ratio); }
 
-/// Random lines, polygons, fills and copies of `stamp`, the same for the same seed.
+/// Random lines, polygons, fills and copies of `stamp`, the same for the same seed, under controls and a
+/// frame.
 void DrawAtRandom(TCanvas& canvas, unsigned seed, const char* stamp = kStamp) {
   std::mt19937 random(seed);
   const auto place = [&random] { return static_cast<Integer>(random() % 90) - 15; };
@@ -55,6 +57,14 @@ void DrawAtRandom(TCanvas& canvas, unsigned seed, const char* stamp = kStamp) {
     canvas.CopyRect(rect(), bitmap, rect());
     canvas.CopyRect(rect(), bitmap);
   }
+  qxDrawTools::DrawButton(canvas, {1, 1, 20, 10}, true);
+  qxDrawTools::DrawBox(canvas, {22, 1, 40, 10}, false);
+  for (const auto direction : {qxDrawTools::daLeft, qxDrawTools::daTop})
+    qxDrawTools::Draw3Angle(canvas, {1, 12, 20, 30}, direction, ColorOf('r'));
+  qxDrawTools::DrawTabset(canvas, {22, 12, 60, 24}, ColorOf('r'), 0, "", false);
+  qxDrawTools::TFrameBitmaps pieces;
+  for (TBitmap& piece : pieces) Paint(piece, stamp);
+  qxDrawTools::DrawFrameWithBMP(canvas, {1, 32, 60, 60}, pieces);
 }
 
 /// What that gives on the core's own canvas.

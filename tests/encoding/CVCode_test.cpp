@@ -46,9 +46,9 @@ TEST(CVCode, Big5BecomesGbByItsTrailBytes) {
 }
 
 /// How many characters have a counterpart, and how many of those come back.
-std::pair<int, int> Cover(int firstTrail, auto there, auto back) {
+std::pair<int, int> Cover(int first, int last, int firstTrail, auto there, auto back) {
   std::pair<int, int> coverage;
-  for (int code = 0xA140; code <= 0xF9FE; ++code) {
+  for (int code = first; code <= last; ++code) {
     if ((code & 0xFF) < firstTrail || (code & 0xFF) == 0xFF) continue;
     const std::string character = {static_cast<char>(code >> 8), static_cast<char>(code)};
     const std::string converted = there(character);
@@ -60,8 +60,10 @@ std::pair<int, int> Cover(int firstTrail, auto there, auto back) {
 }
 
 TEST(CVCode, CoverageIsAsPublished) {
-  EXPECT_EQ(Cover(0xA1, GBtoBIG5, BIG5toGB), std::pair(6556 + 321, 6504 + 262));
-  EXPECT_EQ(Cover(0x40, BIG5toGB, GBtoBIG5), std::pair(5278 + 1897 + 310 + 7, 5001 + 1503 + 262));
+  EXPECT_EQ(Cover(0xB0A1, 0xF7FE, 0xA1, GBtoBIG5, BIG5toGB), std::pair(6556, 6504)) << "GB2312 hanzi";
+  EXPECT_EQ(Cover(0xA1A1, 0xAFFE, 0xA1, GBtoBIG5, BIG5toGB), std::pair(321, 262)) << "GB2312 symbols";
+  EXPECT_EQ(Cover(0xA440, 0xC67E, 0x40, BIG5toGB, GBtoBIG5), std::pair(5278, 5001)) << "BIG5 level 1";
+  EXPECT_EQ(Cover(0xC940, 0xF9D5, 0x40, BIG5toGB, GBtoBIG5), std::pair(1897, 1503)) << "BIG5 level 2";
 }
 
 TEST(CVCode, TheConverterReportsWhatBecomesSpaces) {

@@ -14,6 +14,7 @@ using namespace qxTools::QXColorMode;
 using namespace qxTools::test;
 
 constexpr Real kNaN = std::numeric_limits<Real>::quiet_NaN();
+constexpr Real kInfinity = std::numeric_limits<Real>::infinity();
 
 using Three = std::array<Real, 3>;
 
@@ -53,7 +54,10 @@ TEST(QXColorMode, HuesOutsideTheCircle) {
     EXPECT_EQ(Convert(HSVtoRGB, {hue, 1, 1}), (Three{-7, -7, -7}));
     EXPECT_EQ(HSV(hue, 1, 255), 0U);
   }
-  EXPECT_EQ(Convert(RGBtoHSV, {kNaN, 1, 0})[0], 0);
+  for (const Real odd : {kNaN, kInfinity, -kInfinity})
+    for (const Three& rgb : {Three{odd, 1, 0}, Three{0.5, odd, 0}, Three{0.5, 1, odd}})
+      for (const Real hue : {Convert(RGBtoHSV, rgb)[0], Convert(RGBtoHLS, rgb)[0]})
+        EXPECT_FALSE(hue < 0 || hue >= 360);
   EXPECT_EQ(Convert(HLStoRGB, {-120, 0.5, 1}), (Three{0, 0, 1}));
   EXPECT_EQ(Convert(HLStoRGB, {660, 0.5, 1}), (Three{0, 0, 1}));  // 300, but its red is folded only once
 }
@@ -67,6 +71,7 @@ TEST(QXColorMode, HLSDividesByZeroOnlyWhereItIsTold) {
 TEST(QXColorMode, PackingNeitherClampsNorMasks) {
   EXPECT_EQ(HSV(0, 0, 0.5) + HSV(0, 0, 2.5), 0x020202U);  // ties to even
   EXPECT_EQ(HSV(0, kNaN, kNaN), 0U);
+  EXPECT_EQ(HLS(0, kInfinity, 0), 0xFFFFFFFFU);
   EXPECT_EQ(HLS(0, -1e30L, 0), 0x80000000U);
   EXPECT_EQ(HLS(0, 256, 0) + HLS(0, -1, 0), 0x1010100U - 1);
   EXPECT_EQ(HLS(THLSMode{120, 0.5, 1}), 0x000100U);

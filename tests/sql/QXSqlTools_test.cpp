@@ -1,6 +1,8 @@
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/QXSqlTools.h>
 
+#include <functional>
+
 #include "support/Testing.h"
 
 namespace {
@@ -133,7 +135,10 @@ TEST(TQXSQL, TheLastOfEqualNamesIsFoundWhateverChanges) {
   EXPECT_TRUE(items.FindAndModify("@a", "5", stReal));
   EXPECT_EQ(items.GetItems(1)->Text, "7");  // on purpose: the output stays
   EXPECT_FALSE(items.FindAndModify("@d", "5", stInteger));
-  EXPECT_EQ(MessageOf([&] { items.SetItemsStyle("@d", stDate); }), "Parameters @d is not found");
+  const std::function<void()> lookUps[] = {
+      [&] { items.SetItemsStyle("@d", stDate); }, [&] { items.GetItemsStyle("@d"); },
+      [&] { items.SetItemsValue("@d", 1); }, [&] { items.GetItemsValue("@d"); }};
+  for (const auto& lookUp : lookUps) EXPECT_EQ(MessageOf(lookUp), "Parameters @d is not found");
   EXPECT_EQ(MessageOf([&] { items.Delete(-1); }), "List index out of bounds (-1)");
   TQXSQL other;
   EXPECT_EQ(MessageOf([&] { items.GetItems(0)->Assign(&other); }), "Cannot assign a TQXSQL to a TQXSQLItem");

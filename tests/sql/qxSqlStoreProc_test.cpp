@@ -1,3 +1,4 @@
+#include <qxTools/runtime/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
@@ -10,6 +11,35 @@ using namespace qxTools::qxSqlStoreProc;
 using namespace qxTools::test;
 
 // Scanning, comments, macros and declarations of any text: fuzz/StatementSet.cpp, fuzz/Declarations.cpp.
+
+TEST(TQXSqlStoreProc, ScansForParametersOutsideLiterals) {
+  using Names = std::vector<std::string>;
+  const auto namesOf = [](const TQXSqlStoreProc& set) {
+    Names names;
+    for (Integer i = 0; i < set.GetParamCount(); ++i) names.push_back(set.GetItems(i)->GetName());
+    return names;
+  };
+  const std::tuple<std::string, Names, Names> cases[] = {
+      // With spAuto, and with spAll.
+      {"'@MM_X' @MM_A ... @mm_a=@b", {"@MM_A"}, {"@MM_A", "@b"}},
+      {"@MM_A@MM_B", {"@MM_B"}, {"@MM_B"}},
+      {"@MM_1, @MM, @MMX, @mm_x", {"@MM_1", "@MM", "@mm_x"}, {"@MM_1", "@MM", "@MMX", "@mm_x"}},
+      {"@_x @1y @@ROWCOUNT", {}, {"@x", "@y", "@ROWCOUNT"}},
+      {"@a'it''s'b", {}, {"@a"}},  // the literal's last quote ends the name
+      {"@'x'b ", {}, {"@b"}},      // a lone mark stays open over a literal
+      // Never closed, and large: in time that grows with the text.
+      {"@a'" + std::string(10000000, '@'), {}, {}},
+      {"/*" + std::string(10000000, '*'), {}, {}},
+      {"[$" + std::string(10000000, '$'), {}, {}},
+  };
+  for (const auto& [text, automatic, all] : cases) {
+    TQXSqlStoreProc set;
+    set.LoadStoreProc(BytesToWide(text));
+    EXPECT_EQ(namesOf(set), automatic) << text.substr(0, 40);
+    set.SetSearchParamType(spAll);
+    EXPECT_EQ(namesOf(set), all) << text.substr(0, 40);
+  }
+}
 
 TEST(TQXSqlStoreProc, WritesTheCall) {
   TQXSqlStoreProc set;

@@ -1,5 +1,6 @@
 #include <qxTools/runtime/Ascii.h>
 #include <qxTools/stores/qxIniTools.h>
+#include <qxTools/strings/QXStrTools.h>
 
 #include <algorithm>
 
@@ -213,6 +214,16 @@ TEST(qxIniTools, FindingAgreesWithAWalk) {
       ASSERT_EQ(file.GetValue(wanted), "new");
     }
   }
+}
+
+TEST(qxIniTools, BadInputIsRead) {
+  TQXIniFile file;
+  file.SetText("S:[%RootKey%]\n" + QXStrTools::Replicate("[%\r", 1000000));
+  EXPECT_EQ(file.GetText().size(), 15U + 8U * 1000000U);
+  file.SetText(std::string(10000000, ':'));
+  EXPECT_EQ(file.GetText(), "");
+  file.SetText("\xA4\xA4\xA4:[%RootKey%]\r\r\n\n[%\n\xFE\0:\xA4\r%]"s);
+  EXPECT_EQ(file.GetText(), "\xA4\xA4\xA4:[%RootKey%]\r\n[%\r\n  \xFE:\xA4\r\n%]\r\n");
 }
 
 }  // namespace
