@@ -27,7 +27,6 @@ std::string ReadStandardInput() {
 
 /// UTF-8 as code page 950; a character that the page lacks is an error, named by its line.
 std::string Narrow(std::string_view utf8, const std::string& subject) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (utf8.starts_with(kByteOrderMark)) utf8.remove_prefix(kByteOrderMark.size());
   std::string bytes = qxTools::Utf8ToBytes(utf8);
   const std::string back = qxTools::BytesToUtf8(bytes);

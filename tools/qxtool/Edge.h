@@ -23,6 +23,9 @@ struct Encoding {
 };
 Encoding& GetEncoding();
 
+/// What can stand in front of UTF-8 and is no text.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 /// The bytes of a file as code page 950; "-" is standard input.
 /// @throws Failure, naming the file, when it cannot be read or holds what the page lacks.
 std::string ReadInput(const std::string& fileName);

@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "Edge.h"
+#include "database/Charset.h"
 
 namespace qxtool {
 
@@ -17,8 +18,6 @@ using qxTools::CVCode::TConverter;
 using qxTools::CVCode::TDirection;
 
 constexpr std::string_view kMissing = "  ";
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";    // U+FFFD
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // in front of UTF-8, where it is no text
 
 unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 
@@ -158,8 +157,8 @@ class CharacterTranscoder : public Transcoder {
 };
 
 std::string Big5ToUtf8(std::string_view character) {
-  std::string utf8 = qxTools::BytesToUtf8(character);
-  return utf8.find(kReplacement) == std::string::npos ? utf8 : std::string();
+  using database::Charset;
+  return database::Convert(character, Charset::kCodePage950, Charset::kUtf8).value_or("");
 }
 
 std::string Utf8ToBig5(std::string_view character) {
