@@ -1,6 +1,6 @@
 // Bitmap files: a picture is read pixel by pixel as its bytes have it, or refused, and reads the same when it
 // was saved.
-#include <qxTools/runtime/Bitmap.h>
+#include <qxTools/painting/Bitmap.h>
 
 #include "Target.h"
 #include "support/TemporaryFolder.h"

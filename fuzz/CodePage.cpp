@@ -1,5 +1,5 @@
 // Code page 950, UTF-16 and UTF-8.
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
 
 #include <map>
 

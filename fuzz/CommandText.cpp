@@ -1,5 +1,5 @@
 // The command with "@" parameters: names found, comments out and values in, against their wording.
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/sql/QXSqlTools.h>
 
 #include "Plain.h"

@@ -1,5 +1,5 @@
 // Declaration lists: read as their wording has it, and read again as they were saved.
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/runtime/Numbers.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 

@@ -1,6 +1,6 @@
 // Data packets: any variant loads or raises what is stated, and what was loaded travels unchanged.
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/data/qxOleVariant.h>
-#include <qxTools/runtime/CodePage950.h>
 
 #include <bit>
 #include <cmath>

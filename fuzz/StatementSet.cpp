@@ -1,6 +1,6 @@
 // The stored-procedure set: parameters and macros found, comments out and the call text, against their
 // wording.
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
 #include "Plain.h"

@@ -6,8 +6,8 @@
 /// compiler.
 #pragma once
 
-#include <qxTools/runtime/Exceptions.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/base/Types.h>
 
 #include <algorithm>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // Variants and numbers as text.
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/runtime/Numbers.h>
 #include <qxTools/runtime/Variant.h>

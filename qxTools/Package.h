@@ -7,7 +7,7 @@
 /// starts only when it is told to.
 #pragma once
 
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 namespace qxTools {
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes qxTools/runtime/CodePage950Table.inc, the characters of code page 950 outside its user-defined areas.
+"""Writes qxTools/base/CodePage950Table.inc, the characters of code page 950 outside its user-defined areas.
 
 Source: the Unicode Consortium's mapping table VENDORS/MICSFT/WINDOWS/CP950.TXT, as Python's `cp950` codec
 carries it. The C library's CP950 must agree on every character, or nothing is written.
@@ -9,7 +9,7 @@ carries it. The C library's CP950 must agree on every character, or nothing is w
 import pathlib
 import subprocess
 
-TARGET = pathlib.Path(__file__).parent.parent / "qxTools/runtime/CodePage950Table.inc"
+TARGET = pathlib.Path(__file__).parent.parent / "qxTools/base/CodePage950Table.inc"
 LEADS = range(0xA1, 0xFA)
 TRAILS = [*range(0x40, 0x7F), *range(0xA1, 0xFF)]
 USER_DEFINED = range(0xC6A1, 0xC8FF)  # the codec reads later characters in part of it

@@ -1,7 +1,7 @@
 // A page of controls on a Qt surface of 1920 x 1080: 2,000 of them are to take less than 60 ms. The picture
 // is compared with that of the core's bitmap first.
 #include <benchmark/benchmark.h>
-#include <qxTools/desktop/QtCanvas.h>
+#include <qxTools/desktop/qt/QtCanvas.h>
 #include <qxTools/graphics/qxDrawTools.h>
 
 #include <QtGui/QImage>

@@ -2,8 +2,8 @@
 // OpenCC's library, which looks at words and works on UTF-8: that one for orientation.
 #include <benchmark/benchmark.h>
 #include <iconv.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/encoding/CVCode.h>
-#include <qxTools/runtime/CodePage950.h>
 
 #include <cstdint>
 #include <functional>

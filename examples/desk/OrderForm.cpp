@@ -2,7 +2,7 @@
 
 #include <qxTools/calendar/QXDateTools.h>
 #include <qxTools/calendar/QXToDigit.h>
-#include <qxTools/platform/SystemColors.h>
+#include <qxTools/painting/SystemColors.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/shell/QXDialogs.h>
 

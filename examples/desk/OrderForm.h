@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qxTools/desktop/QtCanvas.h>
+#include <qxTools/desktop/qt/QtCanvas.h>
 #include <qxTools/graphics/qxDrawTools.h>
 
 #include <QtWidgets/QWidget>

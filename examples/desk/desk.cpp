@@ -5,8 +5,8 @@
 //   desk --screenshot FILE.png    paints form and message box into a picture; with QT_QPA_PLATFORM=offscreen
 //                                 it needs no screen
 //   desk --make-frame FILE.dw1    writes the frame that the form wears, with its bitmap file
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/desktop/Desktop.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QTimer>

@@ -1,8 +1,8 @@
 // Dates, times of day and numbers as text.
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/calendar/QXDateTools.h>
 #include <qxTools/calendar/QXTimeTools.h>
 #include <qxTools/calendar/QXToDigit.h>
-#include <qxTools/runtime/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
 
 #include <iostream>

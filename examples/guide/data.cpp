@@ -1,8 +1,8 @@
 // A packet from a client to a server, a list of values, and a block of bytes kept in a store.
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/data/QXValueTools.h>
 #include <qxTools/data/qxOleVariant.h>
 #include <qxTools/data/qxStore.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <iostream>
 

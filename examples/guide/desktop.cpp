@@ -1,6 +1,6 @@
 // The library's drawing on a picture of Qt, as a widget would do it in its paintEvent.
 #include <qxTools/desktop/Desktop.h>
-#include <qxTools/desktop/QtCanvas.h>
+#include <qxTools/desktop/qt/QtCanvas.h>
 #include <qxTools/graphics/qxDrawTools.h>
 
 #include <QtGui/QImage>

@@ -1,8 +1,8 @@
 // Chinese text between the two sets and UTF-8, and record keys.
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/encoding/CVCode.h>
 #include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/platform/Clock.h>
-#include <qxTools/runtime/CodePage950.h>
 
 #include <iostream>
 

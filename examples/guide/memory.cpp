@@ -1,6 +1,6 @@
 // A bank of integers, and a block of bytes with a cursor.
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/memory/QXMemTools.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <iostream>
 

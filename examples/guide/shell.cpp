@@ -1,5 +1,5 @@
 // A message box over a service that the host plugs in, and what registering a file type would store.
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/shell/QXDialogs.h>
 #include <qxTools/shell/QXRegFileType.h>
 

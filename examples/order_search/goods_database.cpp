@@ -3,7 +3,7 @@
 //   goods_database FOLDER "Driver=SQLite3;Database=goods.db"
 //
 // The records are written as INSERT statements by the SQL unit and sent over ODBC as UTF-8.
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/stores/QXStringTable.h>
 #include <qxTools/strings/QXStrTools.h>

@@ -4,9 +4,9 @@
 //   order_search order_search.sql
 //
 // The statement and the call are bytes in code page 950; they are shown as UTF-8, as terminals have it.
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/DateTime.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
 #include <iostream>

@@ -1,5 +1,5 @@
+#include <qxTools/base/Ascii.h>
 #include <qxTools/calendar/QXDateTools.h>
-#include <qxTools/runtime/Ascii.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/runtime/Numbers.h>
 #include <qxTools/strings/QXStrTools.h>

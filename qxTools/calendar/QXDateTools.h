@@ -17,7 +17,7 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 namespace qxTools::QXDateTools {
 

@@ -1,7 +1,7 @@
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/calendar/QXTimeTools.h>
-#include <qxTools/runtime/Ascii.h>
 #include <qxTools/runtime/DateTime.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/strings/QXStrTools.h>
 
 #include <algorithm>

@@ -12,7 +12,7 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 namespace qxTools::QXTimeTools {
 

@@ -1,5 +1,5 @@
+#include <qxTools/base/Ascii.h>
 #include <qxTools/calendar/QXToDigit.h>
-#include <qxTools/runtime/Ascii.h>
 
 #include <algorithm>
 

@@ -6,7 +6,7 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 namespace qxTools::QXToDigit {
 

@@ -1,8 +1,8 @@
 // A name in capitals, to be looked up.
 #pragma once
 
-#include <qxTools/runtime/Ascii.h>
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/CodePage950.h>
 
 #include <algorithm>
 #include <array>

@@ -3,8 +3,8 @@
 /// find by after a caller has changed it, and storage in zero-filled blocks.
 #pragma once
 
-#include <qxTools/runtime/ShortString.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/ShortString.h>
+#include <qxTools/base/Types.h>
 
 namespace qxTools {
 

@@ -7,7 +7,7 @@
 /// other. One thread at a time.
 #pragma once
 
-#include <qxTools/runtime/Interfaces.h>
+#include <qxTools/base/Interfaces.h>
 
 namespace qxTools::qxIntf {
 

@@ -1,6 +1,6 @@
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/data/FoldedKey.h>
 #include <qxTools/data/OleVariantFace.h>
-#include <qxTools/runtime/CodePage950.h>
 #include <qxTools/sql/QXSqlTools.h>
 
 namespace qxTools::qxOleVariant {

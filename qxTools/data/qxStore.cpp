@@ -1,8 +1,8 @@
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/base/LittleEndian.h>
 #include <qxTools/data/qxStore.h>
 #include <qxTools/platform/FileStream.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/runtime/Exceptions.h>
-#include <qxTools/runtime/LittleEndian.h>
 
 #include <algorithm>
 #include <typeinfo>

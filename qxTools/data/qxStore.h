@@ -15,10 +15,10 @@
 ///         72        the data
 #pragma once
 
+#include <qxTools/base/ShortString.h>
+#include <qxTools/painting/Geometry.h>
 #include <qxTools/runtime/Filer.h>
-#include <qxTools/runtime/Geometry.h>
 #include <qxTools/runtime/InterfacedPersistent.h>
-#include <qxTools/runtime/ShortString.h>
 
 namespace qxTools::qxStore {
 

@@ -1,5 +1,5 @@
+#include <qxTools/base/AsciiFastPath.h>
 #include <qxTools/encoding/CVCode.h>
-#include <qxTools/runtime/AsciiRun.h>
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include <qxTools/graphics/Wrapping.h>
 #include <qxTools/graphics/qxDrawTools.h>
-#include <qxTools/platform/SystemColors.h>
+#include <qxTools/painting/SystemColors.h>
 
 namespace qxTools::qxDrawTools {
 

@@ -1,10 +1,10 @@
 // The frame file: a signature and the nine sizes, 32 bits each. Its pictures stand side by side in a bitmap
 // file.
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/base/LittleEndian.h>
 #include <qxTools/graphics/Wrapping.h>
 #include <qxTools/graphics/qxDrawTools.h>
 #include <qxTools/platform/FileStream.h>
-#include <qxTools/runtime/Exceptions.h>
-#include <qxTools/runtime/LittleEndian.h>
 
 #include <algorithm>
 #include <filesystem>

@@ -1,5 +1,5 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/graphics/QXColorMode.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/runtime/Numbers.h>
 
 #include <cstdio>

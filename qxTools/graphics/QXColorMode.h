@@ -11,8 +11,8 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/runtime/Geometry.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
+#include <qxTools/painting/Geometry.h>
 
 namespace qxTools::QXColorMode {
 

@@ -1,7 +1,7 @@
 // 32-bit arithmetic that wraps, as coordinates do.
 #pragma once
 
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 namespace qxTools {
 

@@ -1,6 +1,6 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/graphics/Wrapping.h>
 #include <qxTools/graphics/qxDrawTools.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <algorithm>
 #include <limits>

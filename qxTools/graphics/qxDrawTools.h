@@ -9,8 +9,8 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/platform/Screen.h>
-#include <qxTools/runtime/Bitmap.h>
+#include <qxTools/painting/Bitmap.h>
+#include <qxTools/painting/Screen.h>
 
 #include <array>
 

@@ -1,6 +1,6 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/memory/MemoryCore.h>
 #include <qxTools/platform/Heap.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <cstring>
 #include <limits>

@@ -7,7 +7,7 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/runtime/Interfaces.h>
+#include <qxTools/base/Interfaces.h>
 
 #include <algorithm>
 #include <cstddef>

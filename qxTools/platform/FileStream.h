@@ -2,14 +2,14 @@
 /// Files as streams.
 #pragma once
 
-#include <qxTools/runtime/Streams.h>
+#include <qxTools/base/Streams.h>
 
 namespace qxTools {
 
 /// How a file is opened; fmCreate makes it, or empties the one that is there.
 enum TFileMode { fmOpenRead, fmOpenWrite, fmOpenReadWrite, fmCreate };
 
-class FileDescriptor;  // the system's open file
+class SystemFile;  // the system's open file
 
 /// An open file, closed with the object. Nothing is held back: every Write is the system's.
 ///
@@ -29,7 +29,7 @@ class QXTOOLS_API TFileStream : public TStream {
   void SetSize(std::int64_t size) override;
 
  private:
-  std::unique_ptr<FileDescriptor> file_;
+  std::unique_ptr<SystemFile> file_;
 };
 
 }  // namespace qxTools

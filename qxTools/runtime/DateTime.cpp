@@ -1,7 +1,7 @@
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Clock.h>
-#include <qxTools/runtime/Ascii.h>
 #include <qxTools/runtime/DateTime.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/runtime/FormatSettings.h>
 #include <qxTools/runtime/Numbers.h>
 

@@ -1,6 +1,6 @@
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/base/LittleEndian.h>
 #include <qxTools/runtime/Filer.h>
-#include <qxTools/runtime/LittleEndian.h>
 
 namespace qxTools {
 

@@ -6,8 +6,8 @@
 /// length, 1 to 255, then the bytes), the number of its data bytes (64 bits, little-endian) and the data.
 #pragma once
 
+#include <qxTools/base/Streams.h>
 #include <qxTools/runtime/Persistent.h>
-#include <qxTools/runtime/Streams.h>
 
 namespace qxTools {
 

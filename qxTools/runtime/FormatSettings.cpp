@@ -1,5 +1,5 @@
+#include <qxTools/base/AsciiFastPath.h>
 #include <qxTools/platform/Locale.h>
-#include <qxTools/runtime/AsciiRun.h>
 #include <qxTools/runtime/FormatSettings.h>
 
 #include <algorithm>

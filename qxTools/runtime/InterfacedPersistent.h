@@ -2,7 +2,7 @@
 /// The base of objects that can be assigned, answer to interfaces, and belong to whoever made them.
 #pragma once
 
-#include <qxTools/runtime/Interfaces.h>
+#include <qxTools/base/Interfaces.h>
 #include <qxTools/runtime/Persistent.h>
 
 namespace qxTools {

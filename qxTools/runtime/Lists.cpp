@@ -1,4 +1,4 @@
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/Lists.h>
 
 namespace qxTools {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 #include <vector>
 

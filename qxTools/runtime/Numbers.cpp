@@ -1,4 +1,4 @@
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/FormatSettings.h>
 #include <qxTools/runtime/Numbers.h>
 

@@ -2,8 +2,8 @@
 /// An ordered list that owns its items and hands out plain pointers to them.
 #pragma once
 
-#include <qxTools/runtime/Exceptions.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/base/Types.h>
 
 #include <memory>
 #include <vector>

@@ -2,7 +2,7 @@
 /// The base of objects that copy themselves from one another.
 #pragma once
 
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 namespace qxTools {
 

@@ -1,6 +1,6 @@
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/base/Lines.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/runtime/Exceptions.h>
-#include <qxTools/runtime/Lines.h>
 #include <qxTools/runtime/StringList.h>
 
 namespace qxTools {

@@ -4,7 +4,7 @@
 /// Files are bytes: no conversion, no byte-order mark. A NUL in a line is an ordinary byte.
 #pragma once
 
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 #include <vector>
 

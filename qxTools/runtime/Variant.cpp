@@ -1,7 +1,7 @@
-#include <qxTools/runtime/Ascii.h>
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/CodePage950.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/DateTime.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/runtime/FormatSettings.h>
 #include <qxTools/runtime/Numbers.h>
 #include <qxTools/runtime/Variant.h>

@@ -9,8 +9,8 @@
 /// unknown or a reference has no text form.
 #pragma once
 
-#include <qxTools/runtime/Interfaces.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Interfaces.h>
+#include <qxTools/base/Types.h>
 
 #include <concepts>
 #include <memory>

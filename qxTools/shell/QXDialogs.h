@@ -6,8 +6,8 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/runtime/MessageDialog.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
+#include <qxTools/painting/MessageDialog.h>
 
 #include <string_view>
 

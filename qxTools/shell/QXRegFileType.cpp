@@ -1,5 +1,5 @@
+#include <qxTools/base/Ascii.h>
 #include <qxTools/platform/Registry.h>
-#include <qxTools/runtime/Ascii.h>
 #include <qxTools/shell/QXRegFileType.h>
 
 #include <algorithm>
@@ -69,8 +69,8 @@ void RegFileType(std::string_view ext, std::string_view typeName, std::string_vi
     WriteClassesValue(value.Key, value.Value);
   // A type that is called like the extension has its description where the extension has the type.
   const std::string newType = ReadClassesValue(KeyOf(ext)).value_or(std::string(typeName));
-  PublishFileType(GetFileType(newType));
-  if (oldType && !SameText(*oldType, newType)) PublishFileType(GetFileType(*oldType));
+  PublishAssociation(GetFileType(newType));
+  if (oldType && !SameText(*oldType, newType)) PublishAssociation(GetFileType(*oldType));
 }
 
 bool UnregFileType(std::string_view ext) {
@@ -82,7 +82,7 @@ bool UnregFileType(std::string_view ext) {
   if (ExtensionsOf(*type).empty())
     for (const std::string_view below : {std::string_view(), kDefaultIcon, kOpenCommand})
       DeleteClassesValue(KeyOf(*type, below));
-  PublishFileType(GetFileType(*type));
+  PublishAssociation(GetFileType(*type));
   return true;
 }
 
@@ -93,7 +93,7 @@ std::vector<AnsiString> GetFileTypeExtensions() {
   return extensions;
 }
 
-FileType GetFileType(std::string_view typeName) {
+FileAssociation GetFileType(std::string_view typeName) {
   const std::vector<std::string> extensions = ExtensionsOf(typeName);
   const std::string description = Read(typeName);
   std::string command = Read(typeName, kOpenCommand);
@@ -102,8 +102,8 @@ FileType GetFileType(std::string_view typeName) {
           ProgramOf(command), IconOf(Read(typeName, kDefaultIcon))};
 }
 
-FileType PlanFileType(std::string_view ext, std::string_view typeName, std::string_view appPath,
-                      std::string_view description, Integer iconIndex) {
+FileAssociation PlanFileType(std::string_view ext, std::string_view typeName, std::string_view appPath,
+                             std::string_view description, Integer iconIndex) {
   const auto values = GetFileTypeValues(ext, typeName, appPath, description, iconIndex);
   const std::string name = StoredName(ext);
   std::vector<std::string> extensions = ExtensionsOf(typeName);

@@ -2,8 +2,8 @@
 /// File types: double-clicking a file opens it with the host application and shows the application's icon.
 ///
 /// A registration is five values in the classes root of the registry (platform/Registry.h); the desktop is
-/// then told what is stored (platform/FileTypes.h). Types and extensions are found whatever the case of their
-/// ASCII letters; several extensions may share a type, and registering an extension again moves it.
+/// then told what is stored (platform/FileAssociations.h). Types and extensions are found whatever the case
+/// of their ASCII letters; several extensions may share a type, and registering an extension again moves it.
 ///
 /// A "\" parts the levels of a key, also as the second byte of a double-byte character.
 ///
@@ -12,8 +12,8 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/platform/FileTypes.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
+#include <qxTools/platform/FileAssociations.h>
 
 #include <array>
 #include <string>
@@ -52,10 +52,11 @@ QXTOOLS_API std::vector<AnsiString> GetFileTypeExtensions();
 /// What the desktop is told of a type: its stored extensions, description (otherwise its name), program and
 /// icon. Program and icon are the paths in the values; one that is quoted as a whole stands without its
 /// quotes. Without a command of the type, that of its first extension counts.
-QXTOOLS_API FileType GetFileType(std::string_view typeName);
+QXTOOLS_API FileAssociation GetFileType(std::string_view typeName);
 
 /// The same as it would be after RegFileType with these arguments. Nothing is stored.
-QXTOOLS_API FileType PlanFileType(std::string_view ext, std::string_view typeName, std::string_view appPath,
-                                  std::string_view description, Integer iconIndex);
+QXTOOLS_API FileAssociation PlanFileType(std::string_view ext, std::string_view typeName,
+                                         std::string_view appPath, std::string_view description,
+                                         Integer iconIndex);
 
 }  // namespace qxTools::QXRegFileType

@@ -1,7 +1,7 @@
 // Finding an item of a list by its name in constant time.
 #pragma once
 
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 #include <bit>
 #include <functional>

@@ -1,4 +1,4 @@
-#include <qxTools/runtime/Ascii.h>
+#include <qxTools/base/Ascii.h>
 #include <qxTools/sql/NameScanner.h>
 
 namespace qxTools {

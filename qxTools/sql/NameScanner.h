@@ -1,7 +1,7 @@
 // Finding parameter names in a statement.
 #pragma once
 
-#include <qxTools/runtime/Lines.h>
+#include <qxTools/base/Lines.h>
 
 #include <cstddef>
 #include <string>

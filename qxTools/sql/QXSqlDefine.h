@@ -3,7 +3,7 @@
 /// the declaration. Constant data; QXSqlTools looks types up in it.
 #pragma once
 
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 #include <array>
 

@@ -1,6 +1,6 @@
-#include <qxTools/runtime/Ascii.h>
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/Lines.h>
 #include <qxTools/runtime/DateTime.h>
-#include <qxTools/runtime/Lines.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/strings/QXStrTools.h>
 

@@ -1,6 +1,6 @@
-#include <qxTools/runtime/Ascii.h>
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/DateTime.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/sql/NameScanner.h>
 #include <qxTools/sql/QXSqlTools.h>
 

@@ -1,7 +1,7 @@
 // The output of a command: comments out, values in.
-#include <qxTools/runtime/Ascii.h>
-#include <qxTools/runtime/CodePage950.h>
-#include <qxTools/runtime/Lines.h>
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/CodePage950.h>
+#include <qxTools/base/Lines.h>
 #include <qxTools/sql/NameScanner.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/strings/QXStrTools.h>

@@ -1,4 +1,4 @@
-#include <qxTools/runtime/Lines.h>
+#include <qxTools/base/Lines.h>
 #include <qxTools/sql/StoreProcText.h>
 #include <qxTools/strings/QXStrTools.h>
 

@@ -1,6 +1,6 @@
-#include <qxTools/runtime/Ascii.h>
-#include <qxTools/runtime/CodePage950.h>
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/CodePage950.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/Numbers.h>
 #include <qxTools/sql/NameScanner.h>
 #include <qxTools/sql/QXSqlTools.h>

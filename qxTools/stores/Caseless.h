@@ -2,7 +2,7 @@
 /// A hash for names that ignore letter case. For the stores' own use.
 #pragma once
 
-#include <qxTools/runtime/Ascii.h>
+#include <qxTools/base/Ascii.h>
 
 #include <cstddef>
 #include <cstdint>

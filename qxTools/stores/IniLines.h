@@ -2,7 +2,7 @@
 /// What a line of a settings file is, by itself. For the settings file and its checker.
 #pragma once
 
-#include <qxTools/runtime/Ascii.h>
+#include <qxTools/base/Ascii.h>
 
 namespace qxTools::qxIniTools {
 

@@ -1,5 +1,5 @@
+#include <qxTools/base/Ascii.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/runtime/Ascii.h>
 #include <qxTools/stores/FieldMarks.h>
 #include <qxTools/stores/QXStringTable.h>
 #include <qxTools/strings/QXStrTools.h>

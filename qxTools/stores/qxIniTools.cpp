@@ -1,5 +1,5 @@
+#include <qxTools/base/Lines.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/runtime/Lines.h>
 #include <qxTools/stores/IniLines.h>
 #include <qxTools/stores/IniLookup.h>
 #include <qxTools/stores/Records.h>

@@ -19,7 +19,7 @@
 /// becomes a level-1 node. For one thread at a time.
 #pragma once
 
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/stores/qxTreeList.h>
 
 #include <memory>

@@ -1,7 +1,7 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/memory/QXMemTools.h>
 #include <qxTools/platform/VirtualMemory.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/stores/KeyIndex.h>
 #include <qxTools/stores/NodePool.h>
 #include <qxTools/stores/TreeOrder.h>

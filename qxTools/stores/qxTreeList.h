@@ -24,9 +24,9 @@
 #pragma once
 
 #include <qxTools/Export.h>
+#include <qxTools/base/ShortString.h>
+#include <qxTools/base/Types.h>
 #include <qxTools/runtime/Lists.h>
-#include <qxTools/runtime/ShortString.h>
-#include <qxTools/runtime/Types.h>
 
 #include <functional>
 #include <memory>

@@ -1,5 +1,5 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Random.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/strings/QXStrTools.h>
 
 #include <algorithm>

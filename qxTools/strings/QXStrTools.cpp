@@ -1,5 +1,5 @@
-#include <qxTools/runtime/Ascii.h>
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/StrAlloc.h>
 #include <qxTools/strings/QXStrTools.h>
 

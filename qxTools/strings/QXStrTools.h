@@ -9,7 +9,7 @@
 #pragma once
 
 #include <qxTools/Export.h>
-#include <qxTools/runtime/Types.h>
+#include <qxTools/base/Types.h>
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include <qxTools/runtime/Ascii.h>
+#include <qxTools/base/Ascii.h>
 #include <qxTools/strings/QXStrTools.h>
 #include <qxTools/strings/Search.h>
 

@@ -36,14 +36,11 @@ class Automaton {
   std::vector<std::size_t> borders_;  // [i]: the border of the first i + 1 bytes
 };
 
-/// The offset of the first occurrence of `sub` in `s` at or behind `from`, by libc's search, or npos. For a
-/// `sub` of two bytes it is that of the first byte alone: memmem takes pairs byte by byte.
-inline std::size_t FindFrom(std::string_view sub, std::string_view s, std::size_t from) {
+/// The offset of the first place at or after `from` where `sub`, which is not empty, could begin by its first
+/// byte, or npos.
+inline std::size_t FindFirstByte(std::string_view sub, std::string_view s, std::size_t from) {
   if (s.size() - from < sub.size()) return std::string_view::npos;
-  const char* const begin = s.data() + from;
-  const std::size_t size = s.size() - from;
-  const void* const found = sub.size() <= 2 ? std::memchr(begin, sub.front(), size - sub.size() + 1)
-                                            : memmem(begin, size, sub.data(), sub.size());
+  const void* const found = std::memchr(s.data() + from, sub.front(), s.size() - from - sub.size() + 1);
   if (found == nullptr) return std::string_view::npos;
   return static_cast<std::size_t>(static_cast<const char*>(found) - s.data());
 }
@@ -87,15 +84,14 @@ void CrawlOccurrences(std::string_view sub, std::string_view s, std::size_t from
 /// `sub`, to go on behind each. Linear in the way covered plus `sub`, however often `sub` or parts of it
 /// occur.
 ///
-/// Offsets where the first and the last byte stand right are marked 64 at a time and compared. Where no
-/// occurrence is near, libc's search is quicker. Both may look at bytes again; once that has cost a few times
-/// the way covered, the automaton does the rest. All three find the same offsets.
+/// Offsets where the first and the last byte match are marked 64 at a time and compared. Where the first byte
+/// is rare, memchr hops to it. Both may read bytes again; once that has cost a few times the distance
+/// covered, the automaton does the rest. All three find the same offsets.
 template <class Visit>
 void VisitOccurrences(std::string_view sub, std::string_view s, std::size_t from, std::size_t step,
                       Visit visit) {
   const std::size_t m = sub.size();
-  // The distance from which libc beats marking: memchr does soon, memmem sets up its tables at each call.
-  const std::size_t longHop = m <= 2 ? 64 : 512;
+  constexpr std::size_t kLongHop = 64;  // the distance from which memchr beats marking
   const std::size_t start = from;
   std::size_t hit = from;
   std::size_t next = from;  // behind the last occurrence, where those that overlap it are left out
@@ -104,18 +100,18 @@ void VisitOccurrences(std::string_view sub, std::string_view s, std::size_t from
   while (compared <= 4 * (from - start + m) + 64) {
     if (far || s.size() - from < 63 + m) {
       compared += m;
-      const std::size_t offset = FindFrom(sub, s, from);
+      const std::size_t offset = FindFirstByte(sub, s, from);
       if (offset == std::string_view::npos) return;
-      const bool isHit = m != 2 || s[offset + 1] == sub[1];
+      const bool isHit = std::memcmp(&s[offset], sub.data(), m) == 0;
       if (isHit && !visit(offset)) return;
-      far = offset - hit >= longHop;
+      far = offset - hit >= kLongHop;
       hit = offset;
       from = offset + (isHit ? step : 1);
       continue;
     }
     const std::size_t base = from;
     std::uint64_t marks = MarkBlock(&s[base], &s[base + m - 1], sub.front(), sub.back());
-    far = marks == 0 && base + 64 - hit >= longHop;
+    far = marks == 0 && base + 64 - hit >= kLongHop;
     while (marks != 0) {
       const std::size_t offset = base + static_cast<std::size_t>(std::countr_zero(marks));
       marks &= marks - 1;

@@ -1,5 +1,5 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/data/qxStore.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <tuple>
 

@@ -1,8 +1,8 @@
 // Needs a Chinese font, as the package fonts-wqy-microhei has, and Qt's offscreen platform.
 #include <qxTools/desktop/Desktop.h>
 #include <qxTools/graphics/qxDrawTools.h>
-#include <qxTools/platform/SystemColors.h>
-#include <qxTools/runtime/TextPainter.h>
+#include <qxTools/painting/SystemColors.h>
+#include <qxTools/painting/TextPainter.h>
 #include <qxTools/shell/QXDialogs.h>
 
 #include <QtGui/QScreen>

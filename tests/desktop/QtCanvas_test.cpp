@@ -1,5 +1,5 @@
 // Needs a Chinese font, as the package fonts-wqy-microhei has, and Qt's offscreen platform.
-#include <qxTools/desktop/QtCanvas.h>
+#include <qxTools/desktop/qt/QtCanvas.h>
 #include <qxTools/graphics/qxDrawTools.h>
 
 #include <QtGui/QFontDatabase>

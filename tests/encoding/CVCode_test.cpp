@@ -1,5 +1,5 @@
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/encoding/CVCode.h>
-#include <qxTools/runtime/CodePage950.h>
 
 #include "support/Testing.h"
 

@@ -2,7 +2,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 #include <sys/stat.h>
 #include <unistd.h>
 

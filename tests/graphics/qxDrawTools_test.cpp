@@ -1,5 +1,5 @@
+#include <qxTools/base/LittleEndian.h>
 #include <qxTools/graphics/qxDrawTools.h>
-#include <qxTools/runtime/LittleEndian.h>
 
 #include <array>
 #include <limits>

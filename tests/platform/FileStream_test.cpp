@@ -1,5 +1,5 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/FileStream.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include "support/Testing.h"
 

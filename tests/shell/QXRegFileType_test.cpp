@@ -1,5 +1,5 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Registry.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/shell/QXRegFileType.h>
 #include <unistd.h>
 

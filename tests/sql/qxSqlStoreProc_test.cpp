@@ -1,4 +1,4 @@
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 

@@ -1,6 +1,6 @@
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/memory/QXMemTools.h>
 #include <qxTools/platform/VirtualMemory.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/stores/qxTreeList.h>
 
 #include <algorithm>

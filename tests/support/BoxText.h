@@ -1,7 +1,7 @@
 #pragma once
 
-#include <qxTools/runtime/Bitmap.h>
-#include <qxTools/runtime/TextPainter.h>
+#include <qxTools/painting/Bitmap.h>
+#include <qxTools/painting/TextPainter.h>
 
 #include <stdexcept>
 

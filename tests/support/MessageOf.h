@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qxTools/runtime/Bitmap.h>
+#include <qxTools/painting/Bitmap.h>
 
 #include <string>
 

@@ -1,6 +1,6 @@
 // Text that the SQL unit has written reaches a real database and comes back: SQLite, in memory.
 #include <gtest/gtest.h>
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <support/MessageOf.h>
 

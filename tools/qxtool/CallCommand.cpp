@@ -1,5 +1,5 @@
 // qxtool call: the sp_executesql call of a statement file.
-#include <qxTools/runtime/CodePage950.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
 #include <filesystem>

@@ -1,6 +1,6 @@
 // qxtool date: how each of the date functions reads a text.
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/calendar/QXDateTools.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/runtime/FormatSettings.h>
 
 #include <algorithm>

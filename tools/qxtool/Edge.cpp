@@ -1,8 +1,8 @@
 #include "Edge.h"
 
+#include <qxTools/base/CodePage950.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/runtime/CodePage950.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <algorithm>
 #include <cerrno>

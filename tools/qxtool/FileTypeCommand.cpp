@@ -1,6 +1,6 @@
 // qxtool filetype: registers, shows and removes file types, and says what registering would do.
+#include <qxTools/base/Ascii.h>
 #include <qxTools/platform/Registry.h>
-#include <qxTools/runtime/Ascii.h>
 #include <qxTools/shell/QXRegFileType.h>
 
 #include <filesystem>
@@ -50,8 +50,8 @@ void Register(const Options& options) {
 
 TextRow RowOf(const std::string& extension) {
   const std::string name = ReadClassesValue("\\" + extension).value_or("");
-  const FileType type = GetFileType(name);
-  return {extension, name, type.description, type.program, MimeTypeOf(name)};
+  const FileAssociation type = GetFileType(name);
+  return {extension, name, type.description, type.program, AssociationId(name)};
 }
 
 void Show(const Options& options) {
@@ -73,10 +73,10 @@ void Remove(const Options& options) {
     throw Failure(Visible(options.extension) + ": cannot be removed");
 }
 
-void PrintFile(const DesktopFile& file) {
-  const bool isText = file.bytes->find('\0') == std::string::npos && file.bytes->ends_with('\n');
-  PrintBytes("\n" + file.path + "\n");
-  PrintBytes(isText ? *file.bytes : "(" + std::to_string(file.bytes->size()) + " bytes)\n");
+void PrintFile(const PlannedChange& file) {
+  const bool isText = file.content->find('\0') == std::string::npos && file.content->ends_with('\n');
+  PrintBytes("\n" + file.place + "\n");
+  PrintBytes(isText ? *file.content : "(" + std::to_string(file.content->size()) + " bytes)\n");
 }
 
 void ShowPlan(const Options& options) {
@@ -84,8 +84,8 @@ void ShowPlan(const Options& options) {
   for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
     rows.push_back({value.Key, value.Value});
   Display(AlignRows({"Key", "Value"}, rows));
-  for (const DesktopFile& file : DesktopFilesOf(WithArguments(options, PlanFileType)))
-    if (file.bytes) PrintFile(file);
+  for (const PlannedChange& file : PlannedChangesOf(WithArguments(options, PlanFileType)))
+    if (file.content) PrintFile(file);
 }
 
 void AddRegistration(Command action, Options& options) {

@@ -1,6 +1,6 @@
 // qxtool frame: what a frame file holds, how it looks, and its pieces from and to bitmap files.
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/graphics/qxDrawTools.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <filesystem>
 #include <memory>

@@ -1,7 +1,7 @@
 // qxtool ini: look into a settings file and change it.
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/Lines.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/runtime/Ascii.h>
-#include <qxTools/runtime/Lines.h>
 #include <qxTools/stores/IniLines.h>
 #include <qxTools/stores/qxIniTools.h>
 

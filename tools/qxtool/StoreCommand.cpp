@@ -1,7 +1,7 @@
 // qxtool store: what a store file holds, and data into and out of one.
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/data/qxStore.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/runtime/Exceptions.h>
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #include "Transcoder.h"
 
 #include <iconv.h>
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/encoding/CVCode.h>
-#include <qxTools/runtime/CodePage950.h>
 
 #include <algorithm>
 #include <unordered_map>

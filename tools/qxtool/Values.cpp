@@ -1,8 +1,8 @@
 #include "Values.h"
 
-#include <qxTools/runtime/Ascii.h>
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/DateTime.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <qxTools/runtime/Numbers.h>
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include <fcntl.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/FileStream.h>
-#include <qxTools/platform/linux/FileDescriptor.h>
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/platform/linux/SystemFile.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -31,7 +31,7 @@ bool Prepare(int fd, TFileMode mode) {
 }  // namespace
 
 TFileStream::TFileStream(const std::string& fileName, TFileMode mode) {
-  file_ = std::make_unique<FileDescriptor>(OpenFile(fileName, kFlags[mode], 0666));
+  file_ = std::make_unique<SystemFile>(OpenFile(fileName, kFlags[mode], 0666));
   if (file_->IsOpen() && Prepare(file_->Get(), mode)) return;
   if (mode == fmCreate) throw EFCreateError(FileErrorText("create", fileName));
   throw EFOpenError(FileErrorText("open", fileName));

@@ -1,7 +1,7 @@
 #include <fcntl.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/platform/linux/FileDescriptor.h>
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/platform/linux/SystemFile.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -41,16 +41,16 @@ std::string FolderOf(const std::string& path) {
 }
 
 /// Makes a file that nobody else has, in the folder of `path`; its name goes to `name`.
-FileDescriptor MakeTemporary(const std::string& path, std::string& name) {
+SystemFile MakeTemporary(const std::string& path, std::string& name) {
   static std::atomic<unsigned> counter{0};
   const std::string stem = FolderOf(path) + "/.qxtools-" + std::to_string(::getpid()) + "-";
   for (int tries = 0; tries < kMaxTries; ++tries) {
     std::string made = stem + std::to_string(counter++) + ".tmp";
-    FileDescriptor file = OpenFile(made, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    SystemFile file = OpenFile(made, O_WRONLY | O_CREAT | O_EXCL, 0666);
     if (file.IsOpen()) name = std::move(made);
     if (file.IsOpen() || errno != EEXIST) return file;
   }
-  return FileDescriptor();
+  return SystemFile();
 }
 
 bool IsLink(const std::string& path) {
@@ -75,7 +75,7 @@ bool FileExists(const std::string& fileName) {
 }
 
 std::string ReadWholeFile(const std::string& fileName) {
-  const FileDescriptor file = OpenFile(fileName, O_RDONLY);
+  const SystemFile file = OpenFile(fileName, O_RDONLY);
   if (!file.IsOpen()) throw EFOpenError(FileErrorText("open", fileName));
   if (!LockFile(file.Get(), false)) throw EFOpenError(FileErrorText("open", fileName));
   struct stat info {};
@@ -102,8 +102,8 @@ struct WholeFileWriter::Target {
   std::string fileName;   // as given, for messages
   std::string path;       // behind symbolic links
   std::string temporary;  // empty when the bytes are gathered for writing in place
-  FileDescriptor old;     // the old file, locked; not open when there was none
-  FileDescriptor file;    // the temporary file
+  SystemFile old;         // the old file, locked; not open when there was none
+  SystemFile file;        // the temporary file
   std::string gathered;
   std::uint64_t place = 0;  // of the next byte in `gathered`
 
@@ -144,14 +144,14 @@ void WholeFileWriter::Target::OpenTemporary() {
   if (!old.IsOpen() || TakeOver(file.Get(), info)) return;
   ::unlink(temporary.c_str());
   temporary.clear();
-  file = FileDescriptor();
+  file = SystemFile();
 }
 
 void WholeFileWriter::Target::Rename() {
   Flush(file.Get());
   if (::rename(temporary.c_str(), path.c_str()) != 0) RaiseCannotCreate(fileName);
   temporary.clear();
-  const FileDescriptor folder = OpenFile(FolderOf(path), O_RDONLY | O_DIRECTORY);
+  const SystemFile folder = OpenFile(FolderOf(path), O_RDONLY | O_DIRECTORY);
   // The file is in its place; only a crash of the machine could still take the new name back.
   if (folder.IsOpen()) ::fsync(folder.Get());
 }

@@ -1,8 +1,8 @@
+#include <qxTools/base/Ascii.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Files.h>
 #include <qxTools/platform/Registry.h>
 #include <qxTools/platform/linux/UserFolders.h>
-#include <qxTools/runtime/Ascii.h>
-#include <qxTools/runtime/Exceptions.h>
 #include <unistd.h>
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Uses what an application would: text, a tree that throws, and the library's version.
 #include <qxTools/Package.h>
 #include <qxTools/Version.h>
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/stores/qxTreeList.h>
 

@@ -1,6 +1,6 @@
 // The desktop host in an application of its own.
 #include <qxTools/desktop/Desktop.h>
-#include <qxTools/platform/Screen.h>
+#include <qxTools/painting/Screen.h>
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
 #include "database/Charset.h"
 
-#include <qxTools/runtime/CodePage950.h>
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/CodePage950.h>
+#include <qxTools/base/Exceptions.h>
 
 #include <algorithm>
 #include <cstdio>

@@ -3,7 +3,7 @@
 // Text passes as the bytes that it is, both ways; Charset.h says what they mean.
 #pragma once
 
-#include <qxTools/runtime/Exceptions.h>
+#include <qxTools/base/Exceptions.h>
 
 #include <cstdint>
 #include <optional>

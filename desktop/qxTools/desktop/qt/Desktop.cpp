@@ -1,0 +1,50 @@
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/desktop/Desktop.h>
+#include <qxTools/desktop/qt/BitmapText.h>
+#include <qxTools/desktop/qt/QtDialogs.h>
+#include <qxTools/desktop/qt/QtScreen.h>
+#include <qxTools/desktop/qt/SystemPalette.h>
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QApplication>
+
+namespace qxTools::desktop {
+
+class Desktop::Parts : public QObject {
+ public:
+  Parts() {
+    SetTextPainter(&text_);
+    SetScreenSource(&screen_);
+    SetDialogService(&dialogs_);
+    SetSystemColors(SystemColorsOf(QApplication::palette()));
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+
+  ~Parts() override {
+    SetSystemColors(DefaultSystemColors());
+    SetDialogService(nullptr);
+    SetScreenSource(nullptr);
+    SetTextPainter(nullptr);
+  }
+
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (event->type() == QEvent::ApplicationPaletteChange)
+      SetSystemColors(SystemColorsOf(QApplication::palette()));
+    return QObject::eventFilter(receiver, event);
+  }
+
+ private:
+  BitmapText text_;
+  QtScreen screen_;
+  QtDialogs dialogs_;
+};
+
+Desktop::Desktop() {
+  if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
+    throw Exception("No application object");
+  parts_ = std::make_unique<Parts>();
+}
+
+Desktop::~Desktop() = default;
+
+}  // namespace qxTools::desktop

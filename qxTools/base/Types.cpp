@@ -1,0 +1,7 @@
+#include <qxTools/base/Types.h>
+
+namespace qxTools {
+
+TObject::~TObject() = default;
+
+}  // namespace qxTools

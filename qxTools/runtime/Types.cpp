@@ -1,7 +1,0 @@
-#include <qxTools/runtime/Types.h>
-
-namespace qxTools {
-
-TObject::~TObject() = default;
-
-}  // namespace qxTools
