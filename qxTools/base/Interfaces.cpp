@@ -11,10 +11,10 @@ HRESULT TInterfacedObject::QueryInterfaceImpl(const GUID& iid, void** result) {
   return S_OK;
 }
 
-Integer TInterfacedObject::AddRefImpl() { return FRefCount.fetch_add(1) + 1; }
+Integer TInterfacedObject::AddRefImpl() { return refCount_.fetch_add(1) + 1; }
 
 Integer TInterfacedObject::ReleaseImpl() {
-  const Integer left = FRefCount.fetch_sub(1) - 1;
+  const Integer left = refCount_.fetch_sub(1) - 1;
   if (left == 0) delete this;
   return left;
 }

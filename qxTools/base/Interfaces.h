@@ -81,7 +81,7 @@ class QXTOOLS_API TInterfacedObject : public TObject {
   ~TInterfacedObject() override;
 
   /// References held through interfaces; 0 for a plainly owned object.
-  Integer RefCount() const { return FRefCount.load(); }
+  Integer RefCount() const { return refCount_.load(); }
 
  protected:
   /// The interface of this object with that identifier (no reference taken), or null.
@@ -95,7 +95,7 @@ class QXTOOLS_API TInterfacedObject : public TObject {
   Integer ReleaseImpl();
 
  private:
-  std::atomic<Integer> FRefCount{0};
+  std::atomic<Integer> refCount_{0};
 };
 
 }  // namespace qxTools

@@ -26,13 +26,13 @@ class ShortString {
   template <std::convertible_to<std::string_view> Text>
   ShortString(const Text& source) {
     const std::string_view text(source);
-    FLength = static_cast<std::uint8_t>(std::min(text.size(), N));
-    text.copy(FText, FLength);
+    length_ = static_cast<std::uint8_t>(std::min(text.size(), N));
+    text.copy(text_, length_);
   }
 
   /// The text: its length in bytes, a view of it, a copy.
-  std::size_t Length() const { return std::min<std::size_t>(FLength, N); }
-  std::string_view View() const { return {FText, Length()}; }
+  std::size_t Length() const { return std::min<std::size_t>(length_, N); }
+  std::string_view View() const { return {text_, Length()}; }
   std::string Text() const { return std::string(View()); }
   operator std::string_view() const { return View(); }
 
@@ -46,8 +46,8 @@ class ShortString {
   friend std::ostream& operator<<(std::ostream& out, const ShortString& s) { return out << s.View(); }
 
  private:
-  std::uint8_t FLength = 0;
-  char FText[N] = {};
+  std::uint8_t length_ = 0;
+  char text_[N] = {};
 };
 
 static_assert(sizeof(ShortString<16>) == 17);

@@ -26,9 +26,9 @@ TQXValueList::~TQXValueList() = default;
 TValueRecord* TQXValueList::Add() { return Append(std::make_unique<TValueRecord>()); }
 
 TValueRecord* TQXValueList::Append(std::unique_ptr<TValueRecord> record) {
-  TValueRecord* const added = FRecords.Add(std::move(record));
+  TValueRecord* const added = records_.Add(std::move(record));
   try {
-    FIndex.Append(FoldedKey(Trimmed(added->Name)), GetCount() - 1);
+    index_.Append(FoldedKey(Trimmed(added->Name)), GetCount() - 1);
   } catch (...) {
     Delete(GetCount() - 1);
     throw;
@@ -36,9 +36,9 @@ TValueRecord* TQXValueList::Append(std::unique_ptr<TValueRecord> record) {
   return added;
 }
 
-TValueRecord* TQXValueList::GetItem(Integer Index) {
-  if (FAutoCreate && Index >= GetCount()) Grow(Index);
-  return FRecords.GetItems(Index);
+TValueRecord* TQXValueList::GetItem(Integer index) {
+  if (autoCreate_ && index >= GetCount()) Grow(index);
+  return records_.GetItems(index);
 }
 
 void TQXValueList::Grow(Integer index) {
@@ -52,64 +52,64 @@ void TQXValueList::Grow(Integer index) {
   }
 }
 
-void TQXValueList::SetItem(Integer Index, const TValueRecord& Record) {
-  TValueRecord copy = Record;  // first, since it takes memory
-  *GetItem(Index) = std::move(copy);
+void TQXValueList::SetItem(Integer index, const TValueRecord& record) {
+  TValueRecord copy = record;  // first, since it takes memory
+  *GetItem(index) = std::move(copy);
 }
 
-void TQXValueList::Insert(Integer Index, const TValueRecord* Record) {
-  FRecords.Insert(Index, std::make_unique<TValueRecord>(*Record));
-  FIndex.Drop();
+void TQXValueList::Insert(Integer index, const TValueRecord* record) {
+  records_.Insert(index, std::make_unique<TValueRecord>(*record));
+  index_.Drop();
 }
 
-void TQXValueList::Delete(Integer Index) {
-  FRecords.Delete(Index);
-  FIndex.Drop();
+void TQXValueList::Delete(Integer index) {
+  records_.Delete(index);
+  index_.Drop();
 }
 
 void TQXValueList::Clear() {
-  FRecords.Clear();
-  FIndex.Drop();
+  records_.Clear();
+  index_.Drop();
 }
 
-void TQXValueList::Assign(TQXValueList* Source) {
-  if (Source == nullptr) return;
+void TQXValueList::Assign(TQXValueList* source) {
+  if (source == nullptr) return;
   OwnedList<TValueRecord> copies;
-  for (Integer i = 0; Source != this && i < Source->GetCount(); ++i)
-    copies.Add(std::make_unique<TValueRecord>(*Source->FRecords.GetItems(i)));
+  for (Integer i = 0; source != this && i < source->GetCount(); ++i)
+    copies.Add(std::make_unique<TValueRecord>(*source->records_.GetItems(i)));
   Clear();
-  FRecords = std::move(copies);
+  records_ = std::move(copies);
 }
 
 // --- By name -----------------------------------------------------------------------------------------
 
 RecordIndex::Places TQXValueList::Find(std::string_view name) {
-  return FIndex.Find(FoldedKey(Trimmed(name)), GetCount(),
-                     [this](Integer i) { return FoldedKey(Trimmed(FRecords.GetItems(i)->Name)); });
+  return index_.Find(FoldedKey(Trimmed(name)), GetCount(),
+                     [this](Integer i) { return FoldedKey(Trimmed(records_.GetItems(i)->Name)); });
 }
 
-Integer TQXValueList::IndexOf(std::string_view Name) { return Find(Name).last; }
+Integer TQXValueList::IndexOf(std::string_view name) { return Find(name).last; }
 
-void TQXValueList::Delete(std::string_view Name) { Delete(IndexOf(Name)); }
+void TQXValueList::Delete(std::string_view name) { Delete(IndexOf(name)); }
 
 void TQXValueList::AppendUnknown(std::string_view name, const Variant& value) {
-  if (!FAutoCreate) throw Exception("Index (" + std::string(name) + ") is not find.");
+  if (!autoCreate_) throw Exception("Index (" + std::string(name) + ") is not find.");
   Append(std::make_unique<TValueRecord>(name, value));
 }
 
-Variant TQXValueList::GetValue(std::string_view Name) {
-  const Integer place = Find(Name).first;
-  if (place >= 0) return FRecords.GetItems(place)->Value;
-  AppendUnknown(Name, Variant::Null());
+Variant TQXValueList::GetValue(std::string_view name) {
+  const Integer place = Find(name).first;
+  if (place >= 0) return records_.GetItems(place)->Value;
+  AppendUnknown(name, Variant::Null());
   return Variant::Null();
 }
 
-void TQXValueList::SetValue(std::string_view Name, const Variant& V) {
-  const Integer place = Find(Name).last;
+void TQXValueList::SetValue(std::string_view name, const Variant& v) {
+  const Integer place = Find(name).last;
   if (place >= 0)
-    FRecords.GetItems(place)->Value = V;
+    records_.GetItems(place)->Value = v;
   else
-    AppendUnknown(Name, V);
+    AppendUnknown(name, v);
 }
 
 }  // namespace qxTools::QXValueTools

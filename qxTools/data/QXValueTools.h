@@ -34,39 +34,39 @@ class QXTOOLS_API TQXValueList : public TObject {
   ~TQXValueList() override;
 
   /// Whether unknown names and places past the end make records; at first they do.
-  bool GetAutoCreate() const { return FAutoCreate; }
-  void SetAutoCreate(bool Value) { FAutoCreate = Value; }
-  Integer GetCount() const { return FRecords.GetCount(); }
+  bool GetAutoCreate() const { return autoCreate_; }
+  void SetAutoCreate(bool value) { autoCreate_ = value; }
+  Integer GetCount() const { return records_.GetCount(); }
 
   // --- By place, from 0 ------------------------------------------------------------------------------
   /// Appends a blank record.
   TValueRecord* Add();
-  /// The record at `Index`. With auto create a place past the end is reached by appending blank records.
-  TValueRecord* GetItem(Integer Index);
-  /// Copies name and value of `Record` over the record at `Index`, which is reached as by GetItem.
-  void SetItem(Integer Index, const TValueRecord& Record);
-  /// Inserts a copy of `*Record` at `Index`, 0 to the count; auto create makes no difference.
-  void Insert(Integer Index, const TValueRecord* Record);
-  /// Deletes the record at `Index`.
-  void Delete(Integer Index);
+  /// The record at `index`. With auto create a place past the end is reached by appending blank records.
+  TValueRecord* GetItem(Integer index);
+  /// Copies name and value of `record` over the record at `index`, which is reached as by GetItem.
+  void SetItem(Integer index, const TValueRecord& record);
+  /// Inserts a copy of `*record` at `index`, 0 to the count; auto create makes no difference.
+  void Insert(Integer index, const TValueRecord* record);
+  /// Deletes the record at `index`.
+  void Delete(Integer index);
   /// Deletes all records.
   void Clear();
-  /// Replaces the records by copies of those of `Source`; nothing happens for null. Auto create stays.
+  /// Replaces the records by copies of those of `source`; nothing happens for null. Auto create stays.
   /// On purpose: a list that is assigned to itself ends empty, being cleared first.
-  void Assign(TQXValueList* Source);
+  void Assign(TQXValueList* source);
 
   // --- By name ---------------------------------------------------------------------------------------
   /// The place of the LAST record of that name, or -1.
-  Integer IndexOf(std::string_view Name);
+  Integer IndexOf(std::string_view name);
   /// Deletes the last record of that name. On purpose: an unknown name raises EListError for the index -1.
-  void Delete(std::string_view Name);
+  void Delete(std::string_view name);
   /// The value of the FIRST record of that name. An unknown one is appended, as given, with the value Null,
   /// which is the result. On purpose: a name longer than 100 bytes is stored cut and never found again.
   /// @throws Exception "Index (NAME) is not find." without auto create.
-  Variant GetValue(std::string_view Name);
+  Variant GetValue(std::string_view name);
   /// Sets the value of the LAST record of that name; an unknown one is appended as by GetValue.
   /// @throws Exception "Index (NAME) is not find." without auto create.
-  void SetValue(std::string_view Name, const Variant& V);
+  void SetValue(std::string_view name, const Variant& v);
 
  private:
   RecordIndex::Places Find(std::string_view name);
@@ -74,9 +74,9 @@ class QXTOOLS_API TQXValueList : public TObject {
   void AppendUnknown(std::string_view name, const Variant& value);
   void Grow(Integer index);
 
-  OwnedList<TValueRecord> FRecords;
-  bool FAutoCreate = true;
-  RecordIndex FIndex;
+  OwnedList<TValueRecord> records_;
+  bool autoCreate_ = true;
+  RecordIndex index_;
 };
 
 }  // namespace qxTools::QXValueTools

@@ -18,17 +18,17 @@ HRESULT TSafeInterfacedObject::QueryInterface(const GUID& iid, void** result) {
 }
 
 Integer TSafeInterfacedObject::_AddRef() {
-  FLocked = 1;
+  locked_ = 1;
   return kNoCount;
 }
 
 Integer TSafeInterfacedObject::_Release() {
-  if (FLocked == 0) delete this;
+  if (locked_ == 0) delete this;
   return kNoCount;
 }
 
 Integer TSafeInterfacedObject::UnLock() {
-  FLocked = 0;
+  locked_ = 0;
   return kNoCount;
 }
 

@@ -40,7 +40,7 @@ class QXTOOLS_API TSafeInterfacedObject : public TObject, public ISafeInterface 
   Integer _AddRef() override;
   /// Destroys the object if it is unlocked, does nothing otherwise. @return -1, which is no count.
   Integer _Release() override;
-  Integer GetLocked() const override { return FLocked != 0 ? -1 : 0; }
+  Integer GetLocked() const override { return locked_ != 0 ? -1 : 0; }
   Integer UnLock() override;
 
  protected:
@@ -48,7 +48,7 @@ class QXTOOLS_API TSafeInterfacedObject : public TObject, public ISafeInterface 
   virtual void* FindInterface(const GUID& iid);
 
  private:
-  std::uint8_t FLocked = 0;
+  std::uint8_t locked_ = 0;
 };
 
 }  // namespace qxTools::qxIntf

@@ -36,33 +36,33 @@ class QXTOOLS_API IQXOleVariant : public IInterface {
   /// It has no identifier of its own; all zeros find it.
   static constexpr GUID IID{};
 
-  virtual HRESULT GetFields(Integer Index, TOleVariantField*& Result) = 0;
-  virtual HRESULT GetItems(Integer Index, Variant& Result) = 0;
-  virtual HRESULT GetValue(std::u16string_view Name, Variant& Result) = 0;
-  virtual HRESULT SetItems(Integer Index, const Variant& Value) = 0;
-  virtual HRESULT SetValue(std::u16string_view Name, const Variant& Value) = 0;
-  virtual HRESULT GetCount(Integer& Result) = 0;
-  virtual HRESULT GetSqlValue(std::u16string_view Name, WideString& Result) = 0;
-  virtual HRESULT GetAction(Integer& Result) = 0;
-  virtual HRESULT GetOption(Integer& Result) = 0;
-  virtual HRESULT SetAction(Integer Value) = 0;
-  virtual HRESULT SetOption(Integer Value) = 0;
-  virtual HRESULT GetStoreProcIndex(Integer& Result) = 0;
-  virtual HRESULT GetViewIndex(Integer& Result) = 0;
-  virtual HRESULT SetStoreProcIndex(Integer Value) = 0;
-  virtual HRESULT SetViewIndex(Integer Value) = 0;
+  virtual HRESULT GetFields(Integer index, TOleVariantField*& result) = 0;
+  virtual HRESULT GetItems(Integer index, Variant& result) = 0;
+  virtual HRESULT GetValue(std::u16string_view name, Variant& result) = 0;
+  virtual HRESULT SetItems(Integer index, const Variant& value) = 0;
+  virtual HRESULT SetValue(std::u16string_view name, const Variant& value) = 0;
+  virtual HRESULT GetCount(Integer& result) = 0;
+  virtual HRESULT GetSqlValue(std::u16string_view name, WideString& result) = 0;
+  virtual HRESULT GetAction(Integer& result) = 0;
+  virtual HRESULT GetOption(Integer& result) = 0;
+  virtual HRESULT SetAction(Integer value) = 0;
+  virtual HRESULT SetOption(Integer value) = 0;
+  virtual HRESULT GetStoreProcIndex(Integer& result) = 0;
+  virtual HRESULT GetViewIndex(Integer& result) = 0;
+  virtual HRESULT SetStoreProcIndex(Integer value) = 0;
+  virtual HRESULT SetViewIndex(Integer value) = 0;
   /// As the method of TQXOleVariant.
-  virtual HRESULT Add(TOleVariantField*& Result) = 0;
+  virtual HRESULT Add(TOleVariantField*& result) = 0;
   /// As the method of TQXOleVariant.
-  virtual HRESULT AddValue(std::u16string_view Name, const Variant& Value) = 0;
+  virtual HRESULT AddValue(std::u16string_view name, const Variant& value) = 0;
   /// As the method of TQXOleVariant.
   virtual HRESULT Clear() = 0;
   /// `Packet` stays as it was when the call fails.
-  virtual HRESULT SaveToOle(Variant& Packet) = 0;
+  virtual HRESULT SaveToOle(Variant& packet) = 0;
   /// As the method of TQXOleVariant.
-  virtual HRESULT LoadFromOle(const Variant& Packet) = 0;
+  virtual HRESULT LoadFromOle(const Variant& packet) = 0;
   /// As the method of TQXOleVariant; null and 0 for an unknown name.
-  virtual HRESULT FindField(std::u16string_view Name, TOleVariantField*& Result) = 0;
+  virtual HRESULT FindField(std::u16string_view name, TOleVariantField*& result) = 0;
 
  protected:
   ~IQXOleVariant() = default;
@@ -79,26 +79,26 @@ class QXTOOLS_API TQXOleVariant : public qxIntf::TSafeInterfacedObject {
   ~TQXOleVariant() override;
 
   // --- By place, from 0 ------------------------------------------------------------------------------
-  Integer GetCount() const { return FFields.GetCount(); }
-  TOleVariantField* GetFields(Integer Index) const { return FFields.GetItems(Index); }
-  Variant GetItems(Integer Index) const { return FFields.GetItems(Index)->Value; }
-  void SetItems(Integer Index, const Variant& Value) { FFields.GetItems(Index)->Value = Value; }
+  Integer GetCount() const { return fields_.GetCount(); }
+  TOleVariantField* GetFields(Integer index) const { return fields_.GetItems(index); }
+  Variant GetItems(Integer index) const { return fields_.GetItems(index)->Value; }
+  void SetItems(Integer index, const Variant& value) { fields_.GetItems(index)->Value = value; }
   /// Appends a blank field.
   TOleVariantField* Add();
   /// On purpose: appends a blank field and stores neither name nor value; SetValue makes named fields.
-  void AddValue(std::u16string_view Name, const Variant& Value);
+  void AddValue(std::u16string_view name, const Variant& value);
   /// Deletes all fields.
   void Clear();
 
   // --- By name ---------------------------------------------------------------------------------------
   /// The LAST field of that name, or null.
-  TOleVariantField* FindField(std::u16string_view Name);
+  TOleVariantField* FindField(std::u16string_view name);
   /// @throws Exception "Param NAME is not found."
-  Variant GetValue(std::u16string_view Name);
+  Variant GetValue(std::u16string_view name);
   /// Sets the value of the last field of that name, or appends one.
-  void SetValue(std::u16string_view Name, const Variant& Value);
+  void SetValue(std::u16string_view name, const Variant& value);
   /// The value as an SQL literal. @throws as GetValue; EVariantError for a value without a text form.
-  WideString GetSqlValue(std::u16string_view Name);
+  WideString GetSqlValue(std::u16string_view name);
 
   // --- What the server is to do: fields like any other, of the names "Action", "Option" and so on ------
   // The getters raise as GetValue; EVariantError or EConvertError for a value that is no 32-bit integer.
@@ -106,21 +106,21 @@ class QXTOOLS_API TQXOleVariant : public qxIntf::TSafeInterfacedObject {
   Integer GetOption() { return GetValue(u"Option").AsInteger(); }
   Integer GetStoreProcIndex() { return GetValue(u"StoreProcIndex").AsInteger(); }
   Integer GetViewIndex() { return GetValue(u"ViewIndex").AsInteger(); }
-  void SetAction(Integer Value) { SetValue(u"Action", Value); }
-  void SetOption(Integer Value) { SetValue(u"Option", Value); }
-  void SetStoreProcIndex(Integer Value) { SetValue(u"StoreProcIndex", Value); }
-  void SetViewIndex(Integer Value) { SetValue(u"ViewIndex", Value); }
+  void SetAction(Integer value) { SetValue(u"Action", value); }
+  void SetOption(Integer value) { SetValue(u"Option", value); }
+  void SetStoreProcIndex(Integer value) { SetValue(u"StoreProcIndex", value); }
+  void SetViewIndex(Integer value) { SetValue(u"ViewIndex", value); }
 
   // --- The packet ------------------------------------------------------------------------------------
   /// Makes `Packet` an array of variants from 0 to 2n - 1: name (OLE string), value, name, value. Without
   /// fields `Packet` stays as it was.
-  void SaveToOle(Variant& Packet) const;
+  void SaveToOle(Variant& packet) const;
   /// Replaces the fields by those of `Packet`; a name may be any value with a text form, and the last of an
   /// odd number of elements is ignored. On purpose: what is no array, or an empty one, changes nothing, and
   /// the elements are read from index 0 on, whatever the low bound.
   /// @throws EVariantError "Variant array index out of bounds", or for a name without a text form. The old
   /// fields are gone then; those read before stay.
-  void LoadFromOle(const Variant& Packet);
+  void LoadFromOle(const Variant& packet);
 
  protected:
   void* FindInterface(const GUID& iid) override;
@@ -130,9 +130,9 @@ class QXTOOLS_API TQXOleVariant : public qxIntf::TSafeInterfacedObject {
 
   TOleVariantField* Append(std::unique_ptr<TOleVariantField> field);
 
-  OwnedList<TOleVariantField> FFields;
-  RecordIndex FIndex;
-  std::unique_ptr<Face> FFace;
+  OwnedList<TOleVariantField> fields_;
+  RecordIndex index_;
+  std::unique_ptr<Face> face_;
 };
 
 }  // namespace qxTools::qxOleVariant

@@ -74,37 +74,37 @@ class WholeFileStream : public TStream {
 TQXCustomStore::~TQXCustomStore() = default;
 
 void TQXCustomStore::Changed(TObject*) {
-  FModified = true;
-  if (const TNotifyEvent event = FOnChange) event(this);  // a copy: the handler may set another
+  modified_ = true;
+  if (const TNotifyEvent event = onChange_) event(this);  // a copy: the handler may set another
 }
 
-bool TQXCustomStore::Equals(TQXCustomStore* Other) {
-  if (Other == nullptr) return false;
-  if (GetEmpty() || Other->GetEmpty()) return GetEmpty() && Other->GetEmpty();
-  if (typeid(*this) != typeid(*Other)) return false;
+bool TQXCustomStore::Equals(TQXCustomStore* other) {
+  if (other == nullptr) return false;
+  if (GetEmpty() || other->GetEmpty()) return GetEmpty() && other->GetEmpty();
+  if (typeid(*this) != typeid(*other)) return false;
   TMemoryStream mine;
   TMemoryStream others;
   WriteData(&mine);
-  Other->WriteData(&others);
+  other->WriteData(&others);
   return mine.GetBytes() == others.GetBytes();
 }
 
-void TQXCustomStore::ReadData(TStream* Stream) { LoadFromStream(Stream); }
+void TQXCustomStore::ReadData(TStream* stream) { LoadFromStream(stream); }
 
-void TQXCustomStore::WriteData(TStream* Stream) { SaveToStream(Stream); }
+void TQXCustomStore::WriteData(TStream* stream) { SaveToStream(stream); }
 
-void TQXCustomStore::Progress(TObject* Sender, TProgressStage Stage, std::uint8_t PercentDone, bool RedrawNow,
-                              const TRect& R, const std::string& Msg) {
-  if (const TProgressEvent event = FOnProgress) event(Sender, Stage, PercentDone, RedrawNow, R, Msg);
+void TQXCustomStore::Progress(TObject* sender, TProgressStage stage, std::uint8_t percentDone, bool redrawNow,
+                              const TRect& r, const std::string& msg) {
+  if (const TProgressEvent event = onProgress_) event(sender, stage, percentDone, redrawNow, r, msg);
 }
 
-void TQXCustomStore::LoadFromFile(const std::string& FileName) {
-  TFileStream file(FileName, fmOpenRead);
+void TQXCustomStore::LoadFromFile(const std::string& fileName) {
+  TFileStream file(fileName, fmOpenRead);
   LoadFromStream(&file);
 }
 
-void TQXCustomStore::SaveToFile(const std::string& FileName) {
-  WholeFileStream file(FileName);
+void TQXCustomStore::SaveToFile(const std::string& fileName) {
+  WholeFileStream file(fileName);
   SaveToStream(&file);
   file.Commit();
 }
@@ -118,11 +118,11 @@ void TQXCustomStore::DefineProperties(TFiler& filer) {
       differs);
 }
 
-void TQXCustomStore::SetModified(bool Value) {
-  if (Value)
+void TQXCustomStore::SetModified(bool value) {
+  if (value)
     Changed(this);
   else
-    FModified = false;
+    modified_ = false;
 }
 
 void* TQXCustomStore::FindInterface(const GUID& iid) {
@@ -136,33 +136,33 @@ TQXFileStore::~TQXFileStore() = default;
 
 TFileFlag TQXFileStore::GetFlag() const { return "QXF"; }
 
-void TQXFileStore::LoadFromStream(TStream* Stream) {
+void TQXFileStore::LoadFromStream(TStream* stream) {
   Header header;
-  Stream->ReadBuffer(header.data(), header.size());
+  stream->ReadBuffer(header.data(), header.size());
   if (!HasFlag(header, GetFlag())) return;
-  FComment = TextAt(header, kCommentAt, kLongestComment);
-  FData.Clear();
+  comment_ = TextAt(header, kCommentAt, kLongestComment);
+  data_.Clear();
   std::array<char, 8> size;
   std::copy_n(header.data() + kDataSizeAt, size.size(), size.data());
   try {
-    FData.CopyFrom(*Stream, FromLittleEndian(size));
+    data_.CopyFrom(*stream, FromLittleEndian(size));
   } catch (...) {
-    FData.Clear();
+    data_.Clear();
     throw;
   }
-  FData.SetPosition(0);
+  data_.SetPosition(0);
 }
 
-void TQXFileStore::SaveToStream(TStream* Stream) {
-  if (Stream == &FData) throw EWriteError("Stream write error");  // it would overwrite what it reads
+void TQXFileStore::SaveToStream(TStream* stream) {
+  if (stream == &data_) throw EWriteError("Stream write error");  // it would overwrite what it reads
   Header header{};
-  const auto size = ToLittleEndian(FData.GetSize());
+  const auto size = ToLittleEndian(data_.GetSize());
   PutText(header, kFlagAt, GetFlag());
   std::copy(size.begin(), size.end(), header.data() + kDataSizeAt);
-  PutText(header, kCommentAt, std::string_view(FComment).substr(0, kLongestComment));
-  FData.SetPosition(0);
-  Stream->WriteBuffer(header.data(), header.size());
-  Stream->WriteBuffer(FData.GetBytes().data(), FData.GetBytes().size());
+  PutText(header, kCommentAt, std::string_view(comment_).substr(0, kLongestComment));
+  data_.SetPosition(0);
+  stream->WriteBuffer(header.data(), header.size());
+  stream->WriteBuffer(data_.GetBytes().data(), data_.GetBytes().size());
 }
 
 }  // namespace qxTools::qxStore

@@ -42,44 +42,44 @@ class QXTOOLS_API TQXCustomStore : public TInterfacedPersistent, public IStreamP
   QXTOOLS_INTERFACED_OBJECT
 
   /// Sets the modified flag and fires OnChange. On purpose: the event's sender is this store, not `Sender`.
-  virtual void Changed(TObject* Sender);
+  virtual void Changed(TObject* sender);
   /// Whether both are empty, or both are of the very same class and write the same bytes. False for null.
-  virtual bool Equals(TQXCustomStore* Other);
+  virtual bool Equals(TQXCustomStore* other);
   virtual bool GetEmpty() const = 0;
   /// The property "Data" of a component file: LoadFromStream.
-  virtual void ReadData(TStream* Stream);
+  virtual void ReadData(TStream* stream);
   /// The same: SaveToStream.
-  virtual void WriteData(TStream* Stream);
+  virtual void WriteData(TStream* stream);
   /// Fires OnProgress with all six arguments.
-  virtual void Progress(TObject* Sender, TProgressStage Stage, std::uint8_t PercentDone, bool RedrawNow,
-                        const TRect& R, const std::string& Msg);
+  virtual void Progress(TObject* sender, TProgressStage stage, std::uint8_t percentDone, bool redrawNow,
+                        const TRect& r, const std::string& msg);
   /// @throws EFOpenError, also for a file that somebody else writes to; and what LoadFromStream raises.
-  virtual void LoadFromFile(const std::string& FileName);
+  virtual void LoadFromFile(const std::string& fileName);
   /// Saves whole or not at all. The stream that SaveToStream is given can be written and sought; nothing can
   /// be read from it or cut off.
   /// @throws EFCreateError or EWriteError; the old file stays then.
-  virtual void SaveToFile(const std::string& FileName);
+  virtual void SaveToFile(const std::string& fileName);
 
   /// Defines the binary property "Data". It is written when the ancestor is no store or not equal, and
   /// without an ancestor when this store is not empty.
   void DefineProperties(TFiler& filer) override;
   std::string ClassName() const override { return "TQXCustomStore"; }
 
-  bool GetModified() const { return FModified; }
+  bool GetModified() const { return modified_; }
   /// True calls Changed; false clears the flag without an event.
-  void SetModified(bool Value);
-  const TNotifyEvent& GetOnChange() const { return FOnChange; }
-  void SetOnChange(TNotifyEvent Value) { FOnChange = std::move(Value); }
-  const TProgressEvent& GetOnProgress() const { return FOnProgress; }
-  void SetOnProgress(TProgressEvent Value) { FOnProgress = std::move(Value); }
+  void SetModified(bool value);
+  const TNotifyEvent& GetOnChange() const { return onChange_; }
+  void SetOnChange(TNotifyEvent value) { onChange_ = std::move(value); }
+  const TProgressEvent& GetOnProgress() const { return onProgress_; }
+  void SetOnProgress(TProgressEvent value) { onProgress_ = std::move(value); }
 
  protected:
   void* FindInterface(const GUID& iid) override;
 
  private:
-  TNotifyEvent FOnChange;
-  bool FModified = false;
-  TProgressEvent FOnProgress;
+  TNotifyEvent onChange_;
+  bool modified_ = false;
+  TProgressEvent onProgress_;
 };
 
 /// A block of bytes and a short comment.
@@ -88,7 +88,7 @@ class QXTOOLS_API TQXFileStore : public TQXCustomStore {
   TQXFileStore() = default;
   ~TQXFileStore() override;
 
-  bool GetEmpty() const override { return FData.GetSize() == 0; }
+  bool GetEmpty() const override { return data_.GetSize() == 0; }
 
   /// Takes comment and data; the modified flag stays as it is. The announced size is never believed: memory
   /// is asked for as the bytes arrive.
@@ -98,24 +98,24 @@ class QXTOOLS_API TQXFileStore : public TQXCustomStore {
   /// @throws EReadError "Stream read error" when there are fewer bytes than the header has, or than it
   /// announces, or when it announces less than nothing; in the last two cases, and when memory is short
   /// (EWriteError), the store is empty then and has the new comment.
-  void LoadFromStream(TStream* Stream) override;
+  void LoadFromStream(TStream* stream) override;
   /// Writes header and data, and rewinds the data stream. @throws EWriteError, also for the data stream
   /// itself.
-  void SaveToStream(TStream* Stream) override;
+  void SaveToStream(TStream* stream) override;
 
   /// What a file begins with. @return "QXF".
   virtual TFileFlag GetFlag() const;
 
   /// The data themselves, to be filled or read; they stay the store's.
-  TMemoryStream* GetStream() { return &FData; }
-  const AnsiString& GetComment() const { return FComment; }
+  TMemoryStream* GetStream() { return &data_; }
+  const AnsiString& GetComment() const { return comment_; }
   /// Sets the comment, of which 50 bytes reach a file. On purpose: the store does not become modified.
-  void SetComment(std::string_view Value) { FComment = Value; }
+  void SetComment(std::string_view value) { comment_ = value; }
   std::string ClassName() const override { return "TQXFileStore"; }
 
  private:
-  TMemoryStream FData;
-  AnsiString FComment;
+  TMemoryStream data_;
+  AnsiString comment_;
 };
 
 }  // namespace qxTools::qxStore

@@ -140,15 +140,15 @@ std::string BIG5toGB(std::string_view text) { return ConvertAll(kBig5Table, text
 // --- Text in pieces ----------------------------------------------------------
 
 TConverter::TConverter(TDirection direction, TMissing onMissing)
-    : FDirection(direction), FOnMissing(std::move(onMissing)) {}
+    : direction_(direction), onMissing_(std::move(onMissing)) {}
 
 void TConverter::Report(const char* p, const char* stop, const char* end) const {
-  if (!FOnMissing) return;
+  if (!onMissing_) return;
   const char* begin = p;
   while (p < stop) {
-    const std::uint16_t entry = EntryAt(TableOf(FDirection), p, end);
+    const std::uint16_t entry = EntryAt(TableOf(direction_), p, end);
     if (entry == kMissing)
-      FOnMissing(FOffset + static_cast<std::uint64_t>(p - begin),
+      onMissing_(offset_ + static_cast<std::uint64_t>(p - begin),
                  static_cast<std::uint16_t>(Byte(*p) << 8 | SecondAt(p, end)));
     p += LengthOf(entry, p, end);
   }
@@ -156,24 +156,24 @@ void TConverter::Report(const char* p, const char* stop, const char* end) const 
 
 std::string TConverter::Convert(std::string_view piece) {
   std::string result;
-  const std::string text = std::exchange(FPending, {}).append(piece);
+  const std::string text = std::exchange(pending_, {}).append(piece);
   if (text.empty()) return result;
   const char* end = text.data() + text.size();
   const char* last = end - 1;  // its character may go on in the next piece
   Report(text.data(), last, end);
   result.reserve(text.size());
-  const char* p = Append(result, TableOf(FDirection), text.data(), last, end);
+  const char* p = Append(result, TableOf(direction_), text.data(), last, end);
   if (p == last && IsAscii(*p)) result += *p++;
-  FOffset += static_cast<std::uint64_t>(p - text.data());
-  FPending.assign(p, end);
+  offset_ += static_cast<std::uint64_t>(p - text.data());
+  pending_.assign(p, end);
   return result;
 }
 
 std::string TConverter::Finish() {
-  const std::string text = std::exchange(FPending, {});
+  const std::string text = std::exchange(pending_, {});
   Report(text.data(), text.data() + text.size(), text.data() + text.size());
-  FOffset = 0;
-  return ConvertAll(TableOf(FDirection), text);
+  offset_ = 0;
+  return ConvertAll(TableOf(direction_), text);
 }
 
 }  // namespace qxTools::CVCode

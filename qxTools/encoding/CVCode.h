@@ -50,10 +50,10 @@ class QXTOOLS_API TConverter {
  private:
   void Report(const char* p, const char* stop, const char* end) const;
 
-  TDirection FDirection;
-  TMissing FOnMissing;
-  std::uint64_t FOffset = 0;
-  std::string FPending;
+  TDirection direction_;
+  TMissing onMissing_;
+  std::uint64_t offset_ = 0;
+  std::string pending_;
 };
 
 }  // namespace qxTools::CVCode

@@ -37,85 +37,85 @@ Integer Placed(int where, Integer low, Integer high, Integer size) {
 
 }  // namespace
 
-void CreateBrushPattern(TColor Color, TBitmap& Bitmap) {
+void CreateBrushPattern(TColor color, TBitmap& bitmap) {
   constexpr Integer kSide = 8;
-  Bitmap.SetSize(kSide, kSide);
-  Fill(Bitmap.GetCanvas(), {0, 0, kSide, kSide}, Color);
+  bitmap.SetSize(kSide, kSide);
+  Fill(bitmap.GetCanvas(), {0, 0, kSide, kSide}, color);
   for (Integer y = 0; y < kSide; ++y)
-    for (Integer x = y % 2; x < kSide; x += 2) Bitmap.SetPixel(x, y, kWhite);
+    for (Integer x = y % 2; x < kSide; x += 2) bitmap.SetPixel(x, y, kWhite);
 }
 
-void DrawButton(TCanvas& Canvas, const TRect& Rect, bool Double) {
-  Fill(Canvas, Rect, clBtnFace);
-  if (!Double) return DrawRing(Canvas, Rect, clBtnHighlight, clBtnShadow);
-  DrawRing(Canvas, Rect, clBtnFace, kDarkGrey);
-  DrawRing(Canvas, ResizeRect(Rect, 1, roIn), clBtnHighlight, clBtnShadow);
+void DrawButton(TCanvas& canvas, const TRect& rect, bool isDouble) {
+  Fill(canvas, rect, clBtnFace);
+  if (!isDouble) return DrawRing(canvas, rect, clBtnHighlight, clBtnShadow);
+  DrawRing(canvas, rect, clBtnFace, kDarkGrey);
+  DrawRing(canvas, ResizeRect(rect, 1, roIn), clBtnHighlight, clBtnShadow);
 }
 
-void DrawBox(TCanvas& Canvas, const TRect& Rect, bool Double) {
-  DrawRing(Canvas, Rect, clBtnShadow, clBtnHighlight);
-  if (Double) DrawRing(Canvas, ResizeRect(Rect, 1, roIn), kDarkGrey, clBtnFace);
+void DrawBox(TCanvas& canvas, const TRect& rect, bool isDouble) {
+  DrawRing(canvas, rect, clBtnShadow, clBtnHighlight);
+  if (isDouble) DrawRing(canvas, ResizeRect(rect, 1, roIn), kDarkGrey, clBtnFace);
 }
 
-void DrawFrame(TCanvas& Canvas, const TRect& Rect, bool Double, TColor Color) {
-  Fill(Canvas, Rect, Color);
-  DrawBox(Canvas, Rect, Double);
+void DrawFrame(TCanvas& canvas, const TRect& rect, bool isDouble, TColor color) {
+  Fill(canvas, rect, color);
+  DrawBox(canvas, rect, isDouble);
 }
 
-void Draw3Angle(TCanvas& Canvas, const TRect& Rect, TDrawAngleType Direction, TColor Color) {
-  const Integer midX = Middle(Rect.Left, Rect.Right);
-  const Integer midY = Middle(Rect.Top, Rect.Bottom);
-  const TPoint leftTop{Rect.Left, Rect.Top}, rightTop{Rect.Right, Rect.Top};
-  const TPoint leftBottom{Rect.Left, Rect.Bottom}, rightBottom{Rect.Right, Rect.Bottom};
+void Draw3Angle(TCanvas& canvas, const TRect& rect, TDrawAngleType direction, TColor color) {
+  const Integer midX = Middle(rect.Left, rect.Right);
+  const Integer midY = Middle(rect.Top, rect.Bottom);
+  const TPoint leftTop{rect.Left, rect.Top}, rightTop{rect.Right, rect.Top};
+  const TPoint leftBottom{rect.Left, rect.Bottom}, rightBottom{rect.Right, rect.Bottom};
   const TPoint corners[][3] = {
-      {{Rect.Left, midY}, rightTop, rightBottom},
-      {{midX, Rect.Top}, rightBottom, leftBottom},
-      {{Rect.Right, midY}, leftBottom, leftTop},
-      {{midX, Rect.Bottom}, leftTop, rightTop},
+      {{rect.Left, midY}, rightTop, rightBottom},
+      {{midX, rect.Top}, rightBottom, leftBottom},
+      {{rect.Right, midY}, leftBottom, leftTop},
+      {{midX, rect.Bottom}, leftTop, rightTop},
   };
-  if (Direction >= std::size(corners)) return;
-  Canvas.SetBrushColor(Color);
-  Canvas.SetPenColor(Color);
-  Canvas.Polygon(corners[Direction]);
+  if (direction >= std::size(corners)) return;
+  canvas.SetBrushColor(color);
+  canvas.SetPenColor(color);
+  canvas.Polygon(corners[direction]);
 }
 
-void DrawText(TCanvas& Canvas, const TRect& Rect, std::string_view Text, TAlignmentEx Alignment) {
-  const bool known = Alignment <= aeRightBottom;
-  const int column = known ? Alignment / 3 : 0;
-  const int row = known ? Alignment % 3 : 0;
-  const Integer x = Placed(column, Rect.Left, Rect.Right, Canvas.TextWidth(Text));
-  const Integer y = Placed(row, Rect.Top, Rect.Bottom, Canvas.TextHeight(Text));
-  const TBrushStyle before = Canvas.GetBrushStyle();
-  Canvas.SetBrushStyle(bsClear);
-  Canvas.TextRect(Rect, x, y, Text);
-  Canvas.SetBrushStyle(before);
+void DrawText(TCanvas& canvas, const TRect& rect, std::string_view text, TAlignmentEx alignment) {
+  const bool known = alignment <= aeRightBottom;
+  const int column = known ? alignment / 3 : 0;
+  const int row = known ? alignment % 3 : 0;
+  const Integer x = Placed(column, rect.Left, rect.Right, canvas.TextWidth(text));
+  const Integer y = Placed(row, rect.Top, rect.Bottom, canvas.TextHeight(text));
+  const TBrushStyle before = canvas.GetBrushStyle();
+  canvas.SetBrushStyle(bsClear);
+  canvas.TextRect(rect, x, y, text);
+  canvas.SetBrushStyle(before);
 }
 
-void DrawTabset(TCanvas& Canvas, const TRect& Rect, TColor Color, TColor TextColor, std::string_view Caption,
-                bool Plain) {
+void DrawTabset(TCanvas& canvas, const TRect& rect, TColor color, TColor textColor, std::string_view caption,
+                bool isPlain) {
   constexpr Integer kSlant = 6;
-  const Integer height = WrapSubtract(Rect.Bottom, Rect.Top);
-  const Integer inRight = WrapSubtract(Rect.Right, kSlant);
-  const TPoint leftTop{Rect.Left, Rect.Top}, rightTop{Rect.Right, Rect.Top};
-  const TPoint leftBottom{WrapAdd(Rect.Left, kSlant), Rect.Bottom};
-  const TPoint plain[] = {leftTop, rightTop, {inRight, Rect.Bottom}, leftBottom};
+  const Integer height = WrapSubtract(rect.Bottom, rect.Top);
+  const Integer inRight = WrapSubtract(rect.Right, kSlant);
+  const TPoint leftTop{rect.Left, rect.Top}, rightTop{rect.Right, rect.Top};
+  const TPoint leftBottom{WrapAdd(rect.Left, kSlant), rect.Bottom};
+  const TPoint trapezium[] = {leftTop, rightTop, {inRight, rect.Bottom}, leftBottom};
   const TPoint notched[] = {leftTop,
                             rightTop,
-                            {inRight, WrapAdd(Rect.Top, height / 3)},
-                            {Rect.Right, Middle(Rect.Top, Rect.Bottom)},
-                            {inRight, WrapSubtract(Rect.Bottom, height / 3)},
-                            {Rect.Right, Rect.Bottom},
+                            {inRight, WrapAdd(rect.Top, height / 3)},
+                            {rect.Right, Middle(rect.Top, rect.Bottom)},
+                            {inRight, WrapSubtract(rect.Bottom, height / 3)},
+                            {rect.Right, rect.Bottom},
                             leftBottom};
-  Canvas.SetBrushColor(Color);
-  Canvas.SetPenColor(kBlack);
-  Canvas.SetFontColor(TextColor);
-  if (Plain)
-    Canvas.Polygon(plain);
+  canvas.SetBrushColor(color);
+  canvas.SetPenColor(kBlack);
+  canvas.SetFontColor(textColor);
+  if (isPlain)
+    canvas.Polygon(trapezium);
   else
-    Canvas.Polygon(notched);
-  const TRect cell{WrapAdd(Rect.Left, 7), WrapAdd(Rect.Top, 1), WrapSubtract(Rect.Right, 7),
-                   WrapSubtract(Rect.Bottom, 1)};
-  Canvas.TextRect(cell, cell.Left, WrapAdd(Rect.Top, 2), Caption);
+    canvas.Polygon(notched);
+  const TRect cell{WrapAdd(rect.Left, 7), WrapAdd(rect.Top, 1), WrapSubtract(rect.Right, 7),
+                   WrapSubtract(rect.Bottom, 1)};
+  canvas.TextRect(cell, cell.Left, WrapAdd(rect.Top, 2), caption);
 }
 
 }  // namespace qxTools::qxDrawTools

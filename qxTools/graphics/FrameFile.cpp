@@ -168,46 +168,46 @@ void PaintCorner(TCanvas& canvas, Integer left, Integer top, const TBitmap& corn
 
 }  // namespace
 
-void SaveDWF(const std::string& FileName, const TFrameBitmaps& Bitmaps) {
-  const std::string stripName = StripName(FileName);
-  if (stripName == FileName) return SaveStrip(stripName, Bitmaps);
-  const bool isNew = !FileExists(FileName);
-  TFileStream file(FileName, isNew ? fmCreate : fmOpenWrite);
+void SaveDWF(const std::string& fileName, const TFrameBitmaps& bitmaps) {
+  const std::string stripName = StripName(fileName);
+  if (stripName == fileName) return SaveStrip(stripName, bitmaps);
+  const bool isNew = !FileExists(fileName);
+  TFileStream file(fileName, isNew ? fmCreate : fmOpenWrite);
   try {
-    SaveStrip(stripName, Bitmaps);
-    const FrameBytes bytes = BytesOf(Bitmaps);
+    SaveStrip(stripName, bitmaps);
+    const FrameBytes bytes = BytesOf(bitmaps);
     file.WriteBuffer(bytes.data(), bytes.size());
   } catch (...) {
-    if (isNew) RemoveFile(FileName);
+    if (isNew) RemoveFile(fileName);
     throw;
   }
 }
 
-void LoadDWF(const std::string& FileName, TFrameBitmaps& Bitmaps) {
-  const std::string stripName = StripName(FileName);
-  CheckExists(FileName);
+void LoadDWF(const std::string& fileName, TFrameBitmaps& bitmaps) {
+  const std::string stripName = StripName(fileName);
+  CheckExists(fileName);
   CheckExists(stripName);
-  const Sizes sizes = ReadSizes(FileName);
+  const Sizes sizes = ReadSizes(fileName);
   TBitmap strip;
   strip.LoadFromFile(stripName);
-  CheckSizes(FileName, sizes, strip);
-  CutPieces(strip, sizes, Bitmaps);
+  CheckSizes(fileName, sizes, strip);
+  CutPieces(strip, sizes, bitmaps);
 }
 
-void DrawFrameWithBMP(TCanvas& Canvas, const TRect& Rect, const TFrameBitmaps& Bitmaps) {
-  const TFrameBitmaps& b = Bitmaps;
-  PaintRow(Canvas, Rect, Rect.Top, b[kTop], b[kLeftTop], b[kRightTop]);
-  PaintRow(Canvas, Rect, WrapSubtract(Rect.Bottom, b[kBottom].GetHeight()), b[kBottom], b[kLeftBottom],
+void DrawFrameWithBMP(TCanvas& canvas, const TRect& rect, const TFrameBitmaps& bitmaps) {
+  const TFrameBitmaps& b = bitmaps;
+  PaintRow(canvas, rect, rect.Top, b[kTop], b[kLeftTop], b[kRightTop]);
+  PaintRow(canvas, rect, WrapSubtract(rect.Bottom, b[kBottom].GetHeight()), b[kBottom], b[kLeftBottom],
            b[kRightBottom]);
-  PaintColumn(Canvas, Rect, Rect.Left, b[kLeft], b[kLeftTop], b[kLeftBottom]);
-  PaintColumn(Canvas, Rect, WrapSubtract(Rect.Right, b[kRight].GetWidth()), b[kRight], b[kRightTop],
+  PaintColumn(canvas, rect, rect.Left, b[kLeft], b[kLeftTop], b[kLeftBottom]);
+  PaintColumn(canvas, rect, WrapSubtract(rect.Right, b[kRight].GetWidth()), b[kRight], b[kRightTop],
               b[kRightBottom]);
-  const auto right = [&](Piece piece) { return WrapSubtract(Rect.Right, b[piece].GetWidth()); };
-  const auto bottom = [&](Piece piece) { return WrapSubtract(Rect.Bottom, b[piece].GetHeight()); };
-  PaintCorner(Canvas, Rect.Left, Rect.Top, b[kLeftTop]);
-  PaintCorner(Canvas, right(kRightTop), Rect.Top, b[kRightTop]);
-  PaintCorner(Canvas, Rect.Left, bottom(kLeftBottom), b[kLeftBottom]);
-  PaintCorner(Canvas, right(kRightBottom), bottom(kRightBottom), b[kRightBottom]);
+  const auto right = [&](Piece piece) { return WrapSubtract(rect.Right, b[piece].GetWidth()); };
+  const auto bottom = [&](Piece piece) { return WrapSubtract(rect.Bottom, b[piece].GetHeight()); };
+  PaintCorner(canvas, rect.Left, rect.Top, b[kLeftTop]);
+  PaintCorner(canvas, right(kRightTop), rect.Top, b[kRightTop]);
+  PaintCorner(canvas, rect.Left, bottom(kLeftBottom), b[kLeftBottom]);
+  PaintCorner(canvas, right(kRightBottom), bottom(kRightBottom), b[kRightBottom]);
 }
 
 }  // namespace qxTools::qxDrawTools

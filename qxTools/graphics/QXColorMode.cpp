@@ -15,27 +15,27 @@ struct Range {
 };
 
 /// Starts with red: a NaN there stays, one in green or blue is passed over.
-Range RangeOf(Real R, Real G, Real B) {
-  Range range{R, R};
-  if (G > range.max) range.max = G;
-  if (B > range.max) range.max = B;
-  if (G < range.min) range.min = G;
-  if (B < range.min) range.min = B;
+Range RangeOf(Real r, Real g, Real b) {
+  Range range{r, r};
+  if (g > range.max) range.max = g;
+  if (b > range.max) range.max = b;
+  if (g < range.min) range.min = g;
+  if (b < range.min) range.min = b;
   return range;
 }
 
 /// The hue of channels that are not all equal.
-Real HueOf(Real R, Real G, Real B, const Range& range) {
+Real HueOf(Real r, Real g, Real b, const Range& range) {
   const Real d = range.max - range.min;
-  Real H = 0;
-  if (R == range.max)
-    H = (G - B) / d;
-  else if (G == range.max)
-    H = 2 + (B - R) / d;
-  else if (B == range.max)
-    H = 4 + (R - G) / d;
-  H *= 60;
-  return H < 0 ? H + 360 : H;
+  Real h = 0;
+  if (r == range.max)
+    h = (g - b) / d;
+  else if (g == range.max)
+    h = 2 + (b - r) / d;
+  else if (b == range.max)
+    h = 4 + (r - g) / d;
+  h *= 60;
+  return h < 0 ? h + 360 : h;
 }
 
 Real HueValue(Real m1, Real m2, Real h) {
@@ -56,7 +56,7 @@ Real Divide(Real a, Real b) {
 
 TColor Round(Real channel) { return static_cast<TColor>(RoundToInteger(channel)); }
 
-TColor Pack(Real R, Real G, Real B) { return Round(B) << 16 | Round(G) << 8 | Round(R); }
+TColor Pack(Real r, Real g, Real b) { return Round(b) << 16 | Round(g) << 8 | Round(r); }
 
 THSVMode UnitHSV(TColor color) {
   const TRGBMode c = RGB(color);
@@ -67,87 +67,87 @@ THSVMode UnitHSV(TColor color) {
 
 }  // namespace
 
-void RGBtoHSV(Real R, Real G, Real B, Real& H, Real& S, Real& V) {
-  const Range range = RangeOf(R, G, B);
-  V = range.max;
-  S = range.max == 0 ? 0 : (range.max - range.min) / range.max;
-  H = S == 0 ? 0 : HueOf(R, G, B, range);
+void RGBtoHSV(Real r, Real g, Real b, Real& h, Real& s, Real& v) {
+  const Range range = RangeOf(r, g, b);
+  v = range.max;
+  s = range.max == 0 ? 0 : (range.max - range.min) / range.max;
+  h = s == 0 ? 0 : HueOf(r, g, b, range);
 }
 
-void HSVtoRGB(Real H, Real S, Real V, Real& R, Real& G, Real& B) {
-  if (S == 0) {
-    R = G = B = V;
+void HSVtoRGB(Real h, Real s, Real v, Real& r, Real& g, Real& b) {
+  if (s == 0) {
+    r = g = b = v;
     return;
   }
-  if (!(H >= 0 && H <= 360)) return;
-  const Real h = H == 360 ? 0 : H / 60;
-  const int i = static_cast<int>(h);
-  const Real f = h - i;
-  const Real p = V * (1 - S);
-  const Real q = V * (1 - S * f);
-  const Real t = V * (1 - (1 - f) * S);
+  if (!(h >= 0 && h <= 360)) return;
+  const Real sector = h == 360 ? 0 : h / 60;
+  const int i = static_cast<int>(sector);
+  const Real f = sector - i;
+  const Real p = v * (1 - s);
+  const Real q = v * (1 - s * f);
+  const Real t = v * (1 - (1 - f) * s);
   switch (i) {
     case 0:
-      R = V, G = t, B = p;
+      r = v, g = t, b = p;
       break;
     case 1:
-      R = q, G = V, B = p;
+      r = q, g = v, b = p;
       break;
     case 2:
-      R = p, G = V, B = t;
+      r = p, g = v, b = t;
       break;
     case 3:
-      R = p, G = q, B = V;
+      r = p, g = q, b = v;
       break;
     case 4:
-      R = t, G = p, B = V;
+      r = t, g = p, b = v;
       break;
     case 5:
-      R = V, G = p, B = q;
+      r = v, g = p, b = q;
       break;
   }
 }
 
-void RGBtoHLS(Real R, Real G, Real B, Real& H, Real& L, Real& S) {
-  const Range range = RangeOf(R, G, B);
+void RGBtoHLS(Real r, Real g, Real b, Real& h, Real& l, Real& s) {
+  const Range range = RangeOf(r, g, b);
   const auto [max, min] = range;
   const Real lightness = (max + min) / 2;
   const bool isGrey = max == min;
-  S = isGrey ? 0 : Divide(max - min, lightness <= 0.5L ? max + min : 2 - max - min);
-  H = isGrey ? -1000 : HueOf(R, G, B, range);
-  L = lightness;
+  s = isGrey ? 0 : Divide(max - min, lightness <= 0.5L ? max + min : 2 - max - min);
+  h = isGrey ? -1000 : HueOf(r, g, b, range);
+  l = lightness;
 }
 
-void HLStoRGB(Real H, Real L, Real S, Real& R, Real& G, Real& B) {
-  const Real m2 = L < 0.5L ? L * (1 + S) : L + S - L * S;
-  const Real m1 = 2 * L - m2;
-  const bool isGrey = S == 0;
-  R = isGrey ? L : HueValue(m1, m2, H + 120);
-  G = isGrey ? L : HueValue(m1, m2, H);
-  B = isGrey ? L : HueValue(m1, m2, H - 120);
+void HLStoRGB(Real h, Real l, Real s, Real& r, Real& g, Real& b) {
+  const Real m2 = l < 0.5L ? l * (1 + s) : l + s - l * s;
+  const Real m1 = 2 * l - m2;
+  const bool isGrey = s == 0;
+  r = isGrey ? l : HueValue(m1, m2, h + 120);
+  g = isGrey ? l : HueValue(m1, m2, h);
+  b = isGrey ? l : HueValue(m1, m2, h - 120);
 }
 
-TColor RGB(Integer R, Integer G, Integer B) {
+TColor RGB(Integer r, Integer g, Integer b) {
   const auto lowByte = [](Integer channel) { return static_cast<TColor>(channel) & 0xFF; };
-  return lowByte(B) << 16 | lowByte(G) << 8 | lowByte(R);
+  return lowByte(b) << 16 | lowByte(g) << 8 | lowByte(r);
 }
 
 TRGBMode RGB(TColor color) {
   const auto channel = [color](int shift) { return static_cast<Integer>(color >> shift & 0xFF); };
-  const Integer R = channel(0), G = channel(8), B = channel(16);
-  return {Real(R), Real(G), Real(B), R, G, B};
+  const Integer r = channel(0), g = channel(8), b = channel(16);
+  return {Real(r), Real(g), Real(b), r, g, b};
 }
 
-TColor HSV(Real H, Real S, Real V) {
-  Real R = 0, G = 0, B = 0;
-  HSVtoRGB(H, S, V, R, G, B);
-  return Pack(R, G, B);
+TColor HSV(Real h, Real s, Real v) {
+  Real r = 0, g = 0, b = 0;
+  HSVtoRGB(h, s, v, r, g, b);
+  return Pack(r, g, b);
 }
 
 TColor HSV(const THSVMode& mode) {
-  Real R = 0, G = 0, B = 0;
-  HSVtoRGB(mode.H, mode.S, mode.V, R, G, B);
-  return Pack(R * 255, G, B);
+  Real r = 0, g = 0, b = 0;
+  HSVtoRGB(mode.H, mode.S, mode.V, r, g, b);
+  return Pack(r * 255, g, b);
 }
 
 THSVMode HSV(TColor color) {
@@ -157,10 +157,10 @@ THSVMode HSV(TColor color) {
   return mode;
 }
 
-TColor HLS(Real H, Real L, Real S) {
-  Real R = 0, G = 0, B = 0;
-  HLStoRGB(H, L, S, R, G, B);
-  return Pack(R, G, B);
+TColor HLS(Real h, Real l, Real s) {
+  Real r = 0, g = 0, b = 0;
+  HLStoRGB(h, l, s, r, g, b);
+  return Pack(r, g, b);
 }
 
 TColor HLS(const THLSMode& mode) { return HLS(mode.H, mode.L, mode.S); }
@@ -176,14 +176,14 @@ THSVMode HSVAdd(const THSVMode& a, const THSVMode& b) { return {a.H, a.S, b.V}; 
 
 TColor RGBAdd(TColor a, TColor b) { return HSV(HSVAdd(UnitHSV(a), UnitHSV(b))); }
 
-std::string HTMLRGB(Integer R, Integer G, Integer B) {
+std::string HTMLRGB(Integer r, Integer g, Integer b) {
   char text[1 + 3 * 8 + 1];
-  std::snprintf(text, sizeof text, "#%02X%02X%02X", static_cast<unsigned>(R), static_cast<unsigned>(G),
-                static_cast<unsigned>(B));
+  std::snprintf(text, sizeof text, "#%02X%02X%02X", static_cast<unsigned>(r), static_cast<unsigned>(g),
+                static_cast<unsigned>(b));
   return text;
 }
 
-Real AdToRd(Real A) { return (90 - A) * std::numbers::pi_v<Real> / 180; }
+Real AdToRd(Real a) { return (90 - a) * std::numbers::pi_v<Real> / 180; }
 
 bool PointinRect(const TPoint& point, const TRect& rect) {
   return rect.Left <= point.X && point.X <= rect.Right && rect.Top <= point.Y && point.Y <= rect.Bottom;

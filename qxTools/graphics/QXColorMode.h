@@ -49,31 +49,31 @@ struct TRGBMode {
 // largest; nothing is raised.
 
 /// V is the largest channel. S is 0 where that is 0.
-QXTOOLS_API void RGBtoHSV(Real R, Real G, Real B, Real& H, Real& S, Real& V);
+QXTOOLS_API void RGBtoHSV(Real r, Real g, Real b, Real& h, Real& s, Real& v);
 
 /// Hue 360 counts as 0. With S exactly 0 all three are V, whatever the hue.
 /// On purpose: any other hue outside 0 to 360 leaves R, G and B as they were.
-QXTOOLS_API void HSVtoRGB(Real H, Real S, Real V, Real& R, Real& G, Real& B);
+QXTOOLS_API void HSVtoRGB(Real h, Real s, Real v, Real& r, Real& g, Real& b);
 
 /// @throws EDivByZero when the channels differ and max + min is 0, or 2 with max above 1, as in (2, 0, 0).
 /// Nothing is written then.
-QXTOOLS_API void RGBtoHLS(Real R, Real G, Real B, Real& H, Real& L, Real& S);
+QXTOOLS_API void RGBtoHLS(Real r, Real g, Real b, Real& h, Real& l, Real& s);
 
 /// With S exactly 0 all three are L, whatever the hue.
 /// On purpose: a hue outside 0 to 360 is folded back once only; from 240 degrees beyond it the channels leave
 /// the colour.
-QXTOOLS_API void HLStoRGB(Real H, Real L, Real S, Real& R, Real& G, Real& B);
+QXTOOLS_API void HLStoRGB(Real h, Real l, Real s, Real& r, Real& g, Real& b);
 
 // --- Packed colours ----------------------------------------------------------
 
 /// The low bytes of the three, packed.
-QXTOOLS_API TColor RGB(Integer R, Integer G, Integer B);
+QXTOOLS_API TColor RGB(Integer r, Integer g, Integer b);
 
 /// The channels of a packed colour; its highest byte is not looked at.
 QXTOOLS_API TRGBMode RGB(TColor color);
 
 /// The channels of HSVtoRGB, packed without scaling; black for a hue that it does not write.
-QXTOOLS_API TColor HSV(Real H, Real S, Real V);
+QXTOOLS_API TColor HSV(Real h, Real s, Real v);
 
 /// The same from a record.
 /// On purpose: red alone is multiplied by 255 before it is rounded; green and blue are not.
@@ -83,7 +83,7 @@ QXTOOLS_API TColor HSV(const THSVMode& mode);
 QXTOOLS_API THSVMode HSV(TColor color);
 
 /// The channels of HLStoRGB, packed without scaling.
-QXTOOLS_API TColor HLS(Real H, Real L, Real S);
+QXTOOLS_API TColor HLS(Real h, Real l, Real s);
 QXTOOLS_API TColor HLS(const THLSMode& mode);
 
 /// RGBtoHLS of the channels 0 to 255: L is 0 to 255 too.
@@ -103,12 +103,12 @@ QXTOOLS_API TColor RGBAdd(TColor a, TColor b);
 
 /// "#" and the three channels in upper-case hexadecimal, each of at least two digits: "#FF0010".
 /// On purpose: a channel above 255 takes more digits, a negative one the eight of its two's complement.
-QXTOOLS_API std::string HTMLRGB(Integer R, Integer G, Integer B);
+QXTOOLS_API std::string HTMLRGB(Integer r, Integer g, Integer b);
 
 // --- Geometry ----------------------------------------------------------------
 
 /// A compass angle in degrees (0 is up, clockwise) as radians from the right, anticlockwise.
-QXTOOLS_API Real AdToRd(Real A);
+QXTOOLS_API Real AdToRd(Real a);
 
 /// Whether the point lies in the rectangle, all four edges included.
 QXTOOLS_API bool PointinRect(const TPoint& point, const TRect& rect);

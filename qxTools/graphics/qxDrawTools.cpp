@@ -48,65 +48,65 @@ void CheckDivision(Integer dividend, Integer divisor) {
 
 }  // namespace
 
-bool PosInRect(const TPoint& Pos, const TRect& Rect) {
-  return Rect.Left <= Pos.X && Pos.X <= Rect.Right && Rect.Top <= Pos.Y && Pos.Y <= Rect.Bottom;
+bool PosInRect(const TPoint& pos, const TRect& rect) {
+  return rect.Left <= pos.X && pos.X <= rect.Right && rect.Top <= pos.Y && pos.Y <= rect.Bottom;
 }
 
-bool PosInRect(const TSmallPoint& Pos, const TRect& Rect) { return PosInRect(TPoint{Pos.X, Pos.Y}, Rect); }
+bool PosInRect(const TSmallPoint& pos, const TRect& rect) { return PosInRect(TPoint{pos.X, pos.Y}, rect); }
 
-TRect ResizeRect(const TRect& Rect, Integer Size, TResizeRectOption Option) {
-  if (Option != roIn && Option != roOut) return Rect;
-  const Integer inwards = Option == roIn ? Size : WrapSubtract(0, Size);
-  return {WrapAdd(Rect.Left, inwards), WrapAdd(Rect.Top, inwards), WrapSubtract(Rect.Right, inwards),
-          WrapSubtract(Rect.Bottom, inwards)};
+TRect ResizeRect(const TRect& rect, Integer size, TResizeRectOption option) {
+  if (option != roIn && option != roOut) return rect;
+  const Integer inwards = option == roIn ? size : WrapSubtract(0, size);
+  return {WrapAdd(rect.Left, inwards), WrapAdd(rect.Top, inwards), WrapSubtract(rect.Right, inwards),
+          WrapSubtract(rect.Bottom, inwards)};
 }
 
-TRect OffsetRect(const TRect& Rect, Integer Dx, Integer Dy) {
-  return {WrapAdd(Rect.Left, Dx), WrapAdd(Rect.Top, Dy), WrapAdd(Rect.Right, Dx), WrapAdd(Rect.Bottom, Dy)};
+TRect OffsetRect(const TRect& rect, Integer dx, Integer dy) {
+  return {WrapAdd(rect.Left, dx), WrapAdd(rect.Top, dy), WrapAdd(rect.Right, dx), WrapAdd(rect.Bottom, dy)};
 }
 
-TRect RectAdd(const TRect& A, const TRect& B) {
-  return {std::min(A.Left, B.Left), std::min(A.Top, B.Top), std::max(A.Right, B.Right),
-          std::max(A.Bottom, B.Bottom)};
+TRect RectAdd(const TRect& a, const TRect& b) {
+  return {std::min(a.Left, b.Left), std::min(a.Top, b.Top), std::max(a.Right, b.Right),
+          std::max(a.Bottom, b.Bottom)};
 }
 
-std::string RectToStr(const TRect& Rect) {
-  return "Left:" + std::to_string(Rect.Left) + ", Top:" + std::to_string(Rect.Top) +
-         ", Right:" + std::to_string(Rect.Right) + ", Bottom:" + std::to_string(Rect.Bottom);
+std::string RectToStr(const TRect& rect) {
+  return "Left:" + std::to_string(rect.Left) + ", Top:" + std::to_string(rect.Top) +
+         ", Right:" + std::to_string(rect.Right) + ", Bottom:" + std::to_string(rect.Bottom);
 }
 
-TPoint GetControlPos(WindowHandle Handle) {
+TPoint GetControlPos(WindowHandle handle) {
   TRect window;
-  if (!GetWindowRect(Handle, window)) return {};
+  if (!GetWindowRect(handle, window)) return {};
   return {window.Left, window.Bottom};
 }
 
-TRect CropRect(const TRect& Rect, TAlignmentEx Alignment, Integer X, Integer Y) {
-  if (Alignment >= std::size(kCrops)) return Rect;
-  const Crop& crop = kCrops[Alignment];
-  return {Moved(Rect.Left, crop.left, X), Moved(Rect.Top, crop.top, Y), Moved(Rect.Right, crop.right, X),
-          Moved(Rect.Bottom, crop.bottom, Y)};
+TRect CropRect(const TRect& rect, TAlignmentEx alignment, Integer x, Integer y) {
+  if (alignment >= std::size(kCrops)) return rect;
+  const Crop& crop = kCrops[alignment];
+  return {Moved(rect.Left, crop.left, x), Moved(rect.Top, crop.top, y), Moved(rect.Right, crop.right, x),
+          Moved(rect.Bottom, crop.bottom, y)};
 }
 
-TPoint AdjustPos(const TPoint& Pos, Integer Width, Integer Height) {
+TPoint AdjustPos(const TPoint& pos, Integer width, Integer height) {
   const TPoint screen = GetScreenSize();
-  return {KeepOnScreen(Pos.X, Width, screen.X), KeepOnScreen(Pos.Y, Height, screen.Y)};
+  return {KeepOnScreen(pos.X, width, screen.X), KeepOnScreen(pos.Y, height, screen.Y)};
 }
 
-bool BetWeen(Integer Value, Integer Bound1, Integer Bound2) {
-  return std::min(Bound1, Bound2) <= Value && Value <= std::max(Bound1, Bound2);
+bool BetWeen(Integer value, Integer bound1, Integer bound2) {
+  return std::min(bound1, bound2) <= value && value <= std::max(bound1, bound2);
 }
 
-Integer CutMod(Integer Value, Integer Step) {
-  if (Value == 0 || Step == 0) return 0;
-  CheckDivision(Value, Step);
-  return Value - Value % Step;
+Integer CutMod(Integer value, Integer step) {
+  if (value == 0 || step == 0) return 0;
+  CheckDivision(value, step);
+  return value - value % step;
 }
 
-Integer InPage(Integer Count, Integer Size) {
-  if (Count == 0 || Size == 0) return 0;
-  CheckDivision(Count, Size);
-  return Count / Size + (Count % Size >= 1 ? 1 : 0);
+Integer InPage(Integer count, Integer size) {
+  if (count == 0 || size == 0) return 0;
+  CheckDivision(count, size);
+  return count / size + (count % size >= 1 ? 1 : 0);
 }
 
 }  // namespace qxTools::qxDrawTools

@@ -25,103 +25,103 @@ Integer Room(Integer size, Integer position) { return std::max(size - position, 
 
 // --- Blocks ------------------------------------------------------------------
 
-void* MemCreate(TMemorySize Size) { return HeapCreate(Size); }
+void* MemCreate(TMemorySize size) { return HeapCreate(size); }
 
-void MemFree(void* P) { HeapFree(P); }
+void MemFree(void* p) { HeapFree(p); }
 
-TMemorySize MemSize(const void* P) {
+TMemorySize MemSize(const void* p) {
   constexpr std::size_t limit = std::numeric_limits<TMemorySize>::max();
-  return static_cast<TMemorySize>(std::min(HeapSize(P), limit));
+  return static_cast<TMemorySize>(std::min(HeapSize(p), limit));
 }
 
 // --- The block with a cursor -------------------------------------------------
 
-TMemoryOperation::TMemoryOperation(Integer ASize) : FSize(ASize > 0 ? ASize : kDefaultSize) {
-  FAddress = static_cast<std::byte*>(HeapCreate(Bytes(FSize)));
+TMemoryOperation::TMemoryOperation(Integer aSize) : size_(aSize > 0 ? aSize : kDefaultSize) {
+  address_ = static_cast<std::byte*>(HeapCreate(Bytes(size_)));
 }
 
-TMemoryOperation::~TMemoryOperation() { HeapFree(FAddress); }
+TMemoryOperation::~TMemoryOperation() { HeapFree(address_); }
 
 void* TMemoryOperation::FindInterface(const GUID& iid) {
   const bool known = iid == IMemoryOperation::IID || iid == IInterface::IID;
   return known ? static_cast<IMemoryOperation*>(this) : nullptr;
 }
 
-void TMemoryOperation::Assign(const TMemoryOperation& Source) {
-  SetSize(Source.FSize);
-  Move(FAddress, Source.FAddress, Bytes(FSize));
+void TMemoryOperation::Assign(const TMemoryOperation& source) {
+  SetSize(source.size_);
+  Move(address_, source.address_, Bytes(size_));
 }
 
-THandle TMemoryOperation::GetHandle() const { return reinterpret_cast<THandle>(FAddress); }
+THandle TMemoryOperation::GetHandle() const { return reinterpret_cast<THandle>(address_); }
 
-void* TMemoryOperation::GetAddress() const { return FAddress; }
+void* TMemoryOperation::GetAddress() const { return address_; }
 
-Integer TMemoryOperation::GetSize() const { return FSize; }
+Integer TMemoryOperation::GetSize() const { return size_; }
 
-void TMemoryOperation::SetPosition(Integer Value) { FPosition = Value >= 0 && Value <= FSize ? Value : 0; }
+void TMemoryOperation::SetPosition(Integer value) { position_ = value >= 0 && value <= size_ ? value : 0; }
 
-void TMemoryOperation::SetSize(Integer Value) {
-  if (Value <= 0) throw Exception("Size cann`t small then 0");
-  FAddress = static_cast<std::byte*>(HeapResize(FAddress, Bytes(FSize), Bytes(Value)));
-  FSize = Value;
+void TMemoryOperation::SetSize(Integer value) {
+  if (value <= 0) throw Exception("Size cann`t small then 0");
+  address_ = static_cast<std::byte*>(HeapResize(address_, Bytes(size_), Bytes(value)));
+  size_ = value;
 }
 
-void TMemoryOperation::GetMemory(void* Dest, std::uint32_t Offset, std::uint32_t Count) const {
-  Move(Dest, FAddress + Offset, Count);
+void TMemoryOperation::GetMemory(void* dest, std::uint32_t offset, std::uint32_t count) const {
+  Move(dest, address_ + offset, count);
 }
 
-void TMemoryOperation::SetMemory(const void* Source, std::uint32_t Offset, std::uint32_t Count) {
-  Move(FAddress + Offset, Source, Count);
+void TMemoryOperation::SetMemory(const void* source, std::uint32_t offset, std::uint32_t count) {
+  Move(address_ + offset, source, count);
 }
 
-void TMemoryOperation::Read(void* Buffer, Integer Count) {
-  const Integer room = Room(FSize, FPosition);
-  const Integer amount = Count <= 0 ? room : std::min(Count, room);
-  Move(Buffer, FAddress + FPosition, Bytes(amount));
-  FPosition += amount;
+void TMemoryOperation::Read(void* buffer, Integer count) {
+  const Integer room = Room(size_, position_);
+  const Integer amount = count <= 0 ? room : std::min(count, room);
+  Move(buffer, address_ + position_, Bytes(amount));
+  position_ += amount;
 }
 
-void TMemoryOperation::Write(const void* Buffer, Integer Count) {
-  const Integer amount = std::min(std::max(Count, 0), Room(FSize, FPosition));
-  Move(FAddress + FPosition, Buffer, Bytes(amount));
-  FPosition += amount;
+void TMemoryOperation::Write(const void* buffer, Integer count) {
+  const Integer amount = std::min(std::max(count, 0), Room(size_, position_));
+  Move(address_ + position_, buffer, Bytes(amount));
+  position_ += amount;
 }
 
 // --- The array ---------------------------------------------------------------
 
-TMemoryBank::TMemoryBank(Integer AElementSize)
-    : MemoryFace(AElementSize), FElementSize(AElementSize), FOwnSize(AElementSize) {
+TMemoryBank::TMemoryBank(Integer aElementSize)
+    : MemoryFace(aElementSize), elementSize_(aElementSize), ownSize_(aElementSize) {
   UpdateReach();
 }
 
 TMemoryBank::~TMemoryBank() = default;
 
-Integer TMemoryBank::GetCount() const { return FCount; }
+Integer TMemoryBank::GetCount() const { return count_; }
 
-void TMemoryBank::SetCount(Integer Value) {
-  if (FCount < 1) throw Exception("Count cann`t small then 1");
-  FCount = Value;
+void TMemoryBank::SetCount(Integer value) {
+  if (count_ < 1) throw Exception("Count cann`t small then 1");
+  count_ = value;
   UpdateReach();
-  SetSize(static_cast<Integer>(static_cast<std::uint32_t>(Value) * static_cast<std::uint32_t>(FElementSize)));
+  SetSize(static_cast<Integer>(static_cast<std::uint32_t>(value) * static_cast<std::uint32_t>(elementSize_)));
 }
 
-void TMemoryBank::SetSize(Integer Value) {
-  MemoryFace::SetSize(Value);
+void TMemoryBank::SetSize(Integer value) {
+  MemoryFace::SetSize(value);
   UpdateReach();
 }
 
 void TMemoryBank::UpdateReach() {
-  const Integer inside = FElementSize > 0 ? FSize / FElementSize : FCount;
-  FReach = static_cast<std::uint32_t>(std::max(std::min(FCount, inside), 0));
-  FOwnSizeReach = FElementSize == FOwnSize ? FReach : 0;
+  const Integer inside = elementSize_ > 0 ? size_ / elementSize_ : count_;
+  reach_ = static_cast<std::uint32_t>(std::max(std::min(count_, inside), 0));
+  ownSizeReach_ = elementSize_ == ownSize_ ? reach_ : 0;
 }
 
-void TMemoryBank::_GetValue(void* Dest, Integer Index) const {
-  Move(Dest, ElementAt(Index), Bytes(std::max(FElementSize, 0)));
+void TMemoryBank::_GetValue(void* dest, Integer index) const {
+  Move(dest, ElementAt(index), Bytes(std::max(elementSize_, 0)));
 }
 
-void TMemoryBank::_SetValue(const void* Source, Integer Index) {
-  Move(ElementAt(Index), Source, Bytes(std::max(FElementSize, 0)));
+void TMemoryBank::_SetValue(const void* source, Integer index) {
+  Move(ElementAt(index), source, Bytes(std::max(elementSize_, 0)));
 }
 
 void TMemoryBank::RaiseIndexOutbound() { throw Exception("Index outbound"); }

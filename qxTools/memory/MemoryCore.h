@@ -19,15 +19,15 @@ using THandle = std::uintptr_t;     ///< Names a block; its value is the block's
 
 // --- Blocks ------------------------------------------------------------------
 
-/// A block of `Size` zero bytes, aligned for any type, at an address that is its identity. A failed
+/// A block of `size` zero bytes, aligned for any type, at an address that is its identity. A failed
 /// allocation gives null. All blocks of size 0 share one address.
-QXTOOLS_API void* MemCreate(TMemorySize Size);
+QXTOOLS_API void* MemCreate(TMemorySize size);
 
 /// Gives a block of MemCreate back; null does nothing.
-QXTOOLS_API void MemFree(void* P);
+QXTOOLS_API void MemFree(void* p);
 
 /// The bytes that the block has room for, at least as many as MemCreate was asked for; 0 for null.
-QXTOOLS_API TMemorySize MemSize(const void* P);
+QXTOOLS_API TMemorySize MemSize(const void* p);
 
 // --- Interfaces --------------------------------------------------------------
 
@@ -36,16 +36,16 @@ class QXTOOLS_API IMemoryOperation : public IInterface {
  public:
   static constexpr GUID IID = MakeGuid("185AAE8D-8541-4801-B0D1-D5D3B47B30BE");
 
-  virtual void GetMemory(void* Dest, std::uint32_t Offset, std::uint32_t Count) const = 0;
-  virtual void SetMemory(const void* Source, std::uint32_t Offset, std::uint32_t Count) = 0;
+  virtual void GetMemory(void* dest, std::uint32_t offset, std::uint32_t count) const = 0;
+  virtual void SetMemory(const void* source, std::uint32_t offset, std::uint32_t count) = 0;
   /// Copies from the cursor on, and moves it.
-  virtual void Read(void* Buffer, Integer Count) = 0;
+  virtual void Read(void* buffer, Integer count) = 0;
   /// Copies to the cursor, and moves it.
-  virtual void Write(const void* Buffer, Integer Count) = 0;
+  virtual void Write(const void* buffer, Integer count) = 0;
   virtual THandle GetHandle() const = 0;
   virtual void* GetAddress() const = 0;
   virtual Integer GetSize() const = 0;
-  virtual void SetSize(Integer Value) = 0;
+  virtual void SetSize(Integer value) = 0;
 
  protected:
   ~IMemoryOperation() = default;
@@ -57,7 +57,7 @@ class QXTOOLS_API IMemoryBank : public IMemoryOperation {
   static constexpr GUID IID = MakeGuid("260EDC51-6BA2-4814-BAC7-67645FD92869");
 
   virtual Integer GetCount() const = 0;
-  virtual void SetCount(Integer Value) = 0;
+  virtual void SetCount(Integer value) = 0;
 
  protected:
   ~IMemoryBank() = default;
@@ -72,50 +72,50 @@ class QXTOOLS_API IMemoryBank : public IMemoryOperation {
 class QXTOOLS_API TMemoryOperation : public TInterfacedObject, public IMemoryOperation {
  public:
   /// A block of `ASize` bytes, or of 32 when `ASize` is 0 or less.
-  explicit TMemoryOperation(Integer ASize);
+  explicit TMemoryOperation(Integer aSize);
   ~TMemoryOperation() override;
   QXTOOLS_INTERFACED_OBJECT
 
-  /// Takes over size and bytes of `Source`. Neither cursor moves.
-  virtual void Assign(const TMemoryOperation& Source);
+  /// Takes over size and bytes of `source`. Neither cursor moves.
+  virtual void Assign(const TMemoryOperation& source);
 
   /// Whether the cursor is at the start, at the end.
-  bool Bof() const { return FPosition <= 0; }
-  bool Eof() const { return FPosition >= FSize; }
+  bool Bof() const { return position_ <= 0; }
+  bool Eof() const { return position_ >= size_; }
 
   THandle GetHandle() const override;
   /// The start of the block, good until the next SetSize, SetCount or Assign.
   void* GetAddress() const override;
   Integer GetSize() const override;
-  Integer GetPosition() const { return FPosition; }
+  Integer GetPosition() const { return position_; }
 
   /// Moves the cursor. On purpose: a value outside 0 to the size moves it to 0, not to the end.
-  void SetPosition(Integer Value);
+  void SetPosition(Integer value);
 
   /// Resizes the block: the first min(old, new) bytes stay, growth is zeros. The cursor stays, even beyond
   /// the new end. Growing in small steps is linear in the final size.
-  /// @throws Exception "Size cann`t small then 0" when `Value` is 0 or less; nothing has changed then.
-  void SetSize(Integer Value) override;
+  /// @throws Exception "Size cann`t small then 0" when `value` is 0 or less; nothing has changed then.
+  void SetSize(Integer value) override;
 
   /// Copies bytes out of or into the block. Nothing is checked.
-  void GetMemory(void* Dest, std::uint32_t Offset, std::uint32_t Count) const override;
-  void SetMemory(const void* Source, std::uint32_t Offset, std::uint32_t Count) override;
+  void GetMemory(void* dest, std::uint32_t offset, std::uint32_t count) const override;
+  void SetMemory(const void* source, std::uint32_t offset, std::uint32_t count) override;
 
-  /// Copies `Count` bytes, or as many as there are, from the cursor on, and moves it behind them. On
+  /// Copies `count` bytes, or as many as there are, from the cursor on, and moves it behind them. On
   /// purpose: a count of 0 or less reads all that is left. A cursor beyond the end stays, with nothing read.
-  void Read(void* Buffer, Integer Count) override;
+  void Read(void* buffer, Integer count) override;
 
   /// The same into the block, which never grows: what does not fit is dropped. On purpose: a count of 0 or
   /// less writes nothing.
-  void Write(const void* Buffer, Integer Count) override;
+  void Write(const void* buffer, Integer count) override;
 
  protected:
   void* FindInterface(const GUID& iid) override;
 
   /// Block, bytes in use, and cursor.
-  std::byte* FAddress = nullptr;
-  Integer FSize = 0;
-  Integer FPosition = 0;
+  std::byte* address_ = nullptr;
+  Integer size_ = 0;
+  Integer position_ = 0;
 };
 
 /// `Base`, a TMemoryOperation or derived from it, with `Face` beside it: what Face has from IMemoryOperation
@@ -126,18 +126,18 @@ class QXTOOLS_API MemoryFace : public Base, public Face {
   using Base::Base;
   QXTOOLS_INTERFACED_OBJECT
 
-  void GetMemory(void* Dest, std::uint32_t Offset, std::uint32_t Count) const override {
-    Base::GetMemory(Dest, Offset, Count);
+  void GetMemory(void* dest, std::uint32_t offset, std::uint32_t count) const override {
+    Base::GetMemory(dest, offset, count);
   }
-  void SetMemory(const void* Source, std::uint32_t Offset, std::uint32_t Count) override {
-    Base::SetMemory(Source, Offset, Count);
+  void SetMemory(const void* source, std::uint32_t offset, std::uint32_t count) override {
+    Base::SetMemory(source, offset, count);
   }
-  void Read(void* Buffer, Integer Count) override { Base::Read(Buffer, Count); }
-  void Write(const void* Buffer, Integer Count) override { Base::Write(Buffer, Count); }
+  void Read(void* buffer, Integer count) override { Base::Read(buffer, count); }
+  void Write(const void* buffer, Integer count) override { Base::Write(buffer, count); }
   THandle GetHandle() const override { return Base::GetHandle(); }
   void* GetAddress() const override { return Base::GetAddress(); }
   Integer GetSize() const override { return Base::GetSize(); }
-  void SetSize(Integer Value) override { Base::SetSize(Value); }
+  void SetSize(Integer value) override { Base::SetSize(value); }
 
  protected:
   void* FindInterface(const GUID& iid) override {
@@ -152,51 +152,51 @@ class QXTOOLS_API MemoryFace : public Base, public Face {
 class QXTOOLS_API TMemoryBank : public MemoryFace<TMemoryOperation, IMemoryBank> {
  public:
   /// One element of that size. A size below 1 gives a block of 32 bytes whose elements move nothing.
-  explicit TMemoryBank(Integer AElementSize);
+  explicit TMemoryBank(Integer aElementSize);
   ~TMemoryBank() override;
 
-  Integer GetElementSize() const { return FElementSize; }
+  Integer GetElementSize() const { return elementSize_; }
   Integer GetCount() const override;
 
   /// Sets the count, then the size to count times element size; new elements are zeros. Growing by one
   /// element a time is linear in the final size.
   /// @throws Exception "Count cann`t small then 1". On purpose: the count before the call is looked at,
-  /// not `Value`.
+  /// not `value`.
   /// @throws Exception "Size cann`t small then 0" when the new size is 0 or less. On purpose: the count has
   /// changed by then, the block has not.
-  void SetCount(Integer Value) override;
+  void SetCount(Integer value) override;
 
-  void SetSize(Integer Value) override;
+  void SetSize(Integer value) override;
 
   /// Copies one element out of or into the bank.
-  void _GetValue(void* Dest, Integer Index) const;
-  void _SetValue(const void* Source, Integer Index);
+  void _GetValue(void* dest, Integer index) const;
+  void _SetValue(const void* source, Integer index);
 
  protected:
   /// The element's first byte, its index checked.
   std::byte* ElementAt(Integer index) const {
     if (!Reaches(index)) RaiseIndexOutbound();
-    return FAddress + index * std::ptrdiff_t{std::max(FElementSize, 0)};
+    return address_ + index * std::ptrdiff_t{std::max(elementSize_, 0)};
   }
 
   /// Whether the index is good.
-  bool Reaches(Integer index) const { return static_cast<std::uint32_t>(index) < FReach; }
+  bool Reaches(Integer index) const { return static_cast<std::uint32_t>(index) < reach_; }
 
   /// Whether the index is good and elements have the size given to the constructor.
-  bool ReachesOwnSize(Integer index) const { return static_cast<std::uint32_t>(index) < FOwnSizeReach; }
+  bool ReachesOwnSize(Integer index) const { return static_cast<std::uint32_t>(index) < ownSizeReach_; }
   [[noreturn]] static void RaiseIndexOutbound();
 
   /// To be called after every change of count, size or element size.
   void UpdateReach();
 
   /// Elements, and the bytes of one.
-  Integer FCount = 1;
-  Integer FElementSize = 0;
+  Integer count_ = 1;
+  Integer elementSize_ = 0;
 
  private:
-  const Integer FOwnSize;
-  std::uint32_t FReach = 0;         // elements that are counted and wholly inside the block
-  std::uint32_t FOwnSizeReach = 0;  // the same, 0 while elements have another size
+  const Integer ownSize_;
+  std::uint32_t reach_ = 0;         // elements that are counted and wholly inside the block
+  std::uint32_t ownSizeReach_ = 0;  // the same, 0 while elements have another size
 };
 
 }  // namespace qxTools::MemoryCore

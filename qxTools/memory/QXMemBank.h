@@ -16,8 +16,8 @@ class QXTOOLS_API ICharBank : public IMemoryBank {
  public:
   static constexpr GUID IID = MakeGuid("C3CF33E7-30DB-4361-8E6E-A59C4C3B4F83");
 
-  virtual char GetValue(Integer Index) const = 0;
-  virtual void SetValue(Integer Index, char Value) = 0;
+  virtual char GetValue(Integer index) const = 0;
+  virtual void SetValue(Integer index, char value) = 0;
 
  protected:
   ~ICharBank() = default;
@@ -28,8 +28,8 @@ class QXTOOLS_API IIntegerBank : public IMemoryBank {
  public:
   static constexpr GUID IID = MakeGuid("4C588B5F-4DFC-4F4C-96C5-BFE6727EB30A");
 
-  virtual Integer GetValue(Integer Index) const = 0;
-  virtual void SetValue(Integer Index, Integer Value) = 0;
+  virtual Integer GetValue(Integer index) const = 0;
+  virtual void SetValue(Integer index, Integer value) = 0;
 
  protected:
   ~IIntegerBank() = default;
@@ -40,8 +40,8 @@ class QXTOOLS_API IDoubleBank : public IMemoryBank {
  public:
   static constexpr GUID IID = MakeGuid("63ECE5EB-CB5F-4E08-A2A7-E98127B2A0C9");
 
-  virtual double GetValue(Integer Index) const = 0;
-  virtual void SetValue(Integer Index, double Value) = 0;
+  virtual double GetValue(Integer index) const = 0;
+  virtual void SetValue(Integer index, double value) = 0;
 
  protected:
   ~IDoubleBank() = default;
@@ -52,8 +52,8 @@ class QXTOOLS_API IPointerBank : public IMemoryBank {
  public:
   static constexpr GUID IID = MakeGuid("5AE88DA0-2C30-42C9-8EF7-EEA9D13FA6C0");
 
-  virtual void* GetValue(Integer Index) const = 0;
-  virtual void SetValue(Integer Index, void* Value) = 0;
+  virtual void* GetValue(Integer index) const = 0;
+  virtual void SetValue(Integer index, void* value) = 0;
 
  protected:
   ~IPointerBank() = default;
@@ -68,10 +68,10 @@ class QXTOOLS_API InterfaceBank : public MemoryCore::MemoryFace<TMemoryBank, Fac
   InterfaceBank() : MemoryCore::MemoryFace<TMemoryBank, Face>(ElementSize) {}
 
   Integer GetCount() const override { return TMemoryBank::GetCount(); }
-  void SetCount(Integer Value) override { TMemoryBank::SetCount(Value); }
-  T GetValue(Integer Index) const override { return this->template ReadElement<T, ElementSize>(Index); }
-  void SetValue(Integer Index, T Value) override {
-    this->template WriteElement<T, ElementSize>(Index, Value);
+  void SetCount(Integer value) override { TMemoryBank::SetCount(value); }
+  T GetValue(Integer index) const override { return this->template ReadElement<T, ElementSize>(index); }
+  void SetValue(Integer index, T value) override {
+    this->template WriteElement<T, ElementSize>(index, value);
   }
 };
 

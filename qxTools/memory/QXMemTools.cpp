@@ -4,11 +4,11 @@ namespace qxTools::QXMemTools {
 
 TMemoryBank::~TMemoryBank() = default;
 
-void TMemoryBank::Assign(const TMemoryOperation& Source) {
-  TMemoryOperation::Assign(Source);
-  if (const auto* bank = dynamic_cast<const TMemoryBank*>(&Source)) {
-    FElementSize = bank->FElementSize;
-    FCount = bank->FCount;
+void TMemoryBank::Assign(const TMemoryOperation& source) {
+  TMemoryOperation::Assign(source);
+  if (const auto* bank = dynamic_cast<const TMemoryBank*>(&source)) {
+    elementSize_ = bank->elementSize_;
+    count_ = bank->count_;
     UpdateReach();
   }
 }
@@ -21,7 +21,7 @@ std::uint64_t TMemoryBank::ReadOtherSize(std::ptrdiff_t index) const {
 }
 
 std::span<std::byte> TMemoryBank::OtherSizeElement(std::ptrdiff_t index) const {
-  return {ElementAt(static_cast<Integer>(index)), static_cast<std::size_t>(std::max(FElementSize, 0))};
+  return {ElementAt(static_cast<Integer>(index)), static_cast<std::size_t>(std::max(elementSize_, 0))};
 }
 
 }  // namespace qxTools::QXMemTools

@@ -31,20 +31,20 @@ class QXTOOLS_API TMemoryBank : public MemoryCore::TMemoryBank {
   ~TMemoryBank() override;
 
   /// Takes over size and bytes, and from a bank of this unit element size and count too.
-  void Assign(const TMemoryOperation& Source) override;
+  void Assign(const TMemoryOperation& source) override;
 
   /// The element's address, good until the next SetSize, SetCount or Assign.
-  void* _GetValueAddress(Integer Index) const { return ElementAt(Index); }
-  void* GetValue(Integer Index) const { return ElementAt(Index); }
+  void* _GetValueAddress(Integer index) const { return ElementAt(index); }
+  void* GetValue(Integer index) const { return ElementAt(index); }
 
  protected:
-  /// One element as a T, of which elements hold `Size` bytes. After an Assign the sizes may differ: as many
+  /// One element as a T, of which elements hold `size` bytes. After an Assign the sizes may differ: as many
   /// bytes are moved as both have, the others are zeros.
   template <class T, Integer Size>
   T ReadElement(Integer index) const {
     T value{};
     if (ReachesOwnSize(index)) [[likely]] {
-      std::memcpy(&value, FAddress + index * std::ptrdiff_t{Size}, Size);
+      std::memcpy(&value, address_ + index * std::ptrdiff_t{Size}, Size);
     } else {
       if (!Reaches(index)) RaiseIndexOutbound();
       const std::uint64_t bytes = ReadOtherSize(index);
@@ -56,7 +56,7 @@ class QXTOOLS_API TMemoryBank : public MemoryCore::TMemoryBank {
   /// The same into the bank.
   template <class T, Integer Size>
   void WriteElement(Integer index, T value) {
-    std::byte* const first = FAddress;  // read in any case, so that a loop reads it once
+    std::byte* const first = address_;  // read in any case, so that a loop reads it once
     if (ReachesOwnSize(index)) [[likely]] {
       if constexpr (Size == sizeof(T))
         ::new (first + index * std::ptrdiff_t{Size}) T(value);
@@ -86,8 +86,8 @@ template <class T>
 class QXTOOLS_API TypedBank : public TMemoryBank {
  public:
   TypedBank() : TMemoryBank(Integer{sizeof(T)}) {}
-  T GetValue(Integer Index) const { return ReadElement<T, Integer{sizeof(T)}>(Index); }
-  void SetValue(Integer Index, T Value) { WriteElement<T, Integer{sizeof(T)}>(Index, Value); }
+  T GetValue(Integer index) const { return ReadElement<T, Integer{sizeof(T)}>(index); }
+  void SetValue(Integer index, T value) { WriteElement<T, Integer{sizeof(T)}>(index, value); }
 };
 
 class QXTOOLS_API TByteBank : public TypedBank<std::uint8_t> {};

@@ -5,14 +5,14 @@ namespace qxTools {
 
 TList::~TList() = default;
 
-Integer TList::Add(void* Item) {
-  FItems.push_back(Item);
+Integer TList::Add(void* item) {
+  items_.push_back(item);
   return GetCount() - 1;
 }
 
-void* TList::GetItems(Integer Index) const {
-  if (Index < 0 || Index >= GetCount()) RaiseListIndex(Index);
-  return FItems[static_cast<std::size_t>(Index)];
+void* TList::GetItems(Integer index) const {
+  if (index < 0 || index >= GetCount()) RaiseListIndex(index);
+  return items_[static_cast<std::size_t>(index)];
 }
 
 }  // namespace qxTools

@@ -15,16 +15,16 @@ class QXTOOLS_API TList : public TObject {
   ~TList() override;
 
   /// Appends a pointer. @return its index, from 0.
-  Integer Add(void* Item);
+  Integer Add(void* item);
   /// Drops all pointers.
-  void Clear() { FItems.clear(); }
-  Integer GetCount() const { return static_cast<Integer>(FItems.size()); }
+  void Clear() { items_.clear(); }
+  Integer GetCount() const { return static_cast<Integer>(items_.size()); }
 
   /// @throws EListError when the index is not in the list.
-  void* GetItems(Integer Index) const;
+  void* GetItems(Integer index) const;
 
  private:
-  std::vector<void*> FItems;
+  std::vector<void*> items_;
 };
 
 }  // namespace qxTools

@@ -18,24 +18,24 @@ class FieldMarks {
   FieldMarks() = default;
   explicit FieldMarks(std::string_view line) {
     for (std::size_t i = line.find('#'); i != std::string_view::npos; i = line.find('#', i + 1)) {
-      if (i > 0 && line[i - 1] == '[') FBegins.push_back(i - 1);
-      if (i + 1 < line.size() && line[i + 1] == ']') FEnds.push_back(i);
+      if (i > 0 && line[i - 1] == '[') begins_.push_back(i - 1);
+      if (i + 1 < line.size() && line[i + 1] == ']') ends_.push_back(i);
     }
   }
 
-  std::size_t Count() const { return std::min(FBegins.size(), FEnds.size()); }
-  const std::vector<std::size_t>& Begins() const { return FBegins; }
-  const std::vector<std::size_t>& Ends() const { return FEnds; }
+  std::size_t Count() const { return std::min(begins_.size(), ends_.size()); }
+  const std::vector<std::size_t>& Begins() const { return begins_; }
+  const std::vector<std::size_t>& Ends() const { return ends_; }
 
   /// The text of field `i` below Count in the line; "" where the marks overlap.
   std::string_view Text(std::string_view line, std::size_t i) const {
-    const std::size_t start = FBegins[i] + kFieldBegin.size();
-    return start < FEnds[i] ? line.substr(start, FEnds[i] - start) : std::string_view();
+    const std::size_t start = begins_[i] + kFieldBegin.size();
+    return start < ends_[i] ? line.substr(start, ends_[i] - start) : std::string_view();
   }
 
  private:
-  std::vector<std::size_t> FBegins;
-  std::vector<std::size_t> FEnds;
+  std::vector<std::size_t> begins_;
+  std::vector<std::size_t> ends_;
 };
 
 }  // namespace qxTools::QXStringTable

@@ -17,15 +17,15 @@ constexpr Integer kShortRecord = 16;  // a walk over so few names is as quick
 // --- By name -----------------------------------------------------------------
 
 void FirstByName::Build(pQXTreeNodeLink parent) {
-  FParent = nullptr;
-  FShared = false;
-  FLinks.Clear();
+  parent_ = nullptr;
+  shared_ = false;
+  links_.Clear();
   for (pQXTreeNodeLink link = parent->FirstChild; link != nullptr; link = link->Next) Put(link);
-  FParent = parent;
+  parent_ = parent;
 }
 
 pQXTreeNodeLink FirstByName::Find(std::string_view name) const {
-  return FLinks.Find(NameTag(name), Bears(name));
+  return links_.Find(NameTag(name), Bears(name));
 }
 
 pQXTreeNodeLink FirstByName::Walk(pQXTreeNodeLink parent, std::string_view name) const {
@@ -45,44 +45,44 @@ void FirstByName::Append(pQXTreeNodeLink link) {
 void FirstByName::Put(pQXTreeNodeLink link) {
   if (PairOf(link) == nullptr) return;
   const std::string_view name = NameOf(link);
-  if (FLinks.Insert(link, NameTag(name), Bears(name)) != nullptr) FShared = true;
+  if (links_.Insert(link, NameTag(name), Bears(name)) != nullptr) shared_ = true;
 }
 
 void FirstByName::Remove(pQXTreeNodeLink link) {
-  if (FParent == nullptr || PairOf(link) == nullptr) return;
+  if (parent_ == nullptr || PairOf(link) == nullptr) return;
   const std::string_view name = NameOf(link);
   if (Find(name) != link) return;
-  FLinks.Erase(NameTag(name), Bears(name));
-  if (FShared) Drop();
+  links_.Erase(NameTag(name), Bears(name));
+  if (shared_) Drop();
 }
 
 // --- By number ---------------------------------------------------------------
 
 pQXTreeNodeLink NumberedNodes::Find(pQXTreeNodeLink section, Integer number) {
   if (number < 1) return nullptr;
-  if (section != FSection || number < FNumber / 2) {
-    FSection = FPlace = section;
-    FNumber = 0;
+  if (section != section_ || number < number_ / 2) {
+    section_ = place_ = section;
+    number_ = 0;
   }
-  pQXTreeNodeLink link = FPlace;
-  for (Integer i = FNumber; i > number; --i) link = Predecessor(link);
-  for (Integer i = FNumber; i < number && link != nullptr; ++i) link = Successor(link, section, true);
+  pQXTreeNodeLink link = place_;
+  for (Integer i = number_; i > number; --i) link = Predecessor(link);
+  for (Integer i = number_; i < number && link != nullptr; ++i) link = Successor(link, section, true);
   if (link == nullptr) return nullptr;
-  FPlace = link;
-  FNumber = number;
+  place_ = link;
+  number_ = number;
   return link;
 }
 
 void NumberedNodes::Added(pQXTreeNodeLink parent) {
   // The new node stands behind the place when that is its parent, or when it is the section's last.
-  if (parent != FPlace && parent != FSection) Forget();
+  if (parent != place_ && parent != section_) Forget();
 }
 
 void NumberedNodes::Deleting(pQXTreeNodeLink link) {
-  if (link->Parent == FPlace) return;
-  if (link == FPlace && link != FSection) {
-    FPlace = Predecessor(link);
-    --FNumber;
+  if (link->Parent == place_) return;
+  if (link == place_ && link != section_) {
+    place_ = Predecessor(link);
+    --number_;
   } else {
     Forget();
   }

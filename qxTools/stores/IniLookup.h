@@ -30,12 +30,12 @@ struct NameTag {
 class FirstByName {
  public:
   /// @param name says which text of a pair is the name.
-  explicit FirstByName(char* TQXIniPair::*name) : FName(name) {}
+  explicit FirstByName(char* TQXIniPair::*name) : name_(name) {}
 
   void Build(pQXTreeNodeLink parent);
-  void Drop() { FParent = nullptr; }
+  void Drop() { parent_ = nullptr; }
   /// The parent whose children are indexed, or null.
-  pQXTreeNodeLink GetParent() const { return FParent; }
+  pQXTreeNodeLink GetParent() const { return parent_; }
 
   /// The first child of that name, or null.
   pQXTreeNodeLink Find(std::string_view name) const;
@@ -49,15 +49,15 @@ class FirstByName {
 
  private:
   void Put(pQXTreeNodeLink link);
-  std::string_view NameOf(pQXTreeNodeLink link) const { return View(PairOf(link)->*FName); }
+  std::string_view NameOf(pQXTreeNodeLink link) const { return View(PairOf(link)->*name_); }
   auto Bears(std::string_view name) const {
     return [this, name](pQXTreeNodeLink link) { return SameText(NameOf(link), name); };
   }
 
-  char* TQXIniPair::*FName;
-  pQXTreeNodeLink FParent = nullptr;
-  bool FShared = false;  // a name was met twice: when the first goes, the next is not known
-  qxTreeList::LinkTable<NameTag> FLinks;
+  char* TQXIniPair::*name_;
+  pQXTreeNodeLink parent_ = nullptr;
+  bool shared_ = false;  // a name was met twice: when the first goes, the next is not known
+  qxTreeList::LinkTable<NameTag> links_;
 };
 
 /// The nodes of a section by their number in tree order. The last place is remembered, and the next search
@@ -67,15 +67,15 @@ class NumberedNodes {
   /// Node `number`, from 1, below `section`; null when there is none.
   pQXTreeNodeLink Find(pQXTreeNodeLink section, Integer number);
 
-  void Forget() { FSection = nullptr; }
+  void Forget() { section_ = nullptr; }
   /// After a last child was added to `parent`.
   void Added(pQXTreeNodeLink parent);
   void Deleting(pQXTreeNodeLink link);
 
  private:
-  pQXTreeNodeLink FSection = nullptr;
-  pQXTreeNodeLink FPlace = nullptr;
-  Integer FNumber = 0;  // of the place; the section itself is 0
+  pQXTreeNodeLink section_ = nullptr;
+  pQXTreeNodeLink place_ = nullptr;
+  Integer number_ = 0;  // of the place; the section itself is 0
 };
 
 struct TQXIniFile::Lookup {

@@ -39,31 +39,31 @@ auto HasKey(const TNodeKey& key, bool whole) {
 
 pQXTreeNodeLink KeyIndex::Find(const TNodeKey& key) const {
   const KeyBytes bytes(key);
-  return FLinks.Find(bytes, HasKey(key, bytes.IsWhole()));
+  return links_.Find(bytes, HasKey(key, bytes.IsWhole()));
 }
 
-bool KeyIndex::IsShared(const TNodeKey& key) const { return !FShared.empty() && FShared.contains(key); }
+bool KeyIndex::IsShared(const TNodeKey& key) const { return !shared_.empty() && shared_.contains(key); }
 
 void KeyIndex::Insert(pQXTreeNodeLink link) {
   const TNodeKey& key = link->Node->Key;
   if (IsShared(key)) {
-    ++FShared[key];
+    ++shared_[key];
     return;
   }
   const KeyBytes bytes(key);
-  if (FLinks.Insert(link, bytes, HasKey(key, bytes.IsWhole())) == nullptr) return;
-  FShared.emplace(key, 2);
-  FLinks.Erase(bytes, HasKey(key, bytes.IsWhole()));
+  if (links_.Insert(link, bytes, HasKey(key, bytes.IsWhole())) == nullptr) return;
+  shared_.emplace(key, 2);
+  links_.Erase(bytes, HasKey(key, bytes.IsWhole()));
 }
 
 void KeyIndex::Erase(pQXTreeNodeLink link) {
   const TNodeKey& key = link->Node->Key;
   if (!IsShared(key)) {
     const KeyBytes bytes(key);
-    return FLinks.Erase(bytes, HasKey(key, bytes.IsWhole()));
+    return links_.Erase(bytes, HasKey(key, bytes.IsWhole()));
   }
-  const auto shared = FShared.find(key);
-  if (--shared->second == 0) FShared.erase(shared);
+  const auto shared = shared_.find(key);
+  if (--shared->second == 0) shared_.erase(shared);
 }
 
 }  // namespace qxTools::qxTreeList

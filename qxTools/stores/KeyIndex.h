@@ -36,8 +36,8 @@ class KeyIndex {
     std::size_t operator()(const TNodeKey& key) const { return KeyBytes(key).Hash(); }
   };
 
-  LinkTable<KeyBytes> FLinks;
-  std::unordered_map<TNodeKey, std::size_t, KeyHash> FShared;
+  LinkTable<KeyBytes> links_;
+  std::unordered_map<TNodeKey, std::size_t, KeyHash> shared_;
 };
 
 }  // namespace qxTools::qxTreeList

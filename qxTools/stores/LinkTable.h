@@ -15,24 +15,24 @@ template <class Tag>
 class LinkTable {
  public:
   void Clear() {
-    FSlots.clear();
-    FUsed = 0;
+    slots_.clear();
+    used_ = 0;
   }
 
   /// The link, or null.
   template <class Matches>
   pQXTreeNodeLink Find(const Tag& tag, Matches matches) const {
-    return FSlots.empty() ? nullptr : FSlots[SlotOf(tag, matches)].link;
+    return slots_.empty() ? nullptr : slots_[SlotOf(tag, matches)].link;
   }
 
   /// Puts the link in unless one is there that matches. @return that one, or null.
   template <class Matches>
   pQXTreeNodeLink Insert(pQXTreeNodeLink link, const Tag& tag, Matches matches) {
-    if (FUsed * 4 >= FSlots.size() * 3) Grow();
-    Slot& slot = FSlots[SlotOf(tag, matches)];
+    if (used_ * 4 >= slots_.size() * 3) Grow();
+    Slot& slot = slots_[SlotOf(tag, matches)];
     if (slot.link != nullptr) return slot.link;
     slot = {link, tag};
-    ++FUsed;
+    ++used_;
     return nullptr;
   }
 
@@ -55,41 +55,41 @@ class LinkTable {
   template <class Matches>
   std::size_t SlotOf(const Tag& tag, Matches matches) const {
     std::size_t slot = HomeOf(tag);
-    while (FSlots[slot].link != nullptr && !(FSlots[slot].tag == tag && matches(FSlots[slot].link)))
+    while (slots_[slot].link != nullptr && !(slots_[slot].tag == tag && matches(slots_[slot].link)))
       slot = Next(slot);
     return slot;
   }
 
   // Moves up what a search would no longer reach behind the gap.
   void Empty(std::size_t gap) {
-    for (std::size_t slot = Next(gap); FSlots[slot].link != nullptr; slot = Next(slot)) {
-      const std::size_t fromHome = (slot - HomeOf(FSlots[slot].tag)) & Mask();
+    for (std::size_t slot = Next(gap); slots_[slot].link != nullptr; slot = Next(slot)) {
+      const std::size_t fromHome = (slot - HomeOf(slots_[slot].tag)) & Mask();
       const std::size_t fromGap = (slot - gap) & Mask();
       if (fromHome < fromGap) continue;
-      FSlots[gap] = FSlots[slot];
+      slots_[gap] = slots_[slot];
       gap = slot;
     }
-    FSlots[gap] = {};
-    --FUsed;
+    slots_[gap] = {};
+    --used_;
   }
 
   void Grow() {
-    std::vector<Slot> old(FSlots.empty() ? kFirstSize : FSlots.size() * 2);
-    old.swap(FSlots);
+    std::vector<Slot> old(slots_.empty() ? kFirstSize : slots_.size() * 2);
+    old.swap(slots_);
     for (const Slot& entry : old) {
       if (entry.link == nullptr) continue;
       std::size_t slot = HomeOf(entry.tag);
-      while (FSlots[slot].link != nullptr) slot = Next(slot);
-      FSlots[slot] = entry;
+      while (slots_[slot].link != nullptr) slot = Next(slot);
+      slots_[slot] = entry;
     }
   }
 
-  std::size_t Mask() const { return FSlots.size() - 1; }
+  std::size_t Mask() const { return slots_.size() - 1; }
   std::size_t HomeOf(const Tag& tag) const { return tag.Hash() & Mask(); }
   std::size_t Next(std::size_t slot) const { return (slot + 1) & Mask(); }
 
-  std::vector<Slot> FSlots;  // a power of two of them
-  std::size_t FUsed = 0;
+  std::vector<Slot> slots_;  // a power of two of them
+  std::size_t used_ = 0;
 };
 
 }  // namespace qxTools::qxTreeList

@@ -16,29 +16,29 @@ pQXTreeNodeLink NodePool::Make(const TNodeKey& parentKey, const TNodeKey& key, v
 }
 
 void* NodePool::Take() {
-  if (FFreed != nullptr) {
-    const pQXTreeNodeLink link = FFreed;
-    FFreed = link->Next;
+  if (freed_ != nullptr) {
+    const pQXTreeNodeLink link = freed_;
+    freed_ = link->Next;
     return static_cast<LinkAndNode*>(link);
   }
-  if (FUsed == FBlockSize) {
-    const std::size_t size = std::clamp(FBlockSize * 2, kSmallestBlock, kLargestBlock);
-    FBlocks.push_back(stores::Record(stores::MakeRecord(size * sizeof(LinkAndNode))));
-    FBlockSize = size;
-    FUsed = 0;
+  if (used_ == blockSize_) {
+    const std::size_t size = std::clamp(blockSize_ * 2, kSmallestBlock, kLargestBlock);
+    blocks_.push_back(stores::Record(stores::MakeRecord(size * sizeof(LinkAndNode))));
+    blockSize_ = size;
+    used_ = 0;
   }
-  return static_cast<std::byte*>(FBlocks.back().get()) + FUsed++ * sizeof(LinkAndNode);
+  return static_cast<std::byte*>(blocks_.back().get()) + used_++ * sizeof(LinkAndNode);
 }
 
 void NodePool::Free(pQXTreeNodeLink link) {
-  link->Next = FFreed;
-  FFreed = link;
+  link->Next = freed_;
+  freed_ = link;
 }
 
 void NodePool::FreeAll() {
-  FBlocks.clear();
-  FBlockSize = FUsed = 0;
-  FFreed = nullptr;
+  blocks_.clear();
+  blockSize_ = used_ = 0;
+  freed_ = nullptr;
 }
 
 }  // namespace qxTools::qxTreeList

@@ -34,10 +34,10 @@ class NodePool {
  private:
   void* Take();
 
-  std::vector<stores::Record> FBlocks;
-  std::size_t FBlockSize = 0;  // of the last block, in links
-  std::size_t FUsed = 0;
-  pQXTreeNodeLink FFreed = nullptr;  // tied together by Next
+  std::vector<stores::Record> blocks_;
+  std::size_t blockSize_ = 0;  // of the last block, in links
+  std::size_t used_ = 0;
+  pQXTreeNodeLink freed_ = nullptr;  // tied together by Next
 };
 
 }  // namespace qxTools::qxTreeList

@@ -33,33 +33,33 @@ Integer Position(const std::vector<std::size_t>& offsets, Integer n, std::string
 
 // --- Lines -------------------------------------------------------------------
 
-std::string GenField(std::string_view S) {
-  return std::string(kFieldBegin).append(QXStrTools::Trim(S, 0)).append(kFieldEnd);
+std::string GenField(std::string_view s) {
+  return std::string(kFieldBegin).append(QXStrTools::Trim(s, 0)).append(kFieldEnd);
 }
 
-Integer FieldIndex(std::string_view Rec, std::string_view Field) {
-  const std::size_t found = FindField(Rec, FieldMarks(Rec), Field);
+Integer FieldIndex(std::string_view rec, std::string_view field) {
+  const std::size_t found = FindField(rec, FieldMarks(rec), field);
   return found != kNoField ? static_cast<Integer>(found) + 1 : 0;
 }
 
-void AtField(std::string_view Rec, std::string_view Field, Integer& Pos, Integer& Len) {
-  if (Rec.empty()) Pos = Len = 0;
-  const FieldMarks marks(Rec);
-  const std::size_t found = FindField(Rec, marks, Field);
+void AtField(std::string_view rec, std::string_view field, Integer& pos, Integer& len) {
+  if (rec.empty()) pos = len = 0;
+  const FieldMarks marks(rec);
+  const std::size_t found = FindField(rec, marks, field);
   if (found == kNoField) return;
   const auto begin = static_cast<Integer>(marks.Begins()[found]) + 1;
-  Pos = begin + 2;
-  Len = static_cast<Integer>(marks.Ends()[found]) + 1 - begin - 3;
+  pos = begin + 2;
+  len = static_cast<Integer>(marks.Ends()[found]) + 1 - begin - 3;
 }
 
-std::string ReplaceField(std::string_view Rec, Integer Index, std::string_view NewText) {
-  const auto begin = static_cast<std::size_t>(At(kFieldBegin, Rec, Index)) + 1;
-  const auto end = static_cast<std::size_t>(std::max(At(kFieldEnd, Rec, Index), 1)) - 1;
-  const std::string_view head = Rec.substr(0, begin);
-  const std::string_view tail = Rec.substr(end);
+std::string ReplaceField(std::string_view rec, Integer index, std::string_view newText) {
+  const auto begin = static_cast<std::size_t>(At(kFieldBegin, rec, index)) + 1;
+  const auto end = static_cast<std::size_t>(std::max(At(kFieldEnd, rec, index), 1)) - 1;
+  const std::string_view head = rec.substr(0, begin);
+  const std::string_view tail = rec.substr(end);
   std::string record;
-  record.reserve(head.size() + NewText.size() + tail.size());
-  return record.append(head).append(NewText).append(tail);
+  record.reserve(head.size() + newText.size() + tail.size());
+  return record.append(head).append(newText).append(tail);
 }
 
 // --- The table ---------------------------------------------------------------
@@ -87,41 +87,41 @@ void TQXStringTable::Cache::ReadHeader(const std::string& line) {
     numbers.emplace(UpperCase(marks.Text(line, i)), static_cast<Integer>(i) + 1);
 }
 
-TQXStringTable::TQXStringTable(const std::string& FileName)
-    : FFileName(FileName),
-      FTemp(FileName.empty() || SameText(FileName, "#TEMP")),
-      FCache(std::make_unique<Cache>()) {
-  if (FTemp) return;
-  if (!FileExists(FFileName)) SaveWholeFile(FFileName, "");
-  LoadFromFile(FFileName);
+TQXStringTable::TQXStringTable(const std::string& fileName)
+    : fileName_(fileName),
+      temp_(fileName.empty() || SameText(fileName, "#TEMP")),
+      cache_(std::make_unique<Cache>()) {
+  if (temp_) return;
+  if (!FileExists(fileName_)) SaveWholeFile(fileName_, "");
+  LoadFromFile(fileName_);
   Top();
 }
 
 TQXStringTable::~TQXStringTable() = default;
 
 void TQXStringTable::UpdateTable() const {
-  if (!FTemp) SaveToFile(FFileName);
+  if (!temp_) SaveToFile(fileName_);
 }
 
 void TQXStringTable::RevertTable() {
-  if (FileExists(FFileName)) LoadFromFile(FFileName);
+  if (FileExists(fileName_)) LoadFromFile(fileName_);
 }
 
 // --- Fields ------------------------------------------------------------------
 
-void TQXStringTable::AddField(std::string_view Name) {
+void TQXStringTable::AddField(std::string_view name) {
   if (GetEmpty())
-    Add(GenField(Name));
-  else if (FieldIndex(GetStrings(0), Name) < 1)
-    SetStrings(0, GetStrings(0) + GenField(Name));
+    Add(GenField(name));
+  else if (FieldIndex(GetStrings(0), name) < 1)
+    SetStrings(0, GetStrings(0) + GenField(name));
 }
 
-void TQXStringTable::RemoveField(std::string_view Name) {
+void TQXStringTable::RemoveField(std::string_view name) {
   if (GetEmpty()) return;
   std::string header = GetStrings(0);
   Integer position = 0;
   Integer length = 0;
-  AtField(header, Name, position, length);
+  AtField(header, name, position, length);
   if (length <= 0) return;
   const std::size_t marks = kFieldBegin.size() + kFieldEnd.size();
   header.erase(static_cast<std::size_t>(position) - 1 - kFieldBegin.size(),
@@ -134,7 +134,7 @@ Integer TQXStringTable::GetFieldCount() const {
 }
 
 Integer TQXStringTable::NumberOf(std::string_view name) const {
-  Cache& cache = *FCache;
+  Cache& cache = *cache_;
   if (cache.headerChanges != GetChanges()) {
     if (cache.headerChanges == Cache::kNever || cache.header != GetStrings(0))
       cache.ReadHeader(GetStrings(0));
@@ -146,11 +146,11 @@ Integer TQXStringTable::NumberOf(std::string_view name) const {
 
 // --- Records -----------------------------------------------------------------
 
-void TQXStringTable::AddRecord(const std::vector<std::string>& Values) {
+void TQXStringTable::AddRecord(const std::vector<std::string>& values) {
   if (GetEmpty()) return;
   std::string line;
   const auto count = static_cast<std::size_t>(GetFieldCount());
-  for (std::size_t i = 0; i < count; ++i) line += GenField(i < Values.size() ? Values[i] : "");
+  for (std::size_t i = 0; i < count; ++i) line += GenField(i < values.size() ? values[i] : "");
   Add(std::move(line));
 }
 
@@ -160,29 +160,29 @@ Integer TQXStringTable::GetReccount() const { return GetEmpty() ? 0 : GetCount()
 
 // --- The cursor --------------------------------------------------------------
 
-void TQXStringTable::Top() { FRecNo = GetReccount() > 0 ? 1 : 0; }
+void TQXStringTable::Top() { recNo_ = GetReccount() > 0 ? 1 : 0; }
 
-void TQXStringTable::Bottom() { FRecNo = GetReccount(); }
+void TQXStringTable::Bottom() { recNo_ = GetReccount(); }
 
 void TQXStringTable::Previous() {
-  if (GetReccount() >= 1 && FRecNo >= 2) --FRecNo;
+  if (GetReccount() >= 1 && recNo_ >= 2) --recNo_;
 }
 
 void TQXStringTable::Next() {
-  if (GetReccount() >= 1 && FRecNo < GetReccount()) ++FRecNo;
+  if (GetReccount() >= 1 && recNo_ < GetReccount()) ++recNo_;
 }
 
 // --- The current record ------------------------------------------------------
 
-std::string TQXStringTable::GetField(std::string_view Name) const {
-  const Integer number = GetEmpty() ? 0 : NumberOf(Name);
+std::string TQXStringTable::GetField(std::string_view name) const {
+  const Integer number = GetEmpty() ? 0 : NumberOf(name);
   if (number < 1) return {};
-  const std::string& line = GetStrings(FRecNo);
-  Cache& cache = *FCache;
-  if (cache.recordChanges != GetChanges() || cache.recordNumber != FRecNo) {
+  const std::string& line = GetStrings(recNo_);
+  Cache& cache = *cache_;
+  if (cache.recordChanges != GetChanges() || cache.recordNumber != recNo_) {
     cache.record = FieldMarks(line);
     cache.recordChanges = GetChanges();
-    cache.recordNumber = FRecNo;
+    cache.recordNumber = recNo_;
   }
   // On purpose: a record with fewer fields is cut by the same sum, with 0 or -1 for the mark that is missing.
   const Integer start = Position(cache.record.Begins(), number, kFieldBegin, line) + 2;
@@ -190,9 +190,9 @@ std::string TQXStringTable::GetField(std::string_view Name) const {
   return QXStrTools::substr(line, start, end - start);
 }
 
-void TQXStringTable::SetField(std::string_view Name, std::string_view Value) {
+void TQXStringTable::SetField(std::string_view name, std::string_view value) {
   if (GetEmpty()) return;
-  SetStrings(FRecNo, ReplaceField(GetStrings(FRecNo), NumberOf(Name), Value));
+  SetStrings(recNo_, ReplaceField(GetStrings(recNo_), NumberOf(name), value));
 }
 
 }  // namespace qxTools::QXStringTable

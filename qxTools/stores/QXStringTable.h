@@ -25,20 +25,20 @@ namespace qxTools::QXStringTable {
 // A line's field i, from 1, stands between its i-th "[#" and its i-th "#]". It has as many fields as it has
 // of the rarer one.
 
-/// "[#" + `S` without the spaces at both ends + "#]".
-QXTOOLS_API std::string GenField(std::string_view S);
+/// "[#" + `s` without the spaces at both ends + "#]".
+QXTOOLS_API std::string GenField(std::string_view s);
 
-/// The number of the first field of `Rec` whose text is `Field`, letter case aside; 0 when there is none.
-QXTOOLS_API Integer FieldIndex(std::string_view Rec, std::string_view Field);
+/// The number of the first field of `rec` whose text is `Field`, letter case aside; 0 when there is none.
+QXTOOLS_API Integer FieldIndex(std::string_view rec, std::string_view field);
 
-/// Sets `Pos` to the position of that field's text, from 1, and `Len`, on purpose, to one less than its
-/// length. Both are 0 when `Rec` is empty, and left alone when there is no such field.
-QXTOOLS_API void AtField(std::string_view Rec, std::string_view Field, Integer& Pos, Integer& Len);
+/// Sets `pos` to the position of that field's text, from 1, and `len`, on purpose, to one less than its
+/// length. Both are 0 when `rec` is empty, and left alone when there is no such field.
+QXTOOLS_API void AtField(std::string_view rec, std::string_view field, Integer& pos, Integer& len);
 
-/// `Rec` with `NewText`, as it stands, for the text of field `Index`.
-/// On purpose: where `Rec` has no "[#" of that number its first character stays in front, and where it has no
+/// `rec` with `newText`, as it stands, for the text of field `index`.
+/// On purpose: where `rec` has no "[#" of that number its first character stays in front, and where it has no
 /// "#]" all of it follows behind: ReplaceField("abc", 0, "X") is "aXabc".
-QXTOOLS_API std::string ReplaceField(std::string_view Rec, Integer Index, std::string_view NewText);
+QXTOOLS_API std::string ReplaceField(std::string_view rec, Integer index, std::string_view newText);
 
 // --- The table ---------------------------------------------------------------
 
@@ -48,7 +48,7 @@ class QXTOOLS_API TQXStringTable : public TStrings {
   /// Loads the file, the cursor on its first record; a file that does not exist is made, empty. With "" or
   /// "#TEMP", in any case, the table is in memory only.
   /// @throws EFOpenError, EReadError or EFCreateError.
-  explicit TQXStringTable(const std::string& FileName);
+  explicit TQXStringTable(const std::string& fileName);
   TQXStringTable(const TQXStringTable&) = delete;
   TQXStringTable& operator=(const TQXStringTable&) = delete;
   /// Saves nothing.
@@ -63,9 +63,9 @@ class QXTOOLS_API TQXStringTable : public TStrings {
   // Fields. Records are left as they are when the header changes.
 
   /// Appends a field to the header, unless there is one of that name.
-  void AddField(std::string_view Name);
+  void AddField(std::string_view name);
   /// Takes a field out of the header. On purpose: one whose name has a single character stays.
-  void RemoveField(std::string_view Name);
+  void RemoveField(std::string_view name);
   /// The number of fields in the header.
   Integer GetFieldCount() const;
 
@@ -73,12 +73,12 @@ class QXTOOLS_API TQXStringTable : public TStrings {
 
   /// Appends a record with a field for each of the header's: values are trimmed, missing ones empty, and
   /// those beyond left out.
-  void AddRecord(const std::vector<std::string>& Values);
+  void AddRecord(const std::vector<std::string>& values);
   /// The same without values.
   void NewEmptyRecord();
   /// Deletes a line. On purpose: 0 is the header's.
   /// @throws EListError
-  void RemoveRecord(Integer Index) { Delete(Index); }
+  void RemoveRecord(Integer index) { Delete(index); }
   /// The number of lines behind the header.
   Integer GetReccount() const;
   /// Whether there is no line at all.
@@ -86,7 +86,7 @@ class QXTOOLS_API TQXStringTable : public TStrings {
 
   // The cursor: the number of the current record from 1, or 0 for none.
 
-  Integer GetRecNo() const { return FRecNo; }
+  Integer GetRecNo() const { return recNo_; }
   /// To the first record.
   void Top();
   /// To the last record.
@@ -101,20 +101,20 @@ class QXTOOLS_API TQXStringTable : public TStrings {
   /// The text of the first field of that name, "" when the header has none. Reading all fields of a record is
   /// linear in its line.
   /// @throws EListError when the cursor is behind the last record.
-  std::string GetField(std::string_view Name) const;
+  std::string GetField(std::string_view name) const;
   /// Replaces that text by ReplaceField, whose number for an unknown name is 0.
   /// @throws EListError when the cursor is behind the last record.
-  void SetField(std::string_view Name, std::string_view Value);
+  void SetField(std::string_view name, std::string_view value);
 
  private:
   struct Cache;
 
   Integer NumberOf(std::string_view name) const;
 
-  std::string FFileName;
-  Integer FRecNo = 0;
-  bool FTemp = false;
-  std::unique_ptr<Cache> FCache;
+  std::string fileName_;
+  Integer recNo_ = 0;
+  bool temp_ = false;
+  std::unique_ptr<Cache> cache_;
 };
 
 }  // namespace qxTools::QXStringTable

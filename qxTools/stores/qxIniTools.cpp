@@ -43,32 +43,32 @@ bool Give(pQXTreeNodeLink link, pQXTreeNode& node) {
 
 EIniLoadError::~EIniLoadError() = default;
 
-TQXIniFile::TQXIniFile() : FLookup(std::make_unique<Lookup>()) {}
+TQXIniFile::TQXIniFile() : lookup_(std::make_unique<Lookup>()) {}
 
 // Not by Clear, which asks for memory to keep pairs in.
 TQXIniFile::~TQXIniFile() {
-  FTree.EnumAllTreeNode([](pQXTreeNode node) {
+  tree_.EnumAllTreeNode([](pQXTreeNode node) {
     if (PairOf(node) != nullptr) FreeBlocks(PairOf(node));
   });
-  for (const pQXIniPair pair : FKept) FreeBlocks(pair);
+  for (const pQXIniPair pair : kept_) FreeBlocks(pair);
 }
 
 // --- Nodes and pairs ---------------------------------------------------------
 
 pQXTreeNodeLink TQXIniFile::OrRoot(pQXTreeNodeLink link) const {
-  return link != nullptr ? link : FTree.GetRootLink();
+  return link != nullptr ? link : tree_.GetRootLink();
 }
 
 pQXTreeNodeLink TQXIniFile::AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value) {
   Record pair(MakeRecord(sizeof(TQXIniPair)));
   Record nameCopy = CopyOf(name);
   Record valueCopy = CopyOf(value);
-  const pQXTreeNodeLink link = FTree.AddLink(parent);
+  const pQXTreeNodeLink link = tree_.AddLink(parent);
   auto* const made = new (pair.release()) TQXIniPair();
   made->Name = static_cast<char*>(nameCopy.release());
   made->Value = static_cast<char*>(valueCopy.release());
   link->Node->Data = made;
-  FLookup->Added(link);
+  lookup_->Added(link);
   return link;
 }
 
@@ -79,7 +79,7 @@ void TQXIniFile::FreePair(pQXTreeNode node) {
 
 void TQXIniFile::KeepPair(pQXTreeNode node) {
   if (PairOf(node) == nullptr) return;
-  FKept.push_back(PairOf(node));
+  kept_.push_back(PairOf(node));
   node->Data = nullptr;
 }
 
@@ -92,155 +92,155 @@ void TQXIniFile::FreeOrKeepPair(pQXTreeNode node) {
 
 // On purpose: the pair of the node itself stays in memory, those below it go.
 void TQXIniFile::DeleteBranch(pQXTreeNodeLink link) {
-  FLookup->Deleting(link);
-  for (pQXTreeNodeLink* const opened : {&FSection, &FRecord})
+  lookup_->Deleting(link);
+  for (pQXTreeNodeLink* const opened : {&section_, &record_})
     if (*opened != nullptr && IsInSubtree(*opened, link)) *opened = nullptr;
-  FTree.EnumTreeNodeLink(link, true, [this](pQXTreeNode node) { FreeOrKeepPair(node); });
+  tree_.EnumTreeNodeLink(link, true, [this](pQXTreeNode node) { FreeOrKeepPair(node); });
   KeepPair(link->Node);
-  FTree.DeleteLink(link);
+  tree_.DeleteLink(link);
 }
 
 void TQXIniFile::Clear() {
-  FLookup->Clear();
-  FSection = FRecord = nullptr;
-  FTree.EnumAllTreeNode([this](pQXTreeNode node) { FreeOrKeepPair(node); });
-  FTree.Clear();
+  lookup_->Clear();
+  section_ = record_ = nullptr;
+  tree_.EnumAllTreeNode([this](pQXTreeNode node) { FreeOrKeepPair(node); });
+  tree_.Clear();
 }
 
 // --- Sections ----------------------------------------------------------------
 
 pQXTreeNodeLink TQXIniFile::FindSection(std::string_view name) const {
-  FirstByName& sections = FLookup->sections;
-  if (sections.GetParent() == nullptr) sections.Build(FTree.GetRootLink());
+  FirstByName& sections = lookup_->sections;
+  if (sections.GetParent() == nullptr) sections.Build(tree_.GetRootLink());
   return sections.Find(name);
 }
 
-bool TQXIniFile::FindRootKey(std::string_view Name, pQXTreeNode& Node) const {
-  return Give(FindSection(Name), Node);
+bool TQXIniFile::FindRootKey(std::string_view name, pQXTreeNode& node) const {
+  return Give(FindSection(name), node);
 }
 
-void TQXIniFile::SetRootKey(std::string_view Name) {
-  FRootKeyName = Name;
-  const pQXTreeNodeLink found = FindSection(Name);
-  FSection = found != nullptr ? found : AddPair(FTree.GetRootLink(), "RootKey", Name);
-  FRootOpened = true;
-  FItemOpened = false;
+void TQXIniFile::SetRootKey(std::string_view name) {
+  rootKeyName_ = name;
+  const pQXTreeNodeLink found = FindSection(name);
+  section_ = found != nullptr ? found : AddPair(tree_.GetRootLink(), "RootKey", name);
+  rootOpened_ = true;
+  itemOpened_ = false;
 }
 
-void TQXIniFile::DeleteRootKey(std::string_view Name) {
-  const pQXTreeNodeLink section = FindSection(Name);
+void TQXIniFile::DeleteRootKey(std::string_view name) {
+  const pQXTreeNodeLink section = FindSection(name);
   if (section == nullptr) throw Exception("RootKey not Find.");
   DeleteBranch(section);
 }
 
 void TQXIniFile::ClearKeys() {
   RequireSection();
-  if (!FLoaded || FSection == nullptr) return;
-  DeleteBranch(FSection);
-  SetRootKey(std::string(FRootKeyName));
+  if (!loaded_ || section_ == nullptr) return;
+  DeleteBranch(section_);
+  SetRootKey(std::string(rootKeyName_));
 }
 
 void TQXIniFile::RequireSection() const {
-  if (!FRootOpened) throw Exception(kSectionNotOpen);
+  if (!rootOpened_) throw Exception(kSectionNotOpen);
 }
 
 // --- Records -----------------------------------------------------------------
 
 void TQXIniFile::AppendKey() {
   RequireSection();
-  OpenRecord(FTree.AddLink(OrRoot(FSection)));
+  OpenRecord(tree_.AddLink(OrRoot(section_)));
 }
 
 void TQXIniFile::CloseKey() { OpenRecord(nullptr); }
 
 void TQXIniFile::OpenRecord(pQXTreeNodeLink link) {
-  FRecord = link;
-  FItemOpened = link != nullptr;
+  record_ = link;
+  itemOpened_ = link != nullptr;
 }
 
-void TQXIniFile::OpenKey(Integer Index) { OpenRecord(FindNumber(Index)); }
+void TQXIniFile::OpenKey(Integer index) { OpenRecord(FindNumber(index)); }
 
 void TQXIniFile::OpenFirstKey() {
-  OpenRecord(FRootOpened && FSection != nullptr ? FSection->FirstChild : nullptr);
+  OpenRecord(rootOpened_ && section_ != nullptr ? section_->FirstChild : nullptr);
 }
 
-void TQXIniFile::OpenPrevKey() { OpenRecord(CanMove() ? FRecord->Prior : nullptr); }
+void TQXIniFile::OpenPrevKey() { OpenRecord(CanMove() ? record_->Prior : nullptr); }
 
-void TQXIniFile::OpenNextKey() { OpenRecord(CanMove() ? FRecord->Next : nullptr); }
+void TQXIniFile::OpenNextKey() { OpenRecord(CanMove() ? record_->Next : nullptr); }
 
-void TQXIniFile::OpenLastKey() { OpenRecord(CanMove() ? LastChildOf(FRecord->Parent) : nullptr); }
+void TQXIniFile::OpenLastKey() { OpenRecord(CanMove() ? LastChildOf(record_->Parent) : nullptr); }
 
-bool TQXIniFile::CanMove() const { return FLoaded && FRootOpened && FItemOpened && FRecord != nullptr; }
+bool TQXIniFile::CanMove() const { return loaded_ && rootOpened_ && itemOpened_ && record_ != nullptr; }
 
 pQXTreeNodeLink TQXIniFile::FindNumber(Integer index) const {
-  return FRootOpened && FSection != nullptr ? FLookup->numbers.Find(FSection, index) : nullptr;
+  return rootOpened_ && section_ != nullptr ? lookup_->numbers.Find(section_, index) : nullptr;
 }
 
-bool TQXIniFile::FindKeyIndex(Integer Index, pQXTreeNode& Node) const {
-  return Give(FindNumber(Index), Node);
+bool TQXIniFile::FindKeyIndex(Integer index, pQXTreeNode& node) const {
+  return Give(FindNumber(index), node);
 }
 
-void TQXIniFile::DeleteKey(Integer Index) {
+void TQXIniFile::DeleteKey(Integer index) {
   RequireSection();
-  const pQXTreeNodeLink link = FindNumber(Index);
+  const pQXTreeNodeLink link = FindNumber(index);
   if (link != nullptr) DeleteBranch(link);
 }
 
 // --- Values ------------------------------------------------------------------
 
 pQXTreeNodeLink TQXIniFile::FindValue(std::string_view name) const {
-  return FRecord != nullptr ? FLookup->FindField(FRecord, name) : nullptr;
+  return record_ != nullptr ? lookup_->FindField(record_, name) : nullptr;
 }
 
-bool TQXIniFile::FindField(std::string_view Name, pQXTreeNode& Node) const {
-  if (!FItemOpened) throw Exception("ItemKey not opend");
-  return Give(FindValue(Name), Node);
+bool TQXIniFile::FindField(std::string_view name, pQXTreeNode& node) const {
+  if (!itemOpened_) throw Exception("ItemKey not opend");
+  return Give(FindValue(name), node);
 }
 
-std::string TQXIniFile::GetValue(std::string_view Name) const {
+std::string TQXIniFile::GetValue(std::string_view name) const {
   RequireRecord();
-  const pQXTreeNodeLink found = FindValue(Name);
+  const pQXTreeNodeLink found = FindValue(name);
   return found != nullptr ? std::string(View(PairOf(found)->Value)) : std::string();
 }
 
-void TQXIniFile::SetValue(std::string_view Name, std::string_view Value) {
+void TQXIniFile::SetValue(std::string_view name, std::string_view value) {
   RequireRecord();
-  const pQXTreeNodeLink found = FindValue(Name);
+  const pQXTreeNodeLink found = FindValue(name);
   if (found == nullptr) {
-    AddPair(OrRoot(FRecord), Name, Value);
+    AddPair(OrRoot(record_), name, value);
     return;
   }
-  Record copy = CopyOf(Value);
+  Record copy = CopyOf(value);
   MemFree(PairOf(found)->Value);
   PairOf(found)->Value = static_cast<char*>(copy.release());
 }
 
-void TQXIniFile::DeleteValue(std::string_view Name) {
-  const pQXTreeNodeLink found = FItemOpened ? FindValue(Name) : nullptr;
+void TQXIniFile::DeleteValue(std::string_view name) {
+  const pQXTreeNodeLink found = itemOpened_ ? FindValue(name) : nullptr;
   if (found == nullptr) return;
-  FLookup->fields.Remove(found);
+  lookup_->fields.Remove(found);
   FreePair(found->Node);
   DeleteBranch(found);
 }
 
 void TQXIniFile::RequireRecord() const {
-  if (!FItemOpened) throw Exception(kRecordNotOpen);
+  if (!itemOpened_) throw Exception(kRecordNotOpen);
 }
 
 // --- Whole files -------------------------------------------------------------
 
-void TQXIniFile::LoadFromFile(const std::string& FileName) {
-  if (FileExists(FileName)) SetText(ReadWholeFile(FileName));
+void TQXIniFile::LoadFromFile(const std::string& fileName) {
+  if (FileExists(fileName)) SetText(ReadWholeFile(fileName));
 }
 
-void TQXIniFile::SaveToFile(const std::string& FileName) const { SaveWholeFile(FileName, GetText()); }
+void TQXIniFile::SaveToFile(const std::string& fileName) const { SaveWholeFile(fileName, GetText()); }
 
-void TQXIniFile::SetText(std::string_view Text) {
+void TQXIniFile::SetText(std::string_view text) {
   Clear();
-  FLoaded = true;
+  loaded_ = true;
   bool inRecord = false;
   Integer number = 0;
-  ForEachLine(Text, [&](std::string_view line) {
+  ForEachLine(text, [&](std::string_view line) {
     ++number;
     const IniLine parts = ReadIniLine(line);
     switch (parts.kind) {
@@ -248,7 +248,7 @@ void TQXIniFile::SetText(std::string_view Text) {
         SetRootKey(parts.name);
         break;
       case IniLineKind::RecordBegin:
-        if (!FRootOpened) throw EIniLoadError(kSectionNotOpen, number);
+        if (!rootOpened_) throw EIniLoadError(kSectionNotOpen, number);
         AppendKey();
         inRecord = true;
         break;
@@ -258,7 +258,7 @@ void TQXIniFile::SetText(std::string_view Text) {
         break;
       case IniLineKind::Value:
         // On purpose: after a section line inside an open record, values still go to that record.
-        if (inRecord) AddPair(FRecord, parts.name, parts.text);
+        if (inRecord) AddPair(record_, parts.name, parts.text);
         break;
       case IniLineKind::Blank:
       case IniLineKind::Other:
@@ -274,7 +274,7 @@ std::string TQXIniFile::GetText() const {
     for (const std::string_view piece : pieces) text += piece;
     text += "\r\n";
   };
-  FTree.EnumAllTreeNode([&](pQXTreeNode node) {
+  tree_.EnumAllTreeNode([&](pQXTreeNode node) {
     const pQXIniPair pair = PairOf(node);
     if (node->Level == 1 && pair != nullptr) {
       if (inRecord) add({kRecordEnd, "\r\n"});

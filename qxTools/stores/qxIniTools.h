@@ -47,12 +47,12 @@ static_assert(sizeof(TQXIniPair) == 2 * sizeof(void*));
 class QXTOOLS_API EIniLoadError : public Exception {
  public:
   /// The message and the line it is about.
-  EIniLoadError(const std::string& message, Integer line) : Exception(message), FLine(line) {}
+  EIniLoadError(const std::string& message, Integer line) : Exception(message), line_(line) {}
   ~EIniLoadError() override;
-  Integer GetLine() const { return FLine; }  ///< Counted from 1.
+  Integer GetLine() const { return line_; }  ///< Counted from 1.
 
  private:
-  Integer FLine;
+  Integer line_;
 };
 
 /// The settings, and where one stands in them: an open section and an open record.
@@ -70,12 +70,12 @@ class QXTOOLS_API TQXIniFile : public TObject {
   /// nothing.
   /// @throws EFOpenError or EReadError; nothing has changed then.
   /// @throws EIniLoadError "RootKey not Open." for a record before any section.
-  void LoadFromFile(const std::string& FileName);
+  void LoadFromFile(const std::string& fileName);
   /// Saves whole or not at all. @throws EFCreateError or EWriteError; the old file stays then.
-  void SaveToFile(const std::string& FileName) const;
+  void SaveToFile(const std::string& fileName) const;
 
   /// The same from and to the text of a file.
-  void SetText(std::string_view Text);
+  void SetText(std::string_view text);
   std::string GetText() const;
 
   /// Deletes everything. On purpose: section and record count as open as before.
@@ -84,12 +84,12 @@ class QXTOOLS_API TQXIniFile : public TObject {
   // --- Sections ------------------------------------------------------------------
 
   /// Opens the section of that name, the first one, or a new one at the end. No record is open then.
-  void SetRootKey(std::string_view Name);
+  void SetRootKey(std::string_view name);
   /// The node of the first section of that name.
-  bool FindRootKey(std::string_view Name, pQXTreeNode& Node) const;
+  bool FindRootKey(std::string_view name, pQXTreeNode& node) const;
   /// Deletes a section. On purpose: when it was the open one it counts as open still.
   /// @throws Exception "RootKey not Find."
-  void DeleteRootKey(std::string_view Name);
+  void DeleteRootKey(std::string_view name);
   /// Replaces the open section by a new, empty one of its name, behind all others. On purpose: does nothing
   /// unless a file was loaded before.
   /// @throws Exception "RootKey not Open."
@@ -103,7 +103,7 @@ class QXTOOLS_API TQXIniFile : public TObject {
   /// Appends an empty record and opens it. @throws Exception "RootKey not Open."
   void AppendKey();
   /// Closes the open record and opens the one with that index, if there is one.
-  void OpenKey(Integer Index);
+  void OpenKey(Integer index);
   /// The same with index 1.
   void OpenFirstKey();
   /// Open a record beside the open one; without such a record none is open. On purpose: they find none until
@@ -116,25 +116,25 @@ class QXTOOLS_API TQXIniFile : public TObject {
   /// No record is open then.
   void CloseKey();
   /// The node with that index.
-  bool FindKeyIndex(Integer Index, pQXTreeNode& Node) const;
+  bool FindKeyIndex(Integer index, pQXTreeNode& node) const;
   /// Deletes the record (or value) with that index, if there is one. @throws Exception "RootKey not Open."
-  void DeleteKey(Integer Index);
+  void DeleteKey(Integer index);
 
   // --- Values of the open record -------------------------------------------------
 
   /// The text, or "" when there is no such value. @throws Exception "Item Key not open."
-  std::string GetValue(std::string_view Name) const;
+  std::string GetValue(std::string_view name) const;
   /// Replaces the text, or adds the value at the end. @throws Exception "Item Key not open."
-  void SetValue(std::string_view Name, std::string_view Value);
+  void SetValue(std::string_view name, std::string_view value);
   /// Does nothing when no record is open or there is no such value.
-  void DeleteValue(std::string_view Name);
+  void DeleteValue(std::string_view name);
   /// @throws Exception "ItemKey not opend"
-  bool FindField(std::string_view Name, pQXTreeNode& Node) const;
+  bool FindField(std::string_view name, pQXTreeNode& node) const;
 
   // --- All nodes -----------------------------------------------------------------
 
-  /// Calls `Proc` for each node: sections, records and values, parents first.
-  void EnumTreeNode(const TEnumTreeNodeProc& Proc) const { FTree.EnumAllTreeNode(Proc); }
+  /// Calls `proc` for each node: sections, records and values, parents first.
+  void EnumTreeNode(const TEnumTreeNodeProc& proc) const { tree_.EnumAllTreeNode(proc); }
 
  private:
   struct Lookup;
@@ -153,15 +153,15 @@ class QXTOOLS_API TQXIniFile : public TObject {
   bool CanMove() const;
   void OpenRecord(pQXTreeNodeLink link);
 
-  qxTreeList::TQXTreeNodes FTree;
-  std::string FRootKeyName;
-  bool FRootOpened = false;
-  bool FItemOpened = false;
-  bool FLoaded = false;
-  pQXTreeNodeLink FSection = nullptr;  // the opened ones, null once they are deleted
-  pQXTreeNodeLink FRecord = nullptr;
-  std::vector<pQXIniPair> FKept;  // pairs that deletes leave in memory, freed with the object
-  std::unique_ptr<Lookup> FLookup;
+  qxTreeList::TQXTreeNodes tree_;
+  std::string rootKeyName_;
+  bool rootOpened_ = false;
+  bool itemOpened_ = false;
+  bool loaded_ = false;
+  pQXTreeNodeLink section_ = nullptr;  // the opened ones, null once they are deleted
+  pQXTreeNodeLink record_ = nullptr;
+  std::vector<pQXIniPair> kept_;  // pairs that deletes leave in memory, freed with the object
+  std::unique_ptr<Lookup> lookup_;
 };
 
 }  // namespace qxTools::qxIniTools

@@ -62,66 +62,66 @@ std::size_t BlockSize(Integer size) { return static_cast<std::uint32_t>(size) + 
 
 // --- Records -----------------------------------------------------------------
 
-void NewTreeNode(pQXTreeNodeLink& Link) { NewTreeNode(0, Link); }
+void NewTreeNode(pQXTreeNodeLink& link) { NewTreeNode(0, link); }
 
-void NewTreeNode(Integer DataSize, pQXTreeNodeLink& Link) {
-  Record link(MakeRecord(sizeof(LinkWithLastChild)));
+void NewTreeNode(Integer dataSize, pQXTreeNodeLink& link) {
+  Record made(MakeRecord(sizeof(LinkWithLastChild)));
   Record node(MakeRecord(sizeof(TQXTreeNode)));
-  void* const data = MakeData(DataSize);
-  Link = new (link.release()) LinkWithLastChild();
-  Link->Node = new (node.release()) TQXTreeNode{{}, FreshKey(), data, 0};
+  void* const data = MakeData(dataSize);
+  link = new (made.release()) LinkWithLastChild();
+  link->Node = new (node.release()) TQXTreeNode{{}, FreshKey(), data, 0};
 }
 
-void FreeTreeNode(pQXTreeNodeLink Link) { FreeTreeNode(0, Link); }
+void FreeTreeNode(pQXTreeNodeLink link) { FreeTreeNode(0, link); }
 
-void FreeTreeNode(Integer DataSize, pQXTreeNodeLink Link) {
-  if (DataSize > 0) MemFree(Link->Node->Data);
-  MemFree(Link->Node);
-  MemFree(Link);
+void FreeTreeNode(Integer dataSize, pQXTreeNodeLink link) {
+  if (dataSize > 0) MemFree(link->Node->Data);
+  MemFree(link->Node);
+  MemFree(link);
 }
 
 // --- Blocks in reserved address space ----------------------------------------
 
-void vGetMem(void*& P, Integer Size) {
-  CommitMem(P, BlockSize(Size));
-  std::memcpy(P, &Size, sizeof Size);
-  P = static_cast<std::byte*>(P) + sizeof Size;
+void vGetMem(void*& p, Integer size) {
+  CommitMem(p, BlockSize(size));
+  std::memcpy(p, &size, sizeof size);
+  p = static_cast<std::byte*>(p) + sizeof size;
 }
 
-void vFreeMem(void* P, Integer Size) {
-  void* const start = static_cast<std::byte*>(P) - sizeof Size;
-  DecommitMem(start, BlockSize(Size));
+void vFreeMem(void* p, Integer size) {
+  void* const start = static_cast<std::byte*>(p) - sizeof size;
+  DecommitMem(start, BlockSize(size));
   ReleaseMem(start);
 }
 
-void vFreeMem(void* P) {
+void vFreeMem(void* p) {
   Integer size = 0;
-  std::memcpy(&size, static_cast<const std::byte*>(P) - sizeof size, sizeof size);
-  vFreeMem(P, size);
+  std::memcpy(&size, static_cast<const std::byte*>(p) - sizeof size, sizeof size);
+  vFreeMem(p, size);
 }
 
 // --- The store: making and freeing -------------------------------------------
 
-TQXTreeNodes::TQXTreeNodes(Integer ADataSize) : FDataSize(ADataSize), FPool(std::make_unique<NodePool>()) {
+TQXTreeNodes::TQXTreeNodes(Integer aDataSize) : dataSize_(aDataSize), pool_(std::make_unique<NodePool>()) {
   FreshKey();  // on purpose: the root draws a key like every node, and drops it
   Record root(MakeRecord(sizeof(LinkAndNode)));
-  void* const data = MakeData(ADataSize);
-  FRoot = new (root.release()) LinkAndNode({}, kRootKey, data, 0);
+  void* const data = MakeData(aDataSize);
+  root_ = new (root.release()) LinkAndNode({}, kRootKey, data, 0);
 }
 
 TQXTreeNodes::~TQXTreeNodes() {
-  if (FDataSize > 0) MemFree(FRoot->Node->Data);
-  MemFree(FRoot);
+  if (dataSize_ > 0) MemFree(root_->Node->Data);
+  MemFree(root_);
 }
 
 pQXTreeNodeLink TQXTreeNodes::MakeLink(pQXTreeNodeLink parent) {
-  Record data(MakeData(FDataSize));
+  Record data(MakeData(dataSize_));
   const TQXTreeNode& node = *parent->Node;
-  const pQXTreeNodeLink link = FPool->Make(node.Key, FreshKey(), data.get(), node.Level + 1);
+  const pQXTreeNodeLink link = pool_->Make(node.Key, FreshKey(), data.get(), node.Level + 1);
   try {
-    if (FIndex != nullptr) FIndex->Insert(link);
+    if (index_ != nullptr) index_->Insert(link);
   } catch (...) {
-    FPool->Free(link);
+    pool_->Free(link);
     throw;
   }
   static_cast<void>(data.release());
@@ -130,9 +130,9 @@ pQXTreeNodeLink TQXTreeNodes::MakeLink(pQXTreeNodeLink parent) {
 
 // On purpose: the data block stays, it is the caller's.
 void TQXTreeNodes::FreeLink(pQXTreeNodeLink link) {
-  if (link == FCurrent) FCurrent = nullptr;
-  if (FIndex != nullptr) FIndex->Erase(link);
-  FPool->Free(link);
+  if (link == current_) current_ = nullptr;
+  if (index_ != nullptr) index_->Erase(link);
+  pool_->Free(link);
 }
 
 // Children first, down to a leaf and back by the parents.
@@ -154,174 +154,174 @@ void TQXTreeNodes::FreeBelow(pQXTreeNodeLink top) {
 // --- The store: opening, adding, deleting ------------------------------------
 
 void TQXTreeNodes::OpenRootNode() {
-  FCurrent = FRoot;
-  FOpened = true;
+  current_ = root_;
+  opened_ = true;
 }
 
-void TQXTreeNodes::OpenTreeNode(const TNodeKey& Key) {
-  const pQXTreeNodeLink link = Find(Key);
-  if (link == nullptr) throw Exception("Key(" + Key.Text() + ") not Found.");
-  FCurrent = link;
+void TQXTreeNodes::OpenTreeNode(const TNodeKey& key) {
+  const pQXTreeNodeLink link = Find(key);
+  if (link == nullptr) throw Exception("Key(" + key.Text() + ") not Found.");
+  current_ = link;
 }
 
 void TQXTreeNodes::CloseTreeNode() {
-  FCurrent = nullptr;
-  FOpened = false;
+  current_ = nullptr;
+  opened_ = false;
 }
 
 pQXTreeNode TQXTreeNodes::Add() {
-  if (!FOpened || FCurrent == nullptr) throw Exception("TreeNode Not Opend.");
-  return Add(FCurrent->Node->Key);
+  if (!opened_ || current_ == nullptr) throw Exception("TreeNode Not Opend.");
+  return Add(current_->Node->Key);
 }
 
-pQXTreeNode TQXTreeNodes::Add(const TNodeKey& ParentKey) {
-  const pQXTreeNodeLink parent = Find(ParentKey);
-  return AddLink(parent != nullptr ? parent : FRoot)->Node;
+pQXTreeNode TQXTreeNodes::Add(const TNodeKey& parentKey) {
+  const pQXTreeNodeLink parent = Find(parentKey);
+  return AddLink(parent != nullptr ? parent : root_)->Node;
 }
 
-pQXTreeNodeLink TQXTreeNodes::AddLink(pQXTreeNodeLink Parent) {
-  const pQXTreeNodeLink link = MakeLink(Parent);
-  Append(Parent, link);
+pQXTreeNodeLink TQXTreeNodes::AddLink(pQXTreeNodeLink parent) {
+  const pQXTreeNodeLink link = MakeLink(parent);
+  Append(parent, link);
   return link;
 }
 
-void TQXTreeNodes::Delete(const TNodeKey& Key) {
-  const pQXTreeNodeLink link = Find(Key);
+void TQXTreeNodes::Delete(const TNodeKey& key) {
+  const pQXTreeNodeLink link = Find(key);
   if (link != nullptr) DeleteLink(link);
 }
 
-void TQXTreeNodes::DeleteLink(pQXTreeNodeLink Link) {
-  FreeBelow(Link);
-  if (Link == FRoot) return;
-  Unlink(Link);
-  FreeLink(Link);
+void TQXTreeNodes::DeleteLink(pQXTreeNodeLink link) {
+  FreeBelow(link);
+  if (link == root_) return;
+  Unlink(link);
+  FreeLink(link);
 }
 
-void TQXTreeNodes::Delete(pQXTreeNode Node) {
-  if (Node != nullptr && !(Node->Key == FRoot->Node->Key)) Delete(Node->Key);
+void TQXTreeNodes::Delete(pQXTreeNode node) {
+  if (node != nullptr && !(node->Key == root_->Node->Key)) Delete(node->Key);
 }
 
 void TQXTreeNodes::Delete(const TNodeKey&, Integer) {}
 
 void TQXTreeNodes::Clear() {
-  if (FCurrent != FRoot) FCurrent = nullptr;
-  FIndex.reset();
-  FPool->FreeAll();
-  FRoot->FirstChild = LastChildOf(FRoot) = nullptr;
-  FRoot->Count = 0;
+  if (current_ != root_) current_ = nullptr;
+  index_.reset();
+  pool_->FreeAll();
+  root_->FirstChild = LastChildOf(root_) = nullptr;
+  root_->Count = 0;
 }
 
 // --- The store: finding ------------------------------------------------------
 
 KeyIndex& TQXTreeNodes::Index() const {
-  if (FIndex != nullptr) return *FIndex;
+  if (index_ != nullptr) return *index_;
   auto index = std::make_unique<KeyIndex>();
-  for (pQXTreeNodeLink link = FRoot; link != nullptr; link = Successor(link, FRoot, true))
+  for (pQXTreeNodeLink link = root_; link != nullptr; link = Successor(link, root_, true))
     index->Insert(link);
-  FIndex = std::move(index);
-  return *FIndex;
+  index_ = std::move(index);
+  return *index_;
 }
 
 pQXTreeNodeLink TQXTreeNodes::Find(const TNodeKey& key) const {
-  return Index().IsShared(key) ? Walk(key, FRoot) : Index().Find(key);
+  return Index().IsShared(key) ? Walk(key, root_) : Index().Find(key);
 }
 
 // `start` is a link of this store.
 pQXTreeNodeLink TQXTreeNodes::FindFrom(const TNodeKey& key, pQXTreeNodeLink start) const {
   if (Index().IsShared(key)) return Walk(key, start);
   const pQXTreeNodeLink link = Index().Find(key);
-  return link != nullptr && (start == FRoot || IsInSubtree(link, start)) ? link : nullptr;
+  return link != nullptr && (start == root_ || IsInSubtree(link, start)) ? link : nullptr;
 }
 
-bool TQXTreeNodes::FindNodeLink(const TNodeKey& Key, pQXTreeNodeLink& Link) const {
-  const pQXTreeNodeLink found = Find(Key);
-  if (found != nullptr) Link = found;
+bool TQXTreeNodes::FindNodeLink(const TNodeKey& key, pQXTreeNodeLink& link) const {
+  const pQXTreeNodeLink found = Find(key);
+  if (found != nullptr) link = found;
   return found != nullptr;
 }
 
-bool TQXTreeNodes::FindNodeLink(const TNodeKey& Key, pQXTreeNodeLink Start, pQXTreeNodeLink& Link) const {
-  if (Start == nullptr) return false;
-  const bool isOwn = IsInSubtree(Start, FRoot);
-  const pQXTreeNodeLink found = isOwn ? FindFrom(Key, Start) : Walk(Key, Start);
-  if (found != nullptr) Link = found;
+bool TQXTreeNodes::FindNodeLink(const TNodeKey& key, pQXTreeNodeLink start, pQXTreeNodeLink& link) const {
+  if (start == nullptr) return false;
+  const bool isOwn = IsInSubtree(start, root_);
+  const pQXTreeNodeLink found = isOwn ? FindFrom(key, start) : Walk(key, start);
+  if (found != nullptr) link = found;
   return found != nullptr;
 }
 
-bool TQXTreeNodes::FindNode(const TNodeKey& Key, pQXTreeNode& Node) const {
-  Node = nullptr;
-  return FOpened && FCurrent != nullptr && Give(FindFrom(Key, FCurrent), Node);
+bool TQXTreeNodes::FindNode(const TNodeKey& key, pQXTreeNode& node) const {
+  node = nullptr;
+  return opened_ && current_ != nullptr && Give(FindFrom(key, current_), node);
 }
 
-pQXTreeNode TQXTreeNodes::GetItem(const TNodeKey& Key) const {
+pQXTreeNode TQXTreeNodes::GetItem(const TNodeKey& key) const {
   pQXTreeNode node = nullptr;
-  FindNode(Key, node);
+  FindNode(key, node);
   return node;
 }
 
-bool TQXTreeNodes::FindSubNode(const TNodeKey& Key, pQXTreeNode& Node) const {
-  const pQXTreeNodeLink link = Find(Key);
-  return link != nullptr && Give(link->FirstChild, Node);
+bool TQXTreeNodes::FindSubNode(const TNodeKey& key, pQXTreeNode& node) const {
+  const pQXTreeNodeLink link = Find(key);
+  return link != nullptr && Give(link->FirstChild, node);
 }
 
-bool TQXTreeNodes::FindFirstNode(const TNodeKey& Key, pQXTreeNode& Node) const {
-  const pQXTreeNodeLink link = Find(Key);
-  return link != nullptr && Give(link == FRoot ? FRoot : link->Parent->FirstChild, Node);
+bool TQXTreeNodes::FindFirstNode(const TNodeKey& key, pQXTreeNode& node) const {
+  const pQXTreeNodeLink link = Find(key);
+  return link != nullptr && Give(link == root_ ? root_ : link->Parent->FirstChild, node);
 }
 
-bool TQXTreeNodes::FindLastNode(const TNodeKey& Key, pQXTreeNode& Node) const {
-  const pQXTreeNodeLink link = Find(Key);
-  return link != nullptr && Give(link == FRoot ? FRoot : LastChildOf(link->Parent), Node);
+bool TQXTreeNodes::FindLastNode(const TNodeKey& key, pQXTreeNode& node) const {
+  const pQXTreeNodeLink link = Find(key);
+  return link != nullptr && Give(link == root_ ? root_ : LastChildOf(link->Parent), node);
 }
 
-bool TQXTreeNodes::FindNextNode(const TNodeKey& Key, pQXTreeNode& Node) const {
-  const pQXTreeNodeLink link = Find(Key);
+bool TQXTreeNodes::FindNextNode(const TNodeKey& key, pQXTreeNode& node) const {
+  const pQXTreeNodeLink link = Find(key);
   if (link == nullptr) return false;
-  Node = nullptr;
-  return Give(link->Next, Node);
+  node = nullptr;
+  return Give(link->Next, node);
 }
 
-bool TQXTreeNodes::FindPrevNode(const TNodeKey& Key, pQXTreeNode& Node) const {
-  const pQXTreeNodeLink link = Find(Key);
-  return link != nullptr && Give(link->Prior, Node);
+bool TQXTreeNodes::FindPrevNode(const TNodeKey& key, pQXTreeNode& node) const {
+  const pQXTreeNodeLink link = Find(key);
+  return link != nullptr && Give(link->Prior, node);
 }
 
-pQXTreeNodeLink TQXTreeNodes::FindFirstSubNodeLink(pQXTreeNodeLink Link) const { return Link->FirstChild; }
+pQXTreeNodeLink TQXTreeNodes::FindFirstSubNodeLink(pQXTreeNodeLink link) const { return link->FirstChild; }
 
-pQXTreeNodeLink TQXTreeNodes::FindLastSubNodeLink(pQXTreeNodeLink Link) const {
+pQXTreeNodeLink TQXTreeNodes::FindLastSubNodeLink(pQXTreeNodeLink link) const {
   // Links of NewTreeNode that a caller has tied together himself know no last child.
-  pQXTreeNodeLink last = LastChildOf(Link) != nullptr ? LastChildOf(Link) : Link->FirstChild;
+  pQXTreeNodeLink last = LastChildOf(link) != nullptr ? LastChildOf(link) : link->FirstChild;
   while (last != nullptr && last->Next != nullptr) last = last->Next;
   return last;
 }
 
 // --- The store: enumerating --------------------------------------------------
 
-void TQXTreeNodes::EnumTreeNodeLink(pQXTreeNodeLink Link, bool Recursive,
-                                    const TEnumTreeNodeProc& Proc) const {
-  pQXTreeNodeLink link = HasChildren(Link) ? Link->FirstChild : nullptr;
-  while (link != nullptr) {
-    Proc(link->Node);
-    link = Successor(link, Link, Recursive && link->Count > 0);  // read after the call, which may add
+void TQXTreeNodes::EnumTreeNodeLink(pQXTreeNodeLink link, bool recursive,
+                                    const TEnumTreeNodeProc& proc) const {
+  pQXTreeNodeLink next = HasChildren(link) ? link->FirstChild : nullptr;
+  while (next != nullptr) {
+    proc(next->Node);
+    next = Successor(next, link, recursive && next->Count > 0);  // read after the call, which may add
   }
 }
 
-void TQXTreeNodes::EnumTreeNode(const TEnumTreeNodeProc& Proc, bool Recursive) const {
-  if (FOpened && FCurrent != nullptr) EnumTreeNodeLink(FCurrent, Recursive, Proc);
+void TQXTreeNodes::EnumTreeNode(const TEnumTreeNodeProc& proc, bool recursive) const {
+  if (opened_ && current_ != nullptr) EnumTreeNodeLink(current_, recursive, proc);
 }
 
-void TQXTreeNodes::EnumTreeNode(const TNodeKey& Key, const TEnumTreeNodeProc& Proc, bool Recursive) const {
-  const pQXTreeNodeLink link = Find(Key);
-  if (link != nullptr) EnumTreeNodeLink(link, Recursive, Proc);
+void TQXTreeNodes::EnumTreeNode(const TNodeKey& key, const TEnumTreeNodeProc& proc, bool recursive) const {
+  const pQXTreeNodeLink link = Find(key);
+  if (link != nullptr) EnumTreeNodeLink(link, recursive, proc);
 }
 
-void TQXTreeNodes::EnumAllTreeNode(const TEnumTreeNodeProc& Proc) const {
-  EnumTreeNodeLink(FRoot, true, Proc);
+void TQXTreeNodes::EnumAllTreeNode(const TEnumTreeNodeProc& proc) const {
+  EnumTreeNodeLink(root_, true, proc);
 }
 
-void TQXTreeNodes::GetTreeNodeList(TList& List) const {
-  if (!FOpened || FCurrent == nullptr || !HasChildren(FCurrent)) return;
-  List.Clear();
-  for (pQXTreeNodeLink link = FCurrent->FirstChild; link != nullptr; link = link->Next) List.Add(link->Node);
+void TQXTreeNodes::GetTreeNodeList(TList& list) const {
+  if (!opened_ || current_ == nullptr || !HasChildren(current_)) return;
+  list.Clear();
+  for (pQXTreeNodeLink link = current_->FirstChild; link != nullptr; link = link->Next) list.Add(link->Node);
 }
 
 }  // namespace qxTools::qxTreeList

@@ -64,30 +64,30 @@ static_assert(sizeof(TQXTreeNodeLink) == (sizeof(void*) == 4 ? 28 : 48));
 
 /// Called for each node of an enumeration. It may change data and add nodes; deleting a node that the
 /// enumeration has yet to read (the one at hand, one above it, or the next sibling) is the caller's mistake.
-using TEnumTreeNodeProc = std::function<void(pQXTreeNode Node)>;
+using TEnumTreeNodeProc = std::function<void(pQXTreeNode node)>;
 
 // --- Records -----------------------------------------------------------------
 
 /// Makes a link and its node with a fresh key, in no tree, with a zero-filled data block when `DataSize` is
 /// above 0.
-QXTOOLS_API void NewTreeNode(pQXTreeNodeLink& Link);
-QXTOOLS_API void NewTreeNode(Integer DataSize, pQXTreeNodeLink& Link);
+QXTOOLS_API void NewTreeNode(pQXTreeNodeLink& link);
+QXTOOLS_API void NewTreeNode(Integer dataSize, pQXTreeNodeLink& link);
 
 /// Frees node and link, and before them the data block when `DataSize` is above 0.
-QXTOOLS_API void FreeTreeNode(pQXTreeNodeLink Link);
-QXTOOLS_API void FreeTreeNode(Integer DataSize, pQXTreeNodeLink Link);
+QXTOOLS_API void FreeTreeNode(pQXTreeNodeLink link);
+QXTOOLS_API void FreeTreeNode(Integer dataSize, pQXTreeNodeLink link);
 
 // --- Blocks in reserved address space ----------------------------------------
 
-/// Commits `Size` + 4 bytes at `P`, which must point into address space of ReserveMem
-/// (qxTools/platform/VirtualMemory.h), writes `Size` there and moves `P` behind it. Whether the commit
+/// Commits `size` + 4 bytes at `p`, which must point into address space of ReserveMem
+/// (qxTools/platform/VirtualMemory.h), writes `size` there and moves `p` behind it. Whether the commit
 /// worked is not looked at.
-QXTOOLS_API void vGetMem(void*& P, Integer Size);
+QXTOOLS_API void vGetMem(void*& p, Integer size);
 
 /// Takes the memory of such a block back, of every page that it touches, and the whole space when the block
-/// stands at its start. Without `Size` it is read from in front of the block.
-QXTOOLS_API void vFreeMem(void* P, Integer Size);
-QXTOOLS_API void vFreeMem(void* P);
+/// stands at its start. Without `size` it is read from in front of the block.
+QXTOOLS_API void vFreeMem(void* p, Integer size);
+QXTOOLS_API void vFreeMem(void* p);
 
 // --- The store ---------------------------------------------------------------
 
@@ -98,7 +98,7 @@ class NodePool;
 class QXTOOLS_API TQXTreeNodes : public TObject {
  public:
   /// A root without children; every node has `ADataSize` bytes of data, none when that is 0 or less.
-  explicit TQXTreeNodes(Integer ADataSize = 0);
+  explicit TQXTreeNodes(Integer aDataSize = 0);
   ~TQXTreeNodes() override;
   TQXTreeNodes(const TQXTreeNodes&) = delete;
   TQXTreeNodes& operator=(const TQXTreeNodes&) = delete;
@@ -110,7 +110,7 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
   /// Opens the node with that key. On purpose: a closed store stays closed for Add, FindNode and the others
   /// that need an opened one, until OpenRootNode.
   /// @throws Exception "Key(KEY) not Found."; the opened node stays.
-  void OpenTreeNode(const TNodeKey& Key);
+  void OpenTreeNode(const TNodeKey& key);
   /// Opens none.
   void CloseTreeNode();
 
@@ -119,69 +119,69 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
   /// A new last child of the opened node. @throws Exception "TreeNode Not Opend."
   pQXTreeNode Add();
   /// A new last child of the node with that key. On purpose: an unknown key adds below the root.
-  pQXTreeNode Add(const TNodeKey& ParentKey);
+  pQXTreeNode Add(const TNodeKey& parentKey);
 
   /// Deletes the node with its subtree; the root's key deletes all but the root. Unknown keys do nothing.
-  void Delete(const TNodeKey& Key);
+  void Delete(const TNodeKey& key);
   /// The same for the node's key; null and the root do nothing.
-  void Delete(pQXTreeNode Node);
+  void Delete(pQXTreeNode node);
   /// On purpose: does nothing at all.
-  void Delete(const TNodeKey& Key, Integer Index);
+  void Delete(const TNodeKey& key, Integer index);
   /// Deletes all nodes but the root.
   void Clear();
 
   // By link, for a caller that has one of this store at hand: the same without a search.
 
-  pQXTreeNodeLink GetRootLink() const { return FRoot; }
+  pQXTreeNodeLink GetRootLink() const { return root_; }
   /// A new last child.
-  pQXTreeNodeLink AddLink(pQXTreeNodeLink Parent);
+  pQXTreeNodeLink AddLink(pQXTreeNodeLink parent);
   /// Deletes the node with its subtree; the root itself stays.
-  void DeleteLink(pQXTreeNodeLink Link);
+  void DeleteLink(pQXTreeNodeLink link);
 
   // Finding in the opened node's subtree, the opened node included.
 
-  /// Without success, also when nothing is opened, `Node` is null.
-  bool FindNode(const TNodeKey& Key, pQXTreeNode& Node) const;
+  /// Without success, also when nothing is opened, `node` is null.
+  bool FindNode(const TNodeKey& key, pQXTreeNode& node) const;
   /// The node that FindNode finds, or null.
-  pQXTreeNode GetItem(const TNodeKey& Key) const;
+  pQXTreeNode GetItem(const TNodeKey& key) const;
 
   // Finding in the whole tree, opened or not. Without success results are left alone, but for FindNextNode.
 
   /// The link of the node with that key.
-  bool FindNodeLink(const TNodeKey& Key, pQXTreeNodeLink& Link) const;
+  bool FindNodeLink(const TNodeKey& key, pQXTreeNodeLink& link) const;
   /// In the subtree of `Start`, itself included. Takes time in proportion to the depth of `Start`.
-  bool FindNodeLink(const TNodeKey& Key, pQXTreeNodeLink Start, pQXTreeNodeLink& Link) const;
+  bool FindNodeLink(const TNodeKey& key, pQXTreeNodeLink start, pQXTreeNodeLink& link) const;
   /// The first child of the node with that key.
-  bool FindSubNode(const TNodeKey& Key, pQXTreeNode& Node) const;
+  bool FindSubNode(const TNodeKey& key, pQXTreeNode& node) const;
   /// The first of the siblings of the node with that key, which may be itself.
-  bool FindFirstNode(const TNodeKey& Key, pQXTreeNode& Node) const;
+  bool FindFirstNode(const TNodeKey& key, pQXTreeNode& node) const;
   /// The last of them.
-  bool FindLastNode(const TNodeKey& Key, pQXTreeNode& Node) const;
-  /// The next sibling. On purpose: `Node` is null when there is none, and left alone for an unknown key.
-  bool FindNextNode(const TNodeKey& Key, pQXTreeNode& Node) const;
-  /// The previous sibling. On purpose, unlike FindNextNode: `Node` is left alone when there is none.
-  bool FindPrevNode(const TNodeKey& Key, pQXTreeNode& Node) const;
+  bool FindLastNode(const TNodeKey& key, pQXTreeNode& node) const;
+  /// The next sibling. On purpose: `node` is null when there is none, and left alone for an unknown key.
+  bool FindNextNode(const TNodeKey& key, pQXTreeNode& node) const;
+  /// The previous sibling. On purpose, unlike FindNextNode: `node` is left alone when there is none.
+  bool FindPrevNode(const TNodeKey& key, pQXTreeNode& node) const;
 
   /// The first and the last child's link, null without children. For links of a store or of NewTreeNode.
-  pQXTreeNodeLink FindFirstSubNodeLink(pQXTreeNodeLink Link) const;
-  pQXTreeNodeLink FindLastSubNodeLink(pQXTreeNodeLink Link) const;
+  pQXTreeNodeLink FindFirstSubNodeLink(pQXTreeNodeLink link) const;
+  pQXTreeNodeLink FindLastSubNodeLink(pQXTreeNodeLink link) const;
 
   // Enumerating: children in order and, when `Recursive`, below each child its own. Not the node itself.
 
   /// Below the link.
-  void EnumTreeNodeLink(pQXTreeNodeLink Link, bool Recursive, const TEnumTreeNodeProc& Proc) const;
+  void EnumTreeNodeLink(pQXTreeNodeLink link, bool recursive, const TEnumTreeNodeProc& proc) const;
   /// Below the opened node; nothing when none is opened.
-  void EnumTreeNode(const TEnumTreeNodeProc& Proc, bool Recursive) const;
+  void EnumTreeNode(const TEnumTreeNodeProc& proc, bool recursive) const;
   /// Below the node with that key, opened or not.
-  void EnumTreeNode(const TNodeKey& Key, const TEnumTreeNodeProc& Proc, bool Recursive) const;
+  void EnumTreeNode(const TNodeKey& key, const TEnumTreeNodeProc& proc, bool recursive) const;
   /// Below the root.
-  void EnumAllTreeNode(const TEnumTreeNodeProc& Proc) const;
+  void EnumAllTreeNode(const TEnumTreeNodeProc& proc) const;
 
   /// Fills the list with the opened node's children. On purpose: without children, or with nothing opened,
   /// the list keeps what it held.
-  void GetTreeNodeList(TList& List) const;
+  void GetTreeNodeList(TList& list) const;
 
-  pQXTreeNode GetRootNode() const { return FRoot->Node; }
+  pQXTreeNode GetRootNode() const { return root_->Node; }
 
  private:
   pQXTreeNodeLink MakeLink(pQXTreeNodeLink parent);
@@ -191,12 +191,12 @@ class QXTOOLS_API TQXTreeNodes : public TObject {
   pQXTreeNodeLink Find(const TNodeKey& key) const;
   pQXTreeNodeLink FindFrom(const TNodeKey& key, pQXTreeNodeLink start) const;
 
-  pQXTreeNodeLink FRoot = nullptr;
-  pQXTreeNodeLink FCurrent = nullptr;
-  bool FOpened = false;
-  Integer FDataSize = 0;
-  std::unique_ptr<NodePool> FPool;
-  mutable std::unique_ptr<KeyIndex> FIndex;  // made by the first search for a key
+  pQXTreeNodeLink root_ = nullptr;
+  pQXTreeNodeLink current_ = nullptr;
+  bool opened_ = false;
+  Integer dataSize_ = 0;
+  std::unique_ptr<NodePool> pool_;
+  mutable std::unique_ptr<KeyIndex> index_;  // made by the first search for a key
 };
 
 }  // namespace qxTools::qxTreeList
