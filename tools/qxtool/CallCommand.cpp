@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "Commands.h"
-#include "Edge.h"
-#include "RunStatement.h"
+#include "RunOptions.h"
+#include "TextIo.h"
 #include "TextTable.h"
 #include "Values.h"
 

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <limits>
 
-#include "Edge.h"
+#include "TextIo.h"
 
 namespace qxtool {
 
@@ -56,10 +56,12 @@ Option& Option::ShowDefault() {
 Command Command::Add(const std::string& name, const std::string& help) {
   app_->require_subcommand(1);
   app_->fallthrough();
-  return Command(*app_->add_subcommand(name, help));
+  return Command(*app_->add_subcommand(name, help), *status_);
 }
 
-void Command::OnRun(const std::function<void()>& run) { app_->callback(run); }
+void Command::OnRun(const std::function<ExitStatus()>& run) {
+  app_->callback([run, status = status_] { *status = run(); });
+}
 
 Option Command::Text(const std::string& names, std::string& value, const std::string& help) {
   CLI::Option* const option = app_->add_option(names, value, help);
@@ -102,19 +104,20 @@ void Command::Switch(const std::string& names, const std::function<void()>& act,
   app_->add_flag_callback(names, act, help)->trigger_on_parse();
 }
 
-bool RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
-                    const std::function<void(Command)>& addCommands) {
+ExitStatus RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
+                          const std::function<void(Command)>& addCommands) {
   CLI::App app(description, "qxtool");
-  addCommands(Command(app));
+  ExitStatus status = kDone;
+  addCommands(Command(app, status));
   app.set_version_flag("--version", version);
   app.failure_message([](const CLI::App*, const CLI::Error& e) {
     return Visible(e.what()) + "\nRun with --help for more information.\n";
   });
   try {
     app.parse(argc, argv);
-    return true;
+    return status;
   } catch (const CLI::ParseError& e) {
-    return app.exit(e) == static_cast<int>(CLI::ExitCodes::Success);
+    return app.exit(e) == static_cast<int>(CLI::ExitCodes::Success) ? kDone : kFailed;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace CLI {
@@ -13,6 +14,13 @@ class Option;
 }  // namespace CLI
 
 namespace qxtool {
+
+/// The exit status of the program.
+enum ExitStatus {
+  kDone = 0,
+  kFound = 1,   // a check has found something
+  kFailed = 2,  // misuse or failure
+};
 
 /// An argument or an option, to say more about it.
 class Option {
@@ -40,20 +48,25 @@ class Option {
 /// what is given to a name lives as long as the command.
 class Command {
  public:
-  explicit Command(CLI::App& app) : app_(&app) {}
+  Command(CLI::App& app, ExitStatus& status) : app_(&app), status_(&status) {}
 
   /// A command below this one, which then wants one of them.
   Command Add(const std::string& name, const std::string& help);
-  /// The same with what it runs when it was chosen.
-  template <class Options>
+  /// A command below this one, with the function that runs when it was chosen. The function returns an
+  /// ExitStatus, or nothing for kDone.
+  template <class Options, class Result>
   Command Add(const std::string& name, const std::string& help, const std::shared_ptr<Options>& options,
-              void (*run)(const Options&)) {
+              Result (*run)(const Options&)) {
     Command added = Add(name, help);
-    added.OnRun([options, run] { run(*options); });
+    added.OnRun([options, run] {
+      if constexpr (!std::is_void_v<Result>) return run(*options);
+      run(*options);
+      return kDone;
+    });
     return added;
   }
-  /// Called when the command was chosen and its command line is read.
-  void OnRun(const std::function<void()>& run);
+  /// `run` is called when the command was chosen and its command line is read.
+  void OnRun(const std::function<ExitStatus()>& run);
 
   Option Text(const std::string& names, std::string& value, const std::string& help = "");
   Option Number(const std::string& names, int& value, const std::string& help);
@@ -70,10 +83,12 @@ class Command {
 
  private:
   CLI::App* app_;
+  ExitStatus* status_;
 };
 
-/// Reads the command line and runs the command that it names. @return false for misuse, which is told then.
-bool RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
-                    const std::function<void(Command)>& addCommands);
+/// Reads the command line and runs the command that it names.
+/// @return the command's status, or kFailed for misuse, which is reported on standard error.
+ExitStatus RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
+                          const std::function<void(Command)>& addCommands);
 
 }  // namespace qxtool

@@ -11,7 +11,7 @@
 #include <system_error>
 
 #include "Commands.h"
-#include "Edge.h"
+#include "TextIo.h"
 #include "Transcoder.h"
 
 namespace qxtool {
@@ -130,7 +130,7 @@ void Run(const Options& options) {
                        Hex(character).c_str());
       });
   Input input(options.file);
-  Naming(options.output.empty() ? "standard output" : options.output, [&] {
+  WithSubject(options.output.empty() ? "standard output" : options.output, [&] {
     Output output(options.output);
     Progress progress(options.file);
     for (std::string_view piece = input.Read(); !piece.empty(); piece = input.Read()) {

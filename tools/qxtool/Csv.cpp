@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Edge.h"
+#include "TextIo.h"
 
 namespace qxtool {
 

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "Commands.h"
-#include "Edge.h"
+#include "TextIo.h"
 #include "TextTable.h"
 
 namespace qxtool {
@@ -93,7 +93,10 @@ void AddDateCommand(Command program) {
   const auto text = std::make_shared<std::string>();
   Command command = program.Add("date", "Show how each function reads a date");
   command.Text("TEXT", *text, "The date; put -- in front of one that begins with -").Required();
-  command.OnRun([text] { Run(FromArgument(*text)); });
+  command.OnRun([text] {
+    Run(FromArgument(*text));
+    return kDone;
+  });
 }
 
 }  // namespace qxtool

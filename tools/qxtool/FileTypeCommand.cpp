@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "Commands.h"
-#include "Edge.h"
+#include "TextIo.h"
 #include "TextTable.h"
 
 namespace qxtool {
@@ -42,7 +42,7 @@ auto WithArguments(const Options& options, Take&& take) {
 }
 
 void Register(const Options& options) {
-  Naming(options.extension, [&] { WithArguments(options, RegFileType); });
+  WithSubject(options.extension, [&] { WithArguments(options, RegFileType); });
   for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
     if (ReadClassesValue(value.Key) != value.Value)
       throw Failure(Visible(options.extension) + ": key " + Visible(value.Key) + " cannot be written");

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "Commands.h"
-#include "Edge.h"
+#include "TextIo.h"
 #include "TextTable.h"
 
 namespace qxtool {
@@ -30,7 +30,7 @@ struct Options {
 };
 
 void Load(const std::string& fileName, TFrameBitmaps& pieces) {
-  Naming(fileName, [&] {
+  WithSubject(fileName, [&] {
     try {
       qxDrawTools::LoadDWF(fileName, pieces);
     } catch (const Exception& e) {
@@ -64,7 +64,7 @@ void Render(const Options& options) {
   picture.GetCanvas().SetBrushColor(options.fill);
   picture.GetCanvas().FillRect(whole);
   qxDrawTools::DrawFrameWithBMP(picture.GetCanvas(), whole, pieces);
-  Naming(options.picture, [&] { picture.SaveToFile(options.picture); });
+  WithSubject(options.picture, [&] { picture.SaveToFile(options.picture); });
 }
 
 /// A piece without a file is empty.
@@ -75,21 +75,21 @@ void Pack(const Options& options) {
     const std::string name = PieceFile(options, k);
     std::error_code ignored;
     if (!std::filesystem::exists(name, ignored)) continue;
-    Naming(name, [&] { pieces[k].LoadFromFile(name); });
+    WithSubject(name, [&] { pieces[k].LoadFromFile(name); });
     ++found;
   }
   if (found == 0) throw Failure(Visible(options.folder) + ": holds none of the pieces");
-  Naming(options.frame, [&] { qxDrawTools::SaveDWF(options.frame, pieces); });
+  WithSubject(options.frame, [&] { qxDrawTools::SaveDWF(options.frame, pieces); });
 }
 
 /// Empty pieces are written too, so that none is left over from another frame.
 void Unpack(const Options& options) {
   TFrameBitmaps pieces;
   Load(options.frame, pieces);
-  Naming(options.folder, [&] { std::filesystem::create_directories(options.folder); });
+  WithSubject(options.folder, [&] { std::filesystem::create_directories(options.folder); });
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     const std::string name = PieceFile(options, k);
-    Naming(name, [&] { pieces[k].SaveToFile(name); });
+    WithSubject(name, [&] { pieces[k].SaveToFile(name); });
   }
 }
 

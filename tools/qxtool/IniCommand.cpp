@@ -10,7 +10,7 @@
 #include <set>
 
 #include "Commands.h"
-#include "Edge.h"
+#include "TextIo.h"
 #include "TextTable.h"
 
 namespace qxtool {
@@ -25,7 +25,7 @@ struct Options {
   std::string section;
   int record = 0;
   std::string name;
-  std::string value;
+  std::string text;
   std::vector<std::string> values;
 };
 
@@ -134,8 +134,8 @@ void Set(const Options& options) {
   TQXIniFile file;
   Load(file, options.file);
   OpenRecord(file, options);
-  CheckValue(FromArgument(options.name), FromArgument(options.value));
-  file.SetValue(FromArgument(options.name), FromArgument(options.value));
+  CheckValue(FromArgument(options.name), FromArgument(options.text));
+  file.SetValue(FromArgument(options.name), FromArgument(options.text));
   Save(file, options);
 }
 
@@ -160,7 +160,7 @@ void Delete(const Options& options) {
   TQXIniFile file;
   Load(file, options.file);
   if (options.record == 0) {
-    Naming(options.file, [&] { file.DeleteRootKey(FromArgument(options.section)); });
+    WithSubject(options.file, [&] { file.DeleteRootKey(FromArgument(options.section)); });
   } else {
     const Integer number = OpenRecord(file, options);
     if (options.name.empty()) {
@@ -224,7 +224,7 @@ class Checker {
   const std::function<void(const TextRow&)>& tell_;
 };
 
-void Check(const Options& options) {
+ExitStatus Check(const Options& options) {
   const std::string text = ReadInput(options.file);
   const auto rows = [&](const std::function<void(const TextRow&)>& visit) {
     Checker checker(visit);
@@ -232,9 +232,9 @@ void Check(const Options& options) {
   };
   bool found = false;
   rows([&](const TextRow&) { found = true; });
-  if (!found) return;
+  if (!found) return kDone;
   PrintRows({"Line", "What a save changes"}, rows);
-  TellFound();
+  return kFound;
 }
 
 }  // namespace
@@ -252,7 +252,7 @@ void AddIniCommand(Command program) {
   place(ini.Add("get", "Print one text", options, Get));
   Command set = ini.Add("set", "Set one text in a record", options, Set);
   place(set);
-  set.Text("TEXT", options->value).Required();
+  set.Text("TEXT", options->text).Required();
   Command add = ini.Add("add", "Append a record to a section, which is made when it is new", options, Add);
   add.Text("SECTION", options->section).Required();
   add.Texts("NAME=TEXT", options->values, "Its values");

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "Commands.h"
-#include "Edge.h"
+#include "TextIo.h"
 
 namespace qxtool {
 
@@ -36,7 +36,10 @@ void AddKeyCommand(Command program) {
   const auto count = std::make_shared<int>(1);
   Command command = program.Add("key", "Make record keys of 16 characters");
   command.Number("-n", *count, "How many").Positive().ShowDefault();
-  command.OnRun([count] { Run(*count); });
+  command.OnRun([count] {
+    Run(*count);
+    return kDone;
+  });
 }
 
 }  // namespace qxtool

@@ -1,6 +1,6 @@
 // In place of RunStatement.cpp where ODBC is not installed.
-#include "Edge.h"
 #include "RunStatement.h"
+#include "TextIo.h"
 
 namespace qxtool {
 

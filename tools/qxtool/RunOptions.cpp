@@ -1,6 +1,8 @@
-// The options of --run, in every build; RunStatement.cpp or NoDatabase.cpp does the rest.
-#include "Edge.h"
+// In every build; RunStatement.cpp or NoDatabase.cpp does the rest.
+#include "RunOptions.h"
+
 #include "RunStatement.h"
+#include "TextIo.h"
 
 namespace qxtool {
 

@@ -5,8 +5,8 @@
 #include <cstdio>
 
 #include "Csv.h"
-#include "Edge.h"
 #include "StatementWatch.h"
+#include "TextIo.h"
 #include "TextTable.h"
 #include "Utf8Width.h"
 #include "database/Odbc.h"

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <ctime>
 
-#include "Edge.h"
+#include "TextIo.h"
 
 namespace qxtool {
 

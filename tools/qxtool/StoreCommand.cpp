@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "Commands.h"
-#include "Edge.h"
+#include "TextIo.h"
 #include "TextTable.h"
 
 namespace qxtool {
@@ -35,7 +35,7 @@ void CheckFlag(const TQXFileStore& store, const std::string& bytes) {
 
 /// @return the number of bytes behind the data, which belong to nothing.
 std::int64_t Load(TQXFileStore& store, const std::string& fileName) {
-  return Naming(fileName, [&] {
+  return WithSubject(fileName, [&] {
     const std::string bytes = ReadWholeFile(fileName);
     CheckFlag(store, bytes);
     TMemoryStream file;
@@ -61,14 +61,14 @@ void Pack(const Options& options) {
   store.SetComment(FromArgument(options.comment));
   if (store.GetComment().size() > kLongestComment)
     throw Failure("--comment: longer than " + std::to_string(kLongestComment) + " bytes");
-  Put(*store.GetStream(), Naming(options.data, [&] { return ReadWholeFile(options.data); }));
-  Naming(options.store, [&] { store.SaveToFile(options.store); });
+  Put(*store.GetStream(), WithSubject(options.data, [&] { return ReadWholeFile(options.data); }));
+  WithSubject(options.store, [&] { store.SaveToFile(options.store); });
 }
 
 void Unpack(const Options& options) {
   TQXFileStore store;
   Load(store, options.store);
-  Naming(options.data, [&] { SaveWholeFile(options.data, store.GetStream()->GetBytes()); });
+  WithSubject(options.data, [&] { SaveWholeFile(options.data, store.GetStream()->GetBytes()); });
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include "Commands.h"
 #include "Csv.h"
-#include "Edge.h"
+#include "TextIo.h"
 #include "TextTable.h"
 
 namespace qxtool {
@@ -22,7 +22,8 @@ struct Options {
   std::string file;
   int record = 0;
   std::string field;
-  std::string value;
+  std::string text;
+  std::string csv;
   std::vector<std::string> values;
 };
 
@@ -92,7 +93,7 @@ void Set(const Options& options) {
   if (FieldMarks(table.GetStrings(options.record)).Count() < static_cast<std::size_t>(number))
     throw Failure(Visible(options.file) + ": record " + std::to_string(options.record) +
                   " has no such field");
-  const std::string value = FromArgument(options.value);
+  const std::string value = FromArgument(options.text);
   CheckText("[#" + value + "#]");
   table.SetField(FromArgument(options.field), value);
   Save(table, options);
@@ -123,8 +124,8 @@ void ToCsv(const Options& options) {
 }
 
 void FromCsv(const Options& options) {
-  const std::vector<TextRow> rows = Naming(options.value, [&] { return ReadCsv(ReadInput(options.value)); });
-  if (rows.empty()) throw Failure(Visible(options.value) + ": no header line");
+  const std::vector<TextRow> rows = WithSubject(options.csv, [&] { return ReadCsv(ReadInput(options.csv)); });
+  if (rows.empty()) throw Failure(Visible(options.csv) + ": no header line");
   TQXStringTable table("#TEMP");
   std::string header;
   for (const std::string& name : rows.front()) {
@@ -134,7 +135,7 @@ void FromCsv(const Options& options) {
   table.Add(std::move(header));
   for (std::size_t i = 1; i < rows.size(); ++i) {
     if (rows[i].size() > rows.front().size())
-      throw Failure(Visible(options.value) + ": row " + std::to_string(i + 1) +
+      throw Failure(Visible(options.csv) + ": row " + std::to_string(i + 1) +
                     " has more cells than the header");
     for (const std::string& cell : rows[i]) CheckText(GenField(cell));
     table.AddRecord(rows[i]);
@@ -156,12 +157,12 @@ void AddTableCommand(Command program) {
   place(table.Add("get", "Print one text", options, Get));
   Command set = table.Add("set", "Set one text", options, Set);
   place(set);
-  set.Text("TEXT", options->value).Required();
+  set.Text("TEXT", options->text).Required();
   table.Add("append", "Append a record", options, Append)
       .Texts("TEXT", options->values, "Its texts, in the header's order");
   table.Add("to-csv", "Print the table as CSV", options, ToCsv);
   table.Add("from-csv", "Make the table anew from a CSV file", options, FromCsv)
-      .Text("CSV", options->value, "CSV file; its first row names the fields")
+      .Text("CSV", options->csv, "CSV file; its first row names the fields")
       .Required();
 }
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "Edge.h"
+#include "TextIo.h"
 #include "database/Charset.h"
 
 namespace qxtool {

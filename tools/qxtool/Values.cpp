@@ -11,7 +11,7 @@
 #include <iterator>
 #include <limits>
 
-#include "Edge.h"
+#include "TextIo.h"
 
 namespace qxtool {
 

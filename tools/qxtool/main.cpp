@@ -3,13 +3,9 @@
 #include <exception>
 
 #include "Commands.h"
-#include "Edge.h"
+#include "TextIo.h"
 
 namespace {
-
-constexpr int kDone = 0;
-constexpr int kFound = 1;
-constexpr int kFailed = 2;
 
 void AddCommands(qxtool::Command program) {
   qxtool::Encoding& encoding = qxtool::GetEncoding();
@@ -23,7 +19,7 @@ void AddCommands(qxtool::Command program) {
       "--utf8-terminal", [&encoding] { encoding.utf8Terminal = true; },
       "Arguments and output are UTF-8, files are code page 950");
   qxtool::AddCallCommand(program);
-  qxtool::AddCommandCommand(program);
+  qxtool::AddFillCommand(program);
   qxtool::AddConvertCommand(program);
   qxtool::AddDateCommand(program);
   qxtool::AddFileTypeCommand(program);
@@ -34,18 +30,17 @@ void AddCommands(qxtool::Command program) {
   qxtool::AddTableCommand(program);
 }
 
-int Fail(const char* message) {
+qxtool::ExitStatus Fail(const char* message) {
   std::fprintf(stderr, "qxtool: %s\n", message);
-  return kFailed;
+  return qxtool::kFailed;
 }
 
 int Run(int argc, char** argv) {
-  const bool done =
+  const qxtool::ExitStatus status =
       qxtool::RunCommandLine(argc, argv, "Work with statements and files of qxTools applications",
                              "qxtool " QXTOOL_VERSION, AddCommands);
-  if (!done) return kFailed;
   qxtool::FlushOutput();
-  return qxtool::WasFound() ? kFound : kDone;
+  return status;
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "Commands.h"
-#include "Edge.h"
-#include "RunStatement.h"
+#include "RunOptions.h"
+#include "TextIo.h"
 #include "TextTable.h"
 #include "Values.h"
 
@@ -56,7 +56,7 @@ void Run(const Options& options) {
 
 }  // namespace
 
-void AddCommandCommand(Command program) {
+void AddFillCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command command = program.Add("command", "Fill the @ parameters of a command in", options, Run);
   command.Text("FILE", options->file, "Command text with @ parameters; - is standard input").Required();

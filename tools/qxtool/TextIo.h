@@ -49,10 +49,6 @@ void FlushOutput();
 /// Saves text as a whole file, in the encoding of files. @throws Failure; the old file stays then.
 void SaveText(const std::string& fileName, const std::string& text);
 
-/// Exit status 1: a check has found something.
-void TellFound();
-bool WasFound();
-
 /// A name for a message: control bytes made visible, as the terminal shows text.
 std::string Visible(std::string_view text);
 
@@ -61,7 +57,7 @@ std::string VisibleText(std::string_view text);
 
 /// Runs `body`; a failure in it is told as one of `subject` (a file or an option).
 template <class Body>
-auto Naming(const std::string& subject, Body&& body) {
+auto WithSubject(const std::string& subject, Body&& body) {
   try {
     return body();
   } catch (const Failure&) {

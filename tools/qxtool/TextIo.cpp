@@ -1,4 +1,4 @@
-#include "Edge.h"
+#include "TextIo.h"
 
 #include <qxTools/base/CodePage950.h>
 #include <qxTools/base/Exceptions.h>
@@ -83,18 +83,8 @@ void SaveText(const std::string& fileName, const std::string& text) {
   const std::string bytes = utf8 ? qxTools::BytesToUtf8(text) : text;
   if (utf8 && qxTools::Utf8ToBytes(bytes) != text)
     throw Failure(Visible(fileName) + ": the text holds bytes that are no characters; nothing was saved");
-  Naming(fileName, [&] { qxTools::SaveWholeFile(fileName, bytes); });
+  WithSubject(fileName, [&] { qxTools::SaveWholeFile(fileName, bytes); });
 }
-
-namespace {
-
-bool found = false;
-
-}  // namespace
-
-void TellFound() { found = true; }
-
-bool WasFound() { return found; }
 
 std::string Visible(std::string_view text) {
   std::string shown;

@@ -1,0 +1,28 @@
+// The options of --run, and what a command does with them: it runs its text, or prints it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "CommandLine.h"
+#include "database/Charset.h"
+
+namespace qxtool {
+
+struct RunOptions {
+  std::string connection;  // empty: the text is only shown
+  std::string charset = "utf8";
+  bool csv = false;
+};
+
+/// Adds --run, which it returns, and the options that belong to it.
+Option AddRunOptions(Command& command, RunOptions& options);
+
+/// The encoding of the terminal.
+database::Charset Terminal();
+
+/// Runs `statement`, or prints it if there is no connection.
+/// @throws qxTools::Exception when the terminal's encoding has no form for a byte of it.
+void RunOrPrint(const RunOptions& options, std::string_view statement);
+
+}  // namespace qxtool
