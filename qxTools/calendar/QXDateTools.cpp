@@ -20,7 +20,7 @@ constexpr char kYearMark[] = "\xA6\x7E";   // 年
 constexpr char kMonthMark[] = "\xA4\xEB";  // 月
 constexpr char kDayMark[] = "\xA4\xE9";    // 日
 
-// On purpose: Sunday stands at both ends, so that it may be counted as 0 or as 7.
+// On purpose: Sunday is at both ends, so that it can be counted as 0 or as 7.
 constexpr const char* kWeekNames[] = {
     "\xAC\x50\xB4\xC1\xA4\xE9",  // 星期日
     "\xAC\x50\xB4\xC1\xA4\x40",  // 星期一

@@ -67,7 +67,7 @@ int Byte(char c) { return static_cast<unsigned char>(c); }
 
 bool IsAscii(char c) { return Byte(c) < 0x80; }
 
-/// The byte behind the one at `p`; behind the last one stands a zero.
+/// The byte after the one at `p`; a zero after the last one.
 int SecondAt(const char* p, const char* end) { return end - p > 1 ? Byte(p[1]) : 0; }
 
 std::uint16_t EntryAt(const PairTable& table, const char* p, const char* end) {
@@ -103,7 +103,7 @@ void ConvertPiece(const PairTable& table, const char*& p, const char* stop, cons
   }
 }
 
-/// Appends to `result` what begins before `stop`, and answers where the next character begins. It goes by
+/// Appends to `result` what begins before `stop`, and returns where the next character begins. It works in
 /// pieces through the stack, so that the memory of the result is written once.
 const char* Append(std::string& result, const PairTable& table, const char* p, const char* stop,
                    const char* end) {

@@ -1,10 +1,11 @@
 /// @file
-/// GB2312 (simplified characters) to BIG5 (traditional characters) and back, by two fixed tables: a character
-/// with no counterpart becomes two spaces, and every byte that is no part of a character is copied.
+/// Converts GB2312 (simplified characters) to BIG5 (traditional characters) and back, by two fixed tables. A
+/// character without a counterpart becomes two spaces; a byte that is not part of a character is copied.
 ///
-/// The tables are constant data; nothing has to be started, and any number of threads may convert at a time.
-/// docs/encodings.md lists what they hold, how a counterpart was chosen, and what has none.
-/// Both directions are linear and allocate nothing but the result.
+/// The tables are constant data: nothing has to be started, and any number of threads may convert at the same
+/// time. docs/encodings.md lists the tables, how counterparts were chosen, and which characters have none.
+/// Both directions are linear and allocate only the result. If memory runs out, std::bad_alloc is thrown;
+/// nothing else is.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -16,35 +17,38 @@
 
 namespace qxTools::CVCode {
 
-/// `text` in BIG5, as long as `text`, or one byte longer where its last byte stands alone (below).
-/// On purpose: only the place in the table decides what is a character. A lead byte A1 to F9 takes the byte
-/// behind it along whatever it is, as long as row and column fall into the table (A3 41 does); so does the
-/// pair A0 FF. At the very end a lone byte A3 to F9 is paired with a zero byte and gives two bytes.
+/// Returns GB2312 text in BIG5. The result is as long as `text`, or one byte longer if `text` ends in half of
+/// a character (see below). On purpose: only the place in the table decides what is a character. A lead byte
+/// A1 to F9 forms a character with any byte that follows it, if row and column are inside the table (A3 41 is
+/// a character); so does the pair A0 FF. At the end of the text, a single byte A3 to F9 is paired with a zero
+/// byte and gives two bytes.
 QXTOOLS_API std::string GBtoBIG5(std::string_view text);
 
-/// `text` in GB2312, as long as `text`. A lead byte A1 to FE without a trail byte 40 to 7E or A1 to FE is
-/// copied, and the next byte is looked at afresh.
-/// On purpose: the ideographic space A140 and the full-width point A144 have no counterpart.
+/// Returns BIG5 text in GB2312. The result is as long as `text`. A lead byte A1 to FE that no trail byte (40
+/// to 7E or A1 to FE) follows is copied, and the next byte may begin a character. On purpose: the ideographic
+/// space A140 and the full-width point A144 have no counterpart.
 QXTOOLS_API std::string BIG5toGB(std::string_view text);
 
-/// From which set to which.
+/// The direction of a TConverter: GB2312 to BIG5 or BIG5 to GB2312.
 enum TDirection { drGBtoBIG5, drBIG5toGB };
 
-/// The same conversion for text that comes in pieces, cut anywhere: the results of `Convert` and, at the end,
-/// of `Finish` make up what the function above gives for the whole. Between pieces it holds one byte at most.
+/// Converts text that comes in pieces, cut anywhere: the results of all calls of Convert and, at the end, of
+/// Finish together are what GBtoBIG5 or BIG5toGB returns for the whole text. Between pieces it holds one byte
+/// at most. Not thread-safe; use one converter a thread.
 class QXTOOLS_API TConverter {
  public:
-  /// Told of each character that becomes two spaces: its offset in the whole text, in bytes from 0, and the
-  /// character, lead byte first (0xB0A1 for B0 A1).
+  /// Called for each character that becomes two spaces, with its offset in the whole text (bytes, from 0) and
+  /// the character, lead byte first (0xB0A1 for the bytes B0 A1).
   using TMissing = std::function<void(std::uint64_t offset, std::uint16_t code)>;
 
-  /// Begins a text.
+  /// Begins a text. `onMissing` may be null. If it throws, the exception passes through; then go on with a
+  /// new converter only.
   explicit TConverter(TDirection direction, TMissing onMissing = nullptr);
 
-  /// `piece` converted, all but a last byte that may begin a character.
+  /// Returns `piece` converted, except a last byte that may begin a character: it is kept for the next call.
   std::string Convert(std::string_view piece);
 
-  /// What is left of the text; the next piece begins a new one.
+  /// Returns the rest of the text, converted. The next call of Convert begins a new text.
   std::string Finish();
 
  private:

@@ -1,16 +1,16 @@
 /// @file
-/// Colour text for HTML.
+/// Coloured text for HTML.
 #pragma once
 
 #include <qxTools/graphics/QXColorMode.h>
 
 namespace qxTools::QXHTML {
 
-/// The same function in both units.
+/// Returns "#" and three channels in hexadecimal: QXColorMode::HTMLRGB under this unit's name.
 using QXColorMode::HTMLRGB;
 
-/// `<Font Color=COLOR>TEXT</Font>`.
-/// On purpose: no quotes stand around the colour, and neither text is escaped.
+/// Returns `<Font Color=COLOR>TEXT</Font>`.
+/// On purpose: the colour has no quotes around it, and neither text is escaped.
 QXTOOLS_API std::string HTMLColor(std::string_view color, std::string_view text);
 
 }  // namespace qxTools::QXHTML

@@ -12,7 +12,7 @@ namespace qxTools::QXStrTools {
 namespace {
 
 // Replaces from left to right in one reading. That is exact as long as no replacement becomes part of a new
-// occurrence together with what stands around it; once one does, there is no result. `compared` is the form
+// occurrence together with the text around it; if one does, there is no result. `compared` is the form
 // of `s` in which `old` is looked for.
 std::optional<std::string> ReplaceInOneReading(std::string_view s, std::string_view compared,
                                                std::string_view old, std::string_view replacement) {
