@@ -12,6 +12,8 @@ namespace {
 
 constexpr Integer kShortRecord = 16;  // a walk over so few names is as quick
 
+HashTag TagOf(std::string_view name) { return {stores::CaselessHash(name)}; }
+
 }  // namespace
 
 // --- By name -----------------------------------------------------------------
@@ -25,7 +27,8 @@ void FirstByName::Build(pQXTreeNodeLink parent) {
 }
 
 pQXTreeNodeLink FirstByName::Find(std::string_view name) const {
-  return links_.Find(NameTag(name), Bears(name));
+  const pQXTreeNodeLink* const found = links_.Find(TagOf(name), HasName(name));
+  return found != nullptr ? *found : nullptr;
 }
 
 pQXTreeNodeLink FirstByName::Walk(pQXTreeNodeLink parent, std::string_view name) const {
@@ -45,14 +48,14 @@ void FirstByName::Append(pQXTreeNodeLink link) {
 void FirstByName::Put(pQXTreeNodeLink link) {
   if (PairOf(link) == nullptr) return;
   const std::string_view name = NameOf(link);
-  if (links_.Insert(link, NameTag(name), Bears(name)) != nullptr) shared_ = true;
+  if (links_.Insert(link, TagOf(name), HasName(name)) != link) shared_ = true;
 }
 
 void FirstByName::Remove(pQXTreeNodeLink link) {
   if (parent_ == nullptr || PairOf(link) == nullptr) return;
   const std::string_view name = NameOf(link);
   if (Find(name) != link) return;
-  links_.Erase(NameTag(name), Bears(name));
+  links_.Erase(TagOf(name), HasName(name));
   if (shared_) Drop();
 }
 

@@ -3,8 +3,8 @@
 /// its own use.
 #pragma once
 
+#include <qxTools/runtime/HashIndex.h>
 #include <qxTools/stores/Caseless.h>
-#include <qxTools/stores/LinkTable.h>
 #include <qxTools/stores/TreeOrder.h>
 #include <qxTools/stores/qxIniTools.h>
 
@@ -15,16 +15,6 @@ inline pQXIniPair PairOf(pQXTreeNodeLink link) { return PairOf(link->Node); }
 
 /// A text of a pair.
 inline std::string_view View(const char* text) { return text != nullptr ? text : std::string_view(); }
-
-/// What the index of names keeps beside a link.
-struct NameTag {
-  std::size_t hash = 0;
-
-  NameTag() = default;
-  explicit NameTag(std::string_view name) : hash(stores::CaselessHash(name)) {}
-  std::size_t Hash() const { return hash; }
-  bool operator==(const NameTag&) const = default;
-};
 
 /// The first of each name among the children of one parent. Children without a pair have no name.
 class FirstByName {
@@ -50,14 +40,14 @@ class FirstByName {
  private:
   void Put(pQXTreeNodeLink link);
   std::string_view NameOf(pQXTreeNodeLink link) const { return View(PairOf(link)->*name_); }
-  auto Bears(std::string_view name) const {
+  auto HasName(std::string_view name) const {
     return [this, name](pQXTreeNodeLink link) { return SameText(NameOf(link), name); };
   }
 
   char* TQXIniPair::*name_;
   pQXTreeNodeLink parent_ = nullptr;
   bool shared_ = false;  // a name was met twice: when the first goes, the next is not known
-  qxTreeList::LinkTable<NameTag> links_;
+  HashIndex<pQXTreeNodeLink> links_;
 };
 
 /// The nodes of a section by their number in tree order. The last place is remembered, and the next search

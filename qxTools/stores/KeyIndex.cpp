@@ -39,7 +39,8 @@ auto HasKey(const TNodeKey& key, bool whole) {
 
 pQXTreeNodeLink KeyIndex::Find(const TNodeKey& key) const {
   const KeyBytes bytes(key);
-  return links_.Find(bytes, HasKey(key, bytes.IsWhole()));
+  const pQXTreeNodeLink* const found = links_.Find(bytes, HasKey(key, bytes.IsWhole()));
+  return found != nullptr ? *found : nullptr;
 }
 
 bool KeyIndex::IsShared(const TNodeKey& key) const { return !shared_.empty() && shared_.contains(key); }
@@ -51,7 +52,7 @@ void KeyIndex::Insert(pQXTreeNodeLink link) {
     return;
   }
   const KeyBytes bytes(key);
-  if (links_.Insert(link, bytes, HasKey(key, bytes.IsWhole())) == nullptr) return;
+  if (links_.Insert(link, bytes, HasKey(key, bytes.IsWhole())) == link) return;
   shared_.emplace(key, 2);
   links_.Erase(bytes, HasKey(key, bytes.IsWhole()));
 }

@@ -2,7 +2,8 @@
 /// From a node's key to its link, in constant time on average. For the tree store's own use.
 #pragma once
 
-#include <qxTools/stores/LinkTable.h>
+#include <qxTools/runtime/HashIndex.h>
+#include <qxTools/stores/qxTreeList.h>
 
 #include <unordered_map>
 
@@ -36,7 +37,7 @@ class KeyIndex {
     std::size_t operator()(const TNodeKey& key) const { return KeyBytes(key).Hash(); }
   };
 
-  LinkTable<KeyBytes> links_;
+  HashIndex<pQXTreeNodeLink, KeyBytes> links_;
   std::unordered_map<TNodeKey, std::size_t, KeyHash> shared_;
 };
 
