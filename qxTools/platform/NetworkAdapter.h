@@ -31,8 +31,9 @@ class QXTOOLS_API AdapterSource {
 /// @return the source plugged in before, or null.
 QXTOOLS_API AdapterSource* SetAdapterSource(AdapterSource* source);
 
-/// Reads the link-layer address of the adapter with the lowest interface index, of those that are no
-/// loopback and have a six-byte address which is not all zeros.
+/// Reads the link-layer address of an adapter, of those that are no loopback and have a six-byte address
+/// which is not all zeros. A permanent address of an adapter with hardware behind it goes first, then a
+/// permanent one, then the rest; among equals the lowest interface index decides.
 QXTOOLS_API AdapterStatus ReadAdapterAddress(AdapterAddress& address);
 
 }  // namespace qxTools

@@ -1,4 +1,4 @@
-#include <qxTools/platform/Clock.h>
+#include <qxTools/platform/SystemClock.h>
 
 #include <atomic>
 #include <ctime>
@@ -10,8 +10,6 @@ namespace {
 
 constexpr double kSecondsPerDay = 86400.0;
 constexpr double kUnixEpoch = 25569.0;  // 1 January 1970 in days since 30 December 1899
-
-ClockSource* pluggedIn = nullptr;
 
 // The UTC offset of the second that was last asked for: the second above kOffsetBits, the offset in them. One
 // word, so that threads never see half of it; one second, so that a change of the offset is not missed.
@@ -29,6 +27,8 @@ std::int64_t OffsetAt(std::time_t second) {
   return local.tm_gmtoff;
 }
 
+}  // namespace
+
 TDateTime SystemNow() {
   timespec time{};
   clock_gettime(CLOCK_REALTIME, &time);
@@ -37,17 +37,5 @@ TDateTime SystemNow() {
   const double seconds = static_cast<double>(local - day * 86400) + static_cast<double>(time.tv_nsec) * 1e-9;
   return kUnixEpoch + static_cast<double>(day) + seconds / kSecondsPerDay;
 }
-
-}  // namespace
-
-ClockSource::~ClockSource() = default;
-
-ClockSource* SetClockSource(ClockSource* source) {
-  ClockSource* const before = pluggedIn;
-  pluggedIn = source;
-  return before;
-}
-
-TDateTime Now() { return pluggedIn != nullptr ? pluggedIn->Now() : SystemNow(); }
 
 }  // namespace qxTools

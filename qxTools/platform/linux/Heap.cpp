@@ -1,45 +1,16 @@
 #include <malloc.h>
-#include <qxTools/platform/Heap.h>
+#include <qxTools/platform/SystemHeap.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <cstring>
 
 namespace qxTools {
 
-namespace {
+void* SystemResize(void* block, std::size_t size) { return std::realloc(block, size); }
 
-// The allocator's smallest block has room for some bytes, so a block of size 0 is not one of its own.
-alignas(std::max_align_t) char emptyBlock[1];
+void* SystemZeroed(std::size_t size) { return std::calloc(1, size); }
 
-// Growth takes half as much again where memory allows, so that few steps copy.
-void* Reallocate(void* block, std::size_t room, std::size_t size) {
-  if (size > room)
-    if (void* const roomy = std::realloc(block, std::max(size, room + room / 2))) return roomy;
-  void* const moved = std::realloc(block, size);
-  if (moved == nullptr) std::free(block);
-  return moved;
-}
+void SystemFree(void* block) { std::free(block); }
 
-}  // namespace
-
-void* HeapCreate(std::size_t size) { return size == 0 ? emptyBlock : std::calloc(1, size); }
-
-void* HeapResize(void* block, std::size_t oldSize, std::size_t newSize) {
-  const std::size_t room = HeapSize(block);
-  const std::size_t kept = std::min(oldSize, room);
-  if (room == 0) block = nullptr;
-  if (newSize > room || newSize < room / 4) block = Reallocate(block, room, newSize);
-  if (block != nullptr && newSize > kept) std::memset(static_cast<char*>(block) + kept, 0, newSize - kept);
-  return block;
-}
-
-void HeapFree(void* block) {
-  if (block != emptyBlock) std::free(block);
-}
-
-std::size_t HeapSize(const void* block) {
-  return block == emptyBlock ? 0 : malloc_usable_size(const_cast<void*>(block));
-}
+std::size_t SystemSize(void* block) { return malloc_usable_size(block); }
 
 }  // namespace qxTools
