@@ -34,7 +34,7 @@ void TStrings::SetText(std::string_view text) {
 }
 
 void TStrings::Assign(const TStrings& source) {
-  lines_ = source.lines_;
+  lines_ = std::vector(source.lines_);  // a copy first: without memory for it nothing changes
   Changed();
 }
 
@@ -72,6 +72,10 @@ void TStrings::Clear() {
   Changed();
 }
 
+void TStrings::SetOnChange(TNotifyEvent event) {
+  onChange_ = event ? std::make_shared<TNotifyEvent>(std::move(event)) : nullptr;
+}
+
 void TStrings::EndUpdate() {
   if (updates_ > 0) --updates_;
   Changed();
@@ -84,9 +88,17 @@ std::size_t TStrings::Checked(Integer index) const {
 
 void TStrings::Changed() {
   ++changes_;
-  if (updates_ != 0 || !onChange_) return;
-  const TNotifyEvent event = onChange_;  // it may set another one while it runs
-  event(this);
+  if (updates_ != 0 || onChange_ == nullptr) return;
+  const std::shared_ptr<TNotifyEvent> event = onChange_;  // it may set another one while it runs
+  (*event)(this);
+}
+
+StringsUpdate::~StringsUpdate() noexcept(false) {
+  try {
+    list_.EndUpdate();
+  } catch (...) {
+    if (std::uncaught_exceptions() == exceptions_) throw;
+  }
 }
 
 }  // namespace qxTools

@@ -1,69 +1,88 @@
 /// @file
-/// A list of lines with a change event: what a command text, a declaration list or a table lives in.
+/// A list of lines with a change event. Command texts, declaration lists and tables are kept in such lists.
 ///
-/// Files are bytes: no conversion, no byte-order mark. A NUL in a line is an ordinary byte.
+/// Files are read and written as bytes: nothing is converted and no byte-order mark is added or removed. A
+/// NUL in a line is an ordinary byte.
 #pragma once
 
 #include <qxTools/base/Types.h>
 
+#include <exception>
+#include <memory>
 #include <vector>
 
 namespace qxTools {
 
 /// An ordered list of lines.
 ///
-/// Every change fires the change event. Between BeginUpdate and EndUpdate it is held back, and the outermost
-/// EndUpdate fires it once, whether anything changed or not. A bad index raises EListError, "List index out
-/// of bounds (N)".
+/// Every change fires the change event once, after the change. Between BeginUpdate and EndUpdate the event is
+/// held back; the outermost EndUpdate fires it once, whether anything changed or not. What the handler throws
+/// reaches the caller; the change has been made then. If memory runs out during a change, std::bad_alloc is
+/// thrown and the list is unchanged.
 class QXTOOLS_API TStrings : public TObject {
  public:
+  /// Makes an empty list without a change event.
   TStrings() = default;
-  /// A list of these lines.
+  /// Makes a list of these lines.
   TStrings(std::initializer_list<std::string> lines) : lines_(lines) {}
-  /// Copies take the lines and not the event.
+  /// Copies the lines. The change event is not copied.
   TStrings(const TStrings& other) : TObject(other), lines_(other.lines_) {}
-  /// The same as Assign.
+  /// Replaces the lines with those of `other`, as Assign does. The change event of this list is kept and
+  /// fired.
   TStrings& operator=(const TStrings& other);
   ~TStrings() override;
 
   // --- Whole text ------------------------------------------------------------------------------------
-  /// The lines joined with CR LF, with CR LF after the last one too; "" without lines.
+  /// Returns the lines, each followed by CR LF. Returns "" if there are none.
   std::string GetText() const;
-  /// Splits at CR LF, LF or CR. A break at the very end adds no empty line.
+  /// Replaces the lines with those of `text`, which is split at CR LF, LF or CR. A line break at the very end
+  /// adds no empty line.
   void SetText(std::string_view text);
-  /// Takes the lines of `source`, and not its event.
+  /// Replaces the lines with those of `source`. The change event of this list is kept and fired.
   void Assign(const TStrings& source);
-  /// @throws EFOpenError when the file cannot be opened, EReadError when reading fails; nothing changes then.
+  /// Replaces the lines with those of a file, split as SetText does.
+  /// @throws EFOpenError if the file cannot be opened, EReadError if it cannot be read; the list is unchanged
+  /// then.
   void LoadFromFile(const std::string& fileName);
-  /// Saves the text, whole or not at all.
-  /// @throws EFCreateError or EWriteError; the old file stays then.
+  /// Writes GetText() to a file. The file is replaced only when all of it has been written.
+  /// @throws EFCreateError if the file cannot be created, EWriteError if it cannot be written.
   void SaveToFile(const std::string& fileName) const;
 
   // --- Lines, counted from 0 -------------------------------------------------------------------------
+  /// Returns the number of lines.
   Integer GetCount() const { return static_cast<Integer>(lines_.size()); }
+  /// Returns the line at `index`. The reference is valid until the next change of the list.
+  /// @throws EListError "List index out of bounds (N)".
   const std::string& GetStrings(Integer index) const;
+  /// Replaces the line at `index`. Line breaks in `line` are kept in it.
+  /// @throws EListError "List index out of bounds (N)".
   void SetStrings(Integer index, std::string_view line);
-  /// Appends a line as it stands, breaks in it included.
-  /// @return its index.
+  /// Appends a line and returns its index. Line breaks in `line` are kept in it.
   Integer Add(std::string&& line);
+  /// Appends a copy of `line` and returns its index. Line breaks in `line` are kept in it.
   Integer Add(std::string_view line) { return Add(std::string(line)); }
+  /// Appends a copy of a zero-terminated line and returns its index. Line breaks in it are kept.
   Integer Add(const char* line) { return Add(std::string(line)); }
-  /// @throws EListError when `index` is outside 0 to the count.
+  /// Inserts a line before the line at `index`, or at the end if `index` is the number of lines.
+  /// @throws EListError "List index out of bounds (N)" for any other index.
   void Insert(Integer index, std::string_view line);
-  /// Deletes a line.
+  /// Deletes the line at `index`.
+  /// @throws EListError "List index out of bounds (N)".
   void Delete(Integer index);
-  /// Deletes all lines.
+  /// Deletes all lines. If there are none, the event is not fired.
   void Clear();
 
   // --- Change event ----------------------------------------------------------------------------------
-  void SetOnChange(TNotifyEvent event) { onChange_ = std::move(event); }
-  /// Holds the event back; calls nest.
+  /// Sets the function that is called after each change, or none. The handler may set another one.
+  void SetOnChange(TNotifyEvent event);
+  /// Holds the event back until the matching EndUpdate; calls nest. StringsUpdate does both in a block.
   void BeginUpdate() { ++updates_; }
-  /// Lets it go again.
+  /// Ends one BeginUpdate. The last one fires the event once. Without a BeginUpdate it only fires the event.
   void EndUpdate();
 
  protected:
-  /// Goes up with every change, so that what was worked out from the lines can be kept until the next.
+  /// Returns a number that grows with every change, so that what was derived from the lines can be kept until
+  /// the next one.
   std::uint64_t GetChanges() const { return changes_; }
 
  private:
@@ -71,12 +90,29 @@ class QXTOOLS_API TStrings : public TObject {
   void Changed();
 
   std::vector<std::string> lines_;
-  TNotifyEvent onChange_;
+  std::shared_ptr<TNotifyEvent> onChange_;
   std::uint64_t changes_ = 0;
   int updates_ = 0;
 };
 
-/// The list that hosts make; the units take and give it by the shorter name.
+/// An alias of TStrings, kept for ported code.
 using TStringList = TStrings;
+
+/// Holds back the change event of a list in a block: BeginUpdate when it is made, EndUpdate at the end of the
+/// block, also when an exception leaves the block.
+class QXTOOLS_API StringsUpdate {
+ public:
+  /// Calls `list.BeginUpdate()`. The list must outlive this object.
+  explicit StringsUpdate(TStrings& list) : list_(list) { list_.BeginUpdate(); }
+  StringsUpdate(const StringsUpdate&) = delete;
+  StringsUpdate& operator=(const StringsUpdate&) = delete;
+  /// Calls EndUpdate. What the handler of the event throws reaches the caller, unless an exception is on its
+  /// way already; then that one is kept.
+  ~StringsUpdate() noexcept(false);
+
+ private:
+  TStrings& list_;
+  int exceptions_ = std::uncaught_exceptions();
+};
 
 }  // namespace qxTools

@@ -171,11 +171,24 @@ IInterface* Variant::AsInterface() const {
   return reference != nullptr ? reference->Get() : nullptr;
 }
 
+bool Variant::IsLike(const Variant& other, VariantArrayPairs& pending) const {
+  if (type_ != other.type_) return false;
+  const auto* array = std::get_if<std::shared_ptr<VariantArray>>(&value_);
+  const auto* otherArray = std::get_if<std::shared_ptr<VariantArray>>(&other.value_);
+  if (array == nullptr || otherArray == nullptr) return value_ == other.value_;
+  pending.emplace_back(array->get(), otherArray->get());
+  return true;
+}
+
 bool operator==(const Variant& a, const Variant& b) {
-  if (a.type_ != b.type_) return false;
-  const auto* x = std::get_if<std::shared_ptr<VariantArray>>(&a.value_);
-  const auto* y = std::get_if<std::shared_ptr<VariantArray>>(&b.value_);
-  return x != nullptr && y != nullptr ? **x == **y : a.value_ == b.value_;
+  VariantArrayPairs pending;
+  if (!a.IsLike(b, pending)) return false;
+  while (!pending.empty()) {
+    const auto [array, otherArray] = pending.back();
+    pending.pop_back();
+    if (!array->IsLike(*otherArray, pending)) return false;
+  }
+  return true;
 }
 
 // --- Arrays ------------------------------------------------------------------------------------------
@@ -191,6 +204,11 @@ VariantArray& Variant::ArrayToWrite() {
   auto& array = std::get<std::shared_ptr<VariantArray>>(value_);
   if (array.use_count() > 1) array = std::make_shared<VariantArray>(*array);
   return *array;
+}
+
+std::shared_ptr<VariantArray> Variant::TakeArray() noexcept {
+  auto* const array = std::get_if<std::shared_ptr<VariantArray>>(&value_);
+  return array != nullptr ? std::move(*array) : nullptr;
 }
 
 Integer Variant::DimCount() const { return static_cast<Integer>(ArrayToRead().Bounds.size()); }

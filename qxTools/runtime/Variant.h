@@ -57,6 +57,7 @@ struct VarBounds {
 };
 
 struct VariantArray;
+using VariantArrayPairs = std::vector<std::pair<const VariantArray*, const VariantArray*>>;
 
 template <class T>
 concept VariantInteger =
@@ -197,8 +198,12 @@ class QXTOOLS_API Variant {
     }
   }
 
+  friend struct VariantArray;
+
   const VariantArray& ArrayToRead() const;
   VariantArray& ArrayToWrite();
+  std::shared_ptr<VariantArray> TakeArray() noexcept;
+  bool IsLike(const Variant& other, VariantArrayPairs& pending) const;
   bool HasNumber() const { return std::holds_alternative<std::int64_t>(value_); }
 
   VarType type_ = varEmpty;

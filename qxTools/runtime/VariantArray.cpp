@@ -1,6 +1,7 @@
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/VariantArray.h>
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -28,11 +29,36 @@ std::size_t ElementCount(std::span<const VarBounds> bounds) {
 void RaiseArrayIndex() { throw EVariantError("Variant array index out of bounds"); }
 
 VariantArray::VariantArray(std::span<const VarBounds> bounds, VarType element)
-    : Bounds(bounds.begin(), bounds.end()) {
-  if (element == varByte)
-    elements_ = std::vector<std::uint8_t>(ElementCount(bounds));
+    : Bounds(bounds.begin(), bounds.end()), isBytes_(element == varByte) {
+  if (isBytes_)
+    bytes_.resize(ElementCount(bounds));
   else
-    elements_ = std::vector<Variant>(ElementCount(bounds));
+    values_.resize(ElementCount(bounds));
+}
+
+VariantArray::~VariantArray() {
+  std::shared_ptr<VariantArray> doomed;
+  GiveUpArrays(doomed);
+  while (doomed != nullptr) {
+    const std::shared_ptr<VariantArray> array = std::move(doomed);
+    doomed = std::move(array->next_);
+    array->GiveUpArrays(doomed);
+  }
+}
+
+void VariantArray::GiveUpArrays(std::shared_ptr<VariantArray>& doomed) {
+  for (Variant& value : values_) {
+    std::shared_ptr<VariantArray> array = value.TakeArray();
+    if (array == nullptr || array.use_count() > 1) continue;
+    array->next_ = std::move(doomed);
+    doomed = std::move(array);
+  }
+}
+
+bool VariantArray::IsLike(const VariantArray& other, VariantArrayPairs& pending) const {
+  const auto isLike = [&pending](const Variant& a, const Variant& b) { return a.IsLike(b, pending); };
+  return Bounds == other.Bounds && isBytes_ == other.isBytes_ && bytes_ == other.bytes_ &&
+         std::equal(values_.begin(), values_.end(), other.values_.begin(), other.values_.end(), isLike);
 }
 
 std::size_t VariantArray::Offset(std::span<const Integer> indexes) const {
@@ -49,27 +75,25 @@ std::size_t VariantArray::Offset(std::span<const Integer> indexes) const {
 
 Variant VariantArray::Get(std::span<const Integer> indexes) const {
   const std::size_t offset = Offset(indexes);
-  if (const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&elements_)) return (*bytes)[offset];
-  return std::get<std::vector<Variant>>(elements_)[offset];
+  return isBytes_ ? Variant(bytes_[offset]) : values_[offset];
 }
 
 void VariantArray::Set(std::span<const Integer> indexes, const Variant& value) {
   const std::size_t offset = Offset(indexes);
-  if (auto* bytes = std::get_if<std::vector<std::uint8_t>>(&elements_))
-    (*bytes)[offset] = static_cast<std::uint8_t>(value.AsInteger());
+  if (isBytes_)
+    bytes_[offset] = static_cast<std::uint8_t>(value.AsInteger());
   else
-    std::get<std::vector<Variant>>(elements_)[offset] = value;
+    values_[offset] = value;
 }
 
 std::span<const std::uint8_t> VariantArray::Bytes() const {
-  const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&elements_);
-  if (bytes == nullptr) throw EVariantError("Variant is not an array of bytes");
-  return *bytes;
+  if (!isBytes_) throw EVariantError("Variant is not an array of bytes");
+  return bytes_;
 }
 
 std::span<std::uint8_t> VariantArray::Bytes() {
-  const auto bytes = std::as_const(*this).Bytes();
-  return {const_cast<std::uint8_t*>(bytes.data()), bytes.size()};
+  std::as_const(*this).Bytes();  // throws when there are none
+  return bytes_;
 }
 
 }  // namespace qxTools

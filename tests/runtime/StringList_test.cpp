@@ -23,8 +23,7 @@ TEST(StringList, EveryChangeFiresOnceAndABracketFiresAtItsEnd) {
   list.EndUpdate();
   list.Add("in");
   list.EndUpdate();
-  list.BeginUpdate();
-  list.EndUpdate();  // an empty bracket fires as well
+  { const StringsUpdate empty(list); }  // an empty bracket fires as well
   EXPECT_EQ(counts, (std::vector<Integer>{1, 2, 2, 3, 2, 4, 4}));
   // An event may replace itself: what it holds stays as long as it runs.
   list.SetOnChange([&, held = std::vector<Integer>{7, 8}](TObject*) {
@@ -33,6 +32,21 @@ TEST(StringList, EveryChangeFiresOnceAndABracketFiresAtItsEnd) {
   });
   list.Add("last");
   EXPECT_EQ(counts, (std::vector<Integer>{7, 8}));
+}
+
+TEST(StringList, ABracketEndsWhateverIsThrown) {
+  TStringList list;
+  int fired = 0;
+  list.SetOnChange([&](TObject*) { throw Exception("handler " + std::to_string(++fired)); });
+  const auto change = [&](const char* error) {
+    const StringsUpdate update(list);
+    list.Add("a");
+    if (*error != '\0') throw Exception(error);
+  };
+  EXPECT_EQ(MessageOf([&] { change(""); }), "handler 1");
+  EXPECT_EQ(MessageOf([&] { change("in the block"); }), "in the block");
+  EXPECT_EQ(MessageOf([&] { list.Add("b"); }), "handler 3");
+  EXPECT_EQ(list.GetText(), "a\r\na\r\nb\r\n");
 }
 
 TEST(StringList, IndexesAreChecked) {

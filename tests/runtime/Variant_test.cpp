@@ -23,24 +23,21 @@ class Counted : public IInterface {
 // clang-format off
 TEST(Variant, EachTypeHasItsCodeAndItsTextForm) {
   const std::string bytes("a\0b\xFF", 4);
-  ExpectRows<Variant, std::string>(
-      [](const Variant& value) { return std::to_string(value.Type()) + ": " + value.AsString(); }, {
-      {Variant(), "0: "}, {Variant::Null(), "1: "}, {std::int16_t{-5}, "2: -5"}, {-70000, "3: -70000"},
-      {0.1F, "4: 0.1"}, {-0.0, "5: 0"}, {999999999999999.9, "5: 1E15"}, {-HUGE_VAL, "5: -INF"},
-      {std::nan(""), "5: NAN"}, {Variant::FromCurrency(INT64_MIN), "6: -922337203685477.5808"},
-      {Variant::FromDate(EncodeDate(2003, 1, 2) + 0.75), "7: 2003/01/02 18:00:00"},
-      {u"a\u4E2D", "8: a\xA4\xA4"}, {Variant::FromError(-2147467259), "10: -2147467259"},
-      {true, "11: True"}, {false, "11: False"}, {std::int8_t{-7}, "16: -7"}, {std::uint8_t{200}, "17: 200"},
-      {std::uint16_t{65535}, "18: 65535"}, {UINT32_MAX, "19: 4294967295"},
-      {INT64_MAX, "20: 9223372036854775807"}, {bytes, "256: " + bytes},
-  });
+  Rows<Variant, std::string>([](const Variant& value) { return std::to_string(value.Type()) + ": " + value.AsString(); })
+      (Variant(), "0: ")(Variant::Null(), "1: ")(std::int16_t{-5}, "2: -5")(-70000, "3: -70000")
+      (0.1F, "4: 0.1")(-0.0, "5: 0")(999999999999999.9, "5: 1E15")(-HUGE_VAL, "5: -INF")
+      (std::nan(""), "5: NAN")(Variant::FromCurrency(INT64_MIN), "6: -922337203685477.5808")
+      (Variant::FromDate(EncodeDate(2003, 1, 2) + 0.75), "7: 2003/01/02 18:00:00")
+      (u"a\u4E2D", "8: a\xA4\xA4")(Variant::FromError(-2147467259), "10: -2147467259")
+      (true, "11: True")(false, "11: False")(std::int8_t{-7}, "16: -7")(std::uint8_t{200}, "17: 200")
+      (std::uint16_t{65535}, "18: 65535")(UINT32_MAX, "19: 4294967295")
+      (INT64_MAX, "20: 9223372036854775807")(bytes, "256: " + bytes);
 }
 
 TEST(Variant, IntegersAreRoundedToEvenAndKeptWithin32Bits) {
-  ExpectRows<Variant, Integer>([](const Variant& value) { return value.AsInteger(); }, {
-      {Variant(), 0}, {Variant::Null(), 0}, {true, -1}, {2.5, 2}, {2147483647.4, 2147483647}, {u" -12", -12},
-      {Variant::FromCurrency(25000), 2}, {Variant::FromCurrency(-35000), -4}, {Variant::FromDate(1.5), 2},
-  });
+  Rows<Variant, Integer>([](const Variant& value) { return value.AsInteger(); })
+      (Variant(), 0)(Variant::Null(), 0)(true, -1)(2.5, 2)(2147483647.4, 2147483647)(u" -12", -12)
+      (Variant::FromCurrency(25000), 2)(Variant::FromCurrency(-35000), -4)(Variant::FromDate(1.5), 2);
   for (const Variant& value : {Variant(2147483647.5), Variant(std::int64_t{1} << 31), Variant(std::nan(""))})
     EXPECT_THROW(value.AsInteger(), EVariantError) << value.AsString();
   EXPECT_EQ(MessageOf([] { Variant("12 ").AsInteger(); }), "'12 ' is not a valid integer value");
@@ -82,6 +79,25 @@ TEST(Variant, ArraysAreSharedUntilOneCopyIsWritten) {
     EXPECT_THROW(first.SetElement(index, 1), EVariantError);
   }
   EXPECT_EQ(MessageOf([] { Variant(1).GetElement(0); }), "Variant is not an array");
+}
+
+TEST(Variant, ArraysMayBeNestedDeeply) {
+  const auto nest = [](Variant array, Integer holders) {
+    for (int depth = 0; depth < 200000; ++depth) {
+      Variant outer = Variant::NewArray(1, 2);
+      for (Integer i = 1; i <= holders; ++i) outer.SetElement(i, array);
+      array = std::move(outer);
+    }
+    return array;
+  };
+  const Variant chain = nest(1, 1);
+  Variant copy = chain;
+  EXPECT_TRUE(copy == chain);
+  copy.SetElement(2, "changed");
+  EXPECT_FALSE(copy == chain);
+  EXPECT_TRUE(chain == nest(1, 1));
+  EXPECT_FALSE(chain == nest(2, 1));
+  nest(1, 2);  // deleted where each array is held twice
 }
 
 TEST(Variant, ArraysHaveDimensionsAndBytesAreBytes) {

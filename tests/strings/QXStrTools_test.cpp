@@ -29,70 +29,63 @@ TEST(QXStrTools, SearchesSurviveTheWorstTexts) {
   EXPECT_EQ(ReplaceAllStr(text, "a", "ba", false), Replicate("b", 200000) + text);
 }
 
-// Rows of what came out and what should.
-template <class T>
-void ExpectEqual(std::initializer_list<std::pair<T, T>> rows) {
-  ExpectRows<T>([](const T& got) { return got; }, rows);
-}
-
 // clang-format off
 TEST(QXStrTools, SearchesAndReplacementsHaveTheirOddCases) {
-  ExpectEqual<Integer>({
-      {At("cd", "abc", 1), -1}, {At("aa", "aaaa", 2), 2}, {Occurs("aa", "aaaa"), 3}, {At("", "abc", 1), 0},
-      {At("@", "\xA4\x40", 1), 2},  // the second byte of 一 is a byte like any other
-      {Atc("", ""), true}, {Atc("a\0"s, "a"), false}, {InList("", {}, true), false},
-      {InList("abc", {"x", "ABC"}, false), true}, {InList("abc", {"x", "ABC"}, true), false},
-  });
-  ExpectEqual<std::string>({
-      {GetAt("", "a,b", 2), "a,b"}, {GetAtLeft("", "a,b", 1), "a,b"}, {GetAtRight("", "a,b", 1), "a,b"},
-      {GetAt(",", "abc,d", 0), ""}, {GetAt(",", "abc,d", kMin), ""}, {GetAt(",", "ab", 0), "ab"},
-      {ReplaceStr("Select a", "SELECT", "update", true), "update a"},
-      {ReplaceAllStr("xAx", "x", "xx", false), "xxxAx"},  // what was put in is found again
-  });
+  Results<Integer>()
+      (At("cd", "abc", 1), -1)(At("aa", "aaaa", 2), 2)(Occurs("aa", "aaaa"), 3)(At("", "abc", 1), 0)
+      (At("@", "\xA4\x40", 1), 2)  // the second byte of 一 is a byte like any other
+      (Atc("", ""), true)(Atc("a\0"s, "a"), false)(InList("", {}, true), false)
+      (InList("abc", {"x", "ABC"}, false), true)(InList("abc", {"x", "ABC"}, true), false);
+  Results<std::string>()
+      (GetAt("", "a,b", 2), "a,b")(GetAtLeft("", "a,b", 1), "a,b")(GetAtRight("", "a,b", 1), "a,b")
+      (GetAt(",", "abc,d", 0), "")(GetAt(",", "abc,d", kMin), "")(GetAt(",", "ab", 0), "ab")
+      (ReplaceStr("Select a", "SELECT", "update", true), "update a")
+      (ReplaceAllStr("xAx", "x", "xx", false), "xxxAx");  // what was put in is found again
 }
 
 TEST(QXStrTools, TextIsTrimmedCutPaddedAndJoined) {
-  ExpectEqual<std::string>({
-      {Trim("  a b  ", TrimOrign[tsTrimAll]), "a b"}, {Trim("  a b  ", TrimOrign[tsTrimLeft]), "a b  "},
-      {Trim("  a b  ", TrimOrign[tsTrimRight]), "  a b"}, {Trim(" x ", TrimOrign[tsNotTrim]), " x "},
-      {Trim("  a b  ", 3), "a b"}, {Trim("  ", 1), ""}, {Trim("  ", 2), ""}, {Trim(" \t ", 0), "\t"},
-      {GetRightStr("a = b=c "), "b=c"}, {GetRightStr("abc"), ""},
-      {substr("abc", 2, 2), "bc"}, {substr("abc", 3, 9), "c\0\0"s}, {substr("abc", 0, 2), "\0a"s},
-      {substr("abc", 2147483647, 2147483647), "\0\0\0"s}, {substr("abc", kMin, 2), "\0\0"s},
-      {substr("abc", 1, -1), ""}, {CommaAdd("", "a", ","), "a"}, {CommaAdd("a", "", ","), "a,"},
-      {Space(2) + Space(-1), "  "}, {Replicate("ab", 3) + Replicate("ab", kMin), "ababab"},
-      {IIF(true, "a", "b") + IIF(false, "a", "b"), "ab"},
-  });
-  EXPECT_EQ(IIF(false, 1, 2) + IIF(true, 1.5, 2.5), 3.5);
-  EXPECT_TRUE(Empty("") && Empty("  ") && !Empty(" \t"));
+  Results<std::string>()
+      (Trim("  a b  ", TrimOrign[tsTrimAll]), "a b")(Trim("  a b  ", TrimOrign[tsTrimLeft]), "a b  ")
+      (Trim("  a b  ", TrimOrign[tsTrimRight]), "  a b")(Trim(" x ", TrimOrign[tsNotTrim]), " x ")
+      (Trim("  a b  ", 3), "a b")(Trim("  ", 1), "")(Trim("  ", 2), "")(Trim(" \t ", 0), "\t")
+      (GetRightStr("a = b=c "), "b=c")(GetRightStr("abc"), "")
+      (substr("abc", 2, 2), "bc")(substr("abc", 3, 9), "c\0\0"s)(substr("abc", 0, 2), "\0a"s)
+      (substr("abc", 2147483647, 2147483647), "\0\0\0"s)(substr("abc", kMin, 2), "\0\0"s)
+      (substr("abc", 1, -1), "")(CommaAdd("", "a", ","), "a")(CommaAdd("a", "", ","), "a,")
+      (Space(2), "  ")(Space(-1), "")(Replicate("ab", 3), "ababab")(Replicate("ab", kMin), "")
+      (IIF(true, "a", "b"), "a")(IIF(false, "a", "b"), "b");
+  Results<double>()(IIF(false, 1, 2), 2)(IIF(true, 1.5, 2.5), 1.5);
+  Results<bool>()(Empty(""), true)(Empty("  "), true)(Empty(" \t"), false);
 }
 
 TEST(QXStrTools, NumbersAreReadAsFarAsTheyGoAndWrap) {
-  ExpectEqual<Integer>({
-      {IntEx(""), 0}, {IntEx("abc"), 0}, {IntEx("-12"), -12}, {IntEx("12-3"), 123}, {IntEx("--5"), -5},
-      {IntEx("0-5"), -5}, {IntEx("+-+7"), -7}, {IntEx("12a34"), 12}, {IntEx(" 1"), 0},
-      {IntEx("4294967295"), -1}, {IntEx("2147483648"), kMin},
-      {IntEx("4294967296-7"), -7},  // wrapped back to 0, where "-" counts
-      {HexToInt('f') + HexToInt('A') + HexToInt('G'), 25},
-      {HexsToInt("1G2"), 18}, {HexsToInt("0x1F"), 31}, {HexsToInt("1FFFFFFFF"), -1},
-      {ModEx(10, 5), 5}, {ModEx(7, 5), 2}, {ModEx(0, 7), 7}, {ModEx(-7, 5), -2}, {ModEx(kMin, -1), -1},
-  });
-  EXPECT_EQ(StrEx(7, 3) + StrEx(1234, 2) + StrEx(0, 0) + StrEx(-7, 3) + StrEx(-7, -1), "00712340000");
+  Results<Integer>()
+      (IntEx(""), 0)(IntEx("abc"), 0)(IntEx("-12"), -12)(IntEx("12-3"), 123)(IntEx("--5"), -5)
+      (IntEx("0-5"), -5)(IntEx("+-+7"), -7)(IntEx("12a34"), 12)(IntEx(" 1"), 0)
+      (IntEx("4294967295"), -1)(IntEx("2147483648"), kMin)
+      (IntEx("4294967296-7"), -7)  // wrapped back to 0, where "-" counts
+      (HexToInt('f'), 15)(HexToInt('A'), 10)(HexToInt('G'), 0)
+      (HexsToInt("1G2"), 18)(HexsToInt("0x1F"), 31)(HexsToInt("1FFFFFFFF"), -1)
+      (ModEx(10, 5), 5)(ModEx(7, 5), 2)(ModEx(0, 7), 7)(ModEx(-7, 5), -2)(ModEx(kMin, -1), -1);
+  Results<std::string>()
+      (StrEx(7, 3), "007")(StrEx(1234, 2), "1234")(StrEx(0, 0), "0")
+      (StrEx(-7, 3), "000")(StrEx(-7, -1), "");
   EXPECT_EQ(MessageOf([] { ModEx(1, 0); }), "Division by zero");
 }
 
 TEST(QXStrTools, CodesAndMarkersAreFilledIn) {
-  ExpectEqual<std::string>({
-      {SerialNO("A0099", 1), "A0100"}, {SerialNO("A99", 1), "A100"}, {SerialNO("ABC", 1), "ABC1"},
-      {SerialNO("", 1), "1"}, {SerialNO("INV-007", 5), "INV-012"}, {SerialNO("A1B", -1), "A1B"},
-      {SerialNO("A0005", -10), "A0000"}, {SerialNO("4294967296", 1), "0000000001"},
-      {FormatEx("#x #S, #s#", "#"), "#x #, ##"}, {FormatEx("##S#S#S", "#"), "##S##"},
-      {KeyToStr(8), "BackSpace"}, {KeyToStr(19), "NumLock"}, {KeyToStr(144), "NumLock"}, {KeyToStr(16), ""},
-      {KeyToStr(47) + KeyToStr(48) + KeyToStr(57) + KeyToStr(58), "09"},
-      {KeyToStr(64) + KeyToStr(65) + KeyToStr(90) + KeyToStr(91), "AZ"},
-      {KeyToStr(95) + KeyToStr(96) + KeyToStr(105), "Num Pad 0Num Pad 9"}, {KeyToStr(108), ""},
-      {KeyToStr(112) + KeyToStr(123) + KeyToStr(124), "F1F12"}, {KeyToStr(220) + KeyToStr(65535), "\\"},
-  });
+  Results<std::string>()
+      (SerialNO("A0099", 1), "A0100")(SerialNO("A99", 1), "A100")(SerialNO("ABC", 1), "ABC1")
+      (SerialNO("", 1), "1")(SerialNO("INV-007", 5), "INV-012")(SerialNO("A1B", -1), "A1B")
+      (SerialNO("A0005", -10), "A0000")(SerialNO("4294967296", 1), "0000000001")
+      (FormatEx("#x #S, #s#", "#"), "#x #, ##")(FormatEx("##S#S#S", "#"), "##S##");
+}
+
+TEST(QXStrTools, KeysHaveNames) {
+  Rows<std::uint16_t, std::string>(KeyToStr)
+      (8, "BackSpace")(16, "")(19, "NumLock")(40, "Down Arrow")(46, "Delete")(47, "")(48, "0")(57, "9")(58, "")
+      (64, "")(65, "A")(90, "Z")(91, "")(95, "")(96, "Num Pad 0")(105, "Num Pad 9")(108, "")(112, "F1")
+      (123, "F12")(124, "")(144, "NumLock")(220, "\\")(65535, "");
 }
 // clang-format on
 
