@@ -18,9 +18,6 @@ runs() {
   diff <(printf '%s\n' "'O''Neil'" "TreeNode Not Opend." same) <("$@") >&2 || die "other lines from $*"
 }
 
-# --- The interface ---
-"$here/exported_symbols.sh" "$root/build/package/qxTools/libqxTools.so" "$here/symbols.txt"
-
 # --- An installed tree, moved ---
 for build in package-static package; do
   quietly cmake --install "$root/build/$build" --prefix "$work/installed"
@@ -29,6 +26,10 @@ prefix=$work/moved
 mv "$work/installed" "$prefix"
 libraries=$(dirname "$(find "$prefix" -name libqxTools.so)")
 
+# --- The interface ---
+"$here/interface.sh" "$root/build/package/qxTools/libqxTools.so" "$prefix/include" >&2
+
+# --- Programs that use it ---
 # consumer KIND DESKTOP: built with CMake against the moved tree.
 consumer() {
   quietly cmake -S "$here/consumer" -B "$work/$1" -DCMAKE_PREFIX_PATH="$prefix" -DKIND="$1" -DDESKTOP="$2"
