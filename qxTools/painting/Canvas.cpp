@@ -27,8 +27,9 @@ void TCanvas::SetBrushColor(TColor color) {
 }
 
 void TCanvas::LineTo(Integer x, Integer y) {
-  AddLine(position_, {x, y}, GetBounds(), pieces_);
-  PaintPieces(penColor_);
+  rects_.clear();
+  AddLine(position_, {x, y}, GetBounds(), rects_);
+  Paint(rects_, penColor_);
   position_ = {x, y};
 }
 
@@ -40,16 +41,17 @@ void TCanvas::FillRect(const TRect& rect) {
 
 void TCanvas::Polygon(std::span<const TPoint> points) {
   const TRect bounds = GetBounds();
-  if (brushStyle_ != bsClear) AddInside(points, bounds, pieces_);
-  PaintPieces(brushColor_);
+  rects_.clear();
+  if (brushStyle_ != bsClear) AddPolygonSpans(points, bounds, rects_);
+  const std::size_t inside = rects_.size();
   for (std::size_t i = 0; i < points.size(); ++i)
-    AddLine(points[i], points[(i + 1) % points.size()], bounds, pieces_);
-  PaintPieces(penColor_);
+    AddLine(points[i], points[(i + 1) % points.size()], bounds, rects_);
+  Paint(std::span(rects_).first(inside), brushColor_);
+  Paint(std::span(rects_).subspan(inside), penColor_);
 }
 
-void TCanvas::PaintPieces(TColor color) {
-  if (!pieces_.empty()) PaintRects(pieces_, ColorToRGB(color));
-  pieces_.clear();
+void TCanvas::Paint(std::span<const TRect> rects, TColor color) {
+  if (!rects.empty()) PaintRects(rects, ColorToRGB(color));
 }
 
 void TCanvas::CopyRect(const TRect& dest, const TBitmap& source) {

@@ -86,14 +86,14 @@ class QXTOOLS_API TCanvas : public TObject {
   virtual void PaintText(const TRect& clip, const TPoint& at, std::string_view text, TColor color) = 0;
 
  private:
-  void PaintPieces(TColor color);
+  void Paint(std::span<const TRect> rects, TColor color);
 
   TColor penColor_ = 0;
   TColor brushColor_ = 0xFFFFFF;
   TColor fontColor_ = 0;
   TBrushStyle brushStyle_ = bsSolid;
   TPoint position_;
-  std::vector<TRect> pieces_;  // of the line or polygon being drawn; kept for its memory
+  std::vector<TRect> rects_;  // of the line or polygon that was drawn last; kept for its memory
 };
 
 }  // namespace qxTools

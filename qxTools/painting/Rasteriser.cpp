@@ -9,9 +9,9 @@ namespace {
 
 /// floor((2 * k * factor + extra) / (2 * divisor)) for k = first, first + 1, ... without dividing again.
 /// `first`, `factor` without its sign and `divisor` are distances, below 2^32: their products fit 64 bits.
-class Quotients {
+class FloorDivisionStepper {
  public:
-  Quotients(std::int64_t first, std::int64_t factor, std::int64_t extra, std::int64_t divisor)
+  FloorDivisionStepper(std::int64_t first, std::int64_t factor, std::int64_t extra, std::int64_t divisor)
       : divisor_(2 * divisor) {
     const std::int64_t sign = factor < 0 ? -1 : 1;
     const std::uint64_t product = Unsigned(first) * Unsigned(sign * factor);
@@ -47,16 +47,16 @@ class Quotients {
 /// A coordinate that goes `length` steps up or down from `from`.
 struct Axis {
   Axis(Integer start, Integer end, Integer low, Integer high)
-      : from(start), length(std::int64_t{end} - start), step(1), firstSeen(low - from), endSeen(high - from) {
+      : from(start), length(std::int64_t{end} - start), step(1), clipBegin(low - from), clipEnd(high - from) {
     if (length >= 0) return;
     length = -length;
     step = -1;
-    firstSeen = from - high + 1;
-    endSeen = from - low + 1;
+    clipBegin = from - high + 1;
+    clipEnd = from - low + 1;
   }
 
   /// The coordinates from step `first` up to step `end`, in rising order.
-  Span Covered(std::int64_t first, std::int64_t end) const {
+  Range Covered(std::int64_t first, std::int64_t end) const {
     const std::int64_t low = step > 0 ? from + first : from - end + 1;
     return {static_cast<Integer>(low), static_cast<Integer>(low + end - first)};
   }
@@ -64,8 +64,8 @@ struct Axis {
   std::int64_t from;
   std::int64_t length;
   int step;
-  std::int64_t firstSeen;  // steps that lie in the clip: from this one
-  std::int64_t endSeen;    // up to, but without, this one
+  std::int64_t clipBegin;  // steps that lie in the clip: from this one
+  std::int64_t clipEnd;    // up to, but without, this one
 };
 
 /// How far a line has gone along its short axis after i steps along its long one: i * short / long, rounded
@@ -75,11 +75,13 @@ class Slope {
   Slope(const Axis& along, const Axis& across)
       : along_(along.length), across_(across.length), bias_(along.length - (across.step > 0 ? 1 : 0)) {}
 
-  std::int64_t OffsetAt(std::int64_t i) const { return Quotients(i, across_, bias_, along_).Value(); }
+  std::int64_t OffsetAt(std::int64_t i) const {
+    return FloorDivisionStepper(i, across_, bias_, along_).Value();
+  }
 
   /// The first step that has gone `offset` across, and those that go on from there; the line must go across.
-  Quotients StepsFrom(std::int64_t offset) const {
-    return Quotients(offset, along_, 2 * across_ - 1 - bias_, across_);
+  FloorDivisionStepper StepsFrom(std::int64_t offset) const {
+    return FloorDivisionStepper(offset, along_, 2 * across_ - 1 - bias_, across_);
   }
 
   /// The first step that has gone `offset` across, or the end.
@@ -94,22 +96,22 @@ class Slope {
   std::int64_t bias_;
 };
 
-TRect RectOf(const Span& x, const Span& y) { return {x.low, y.low, x.high, y.high}; }
+TRect RectOf(const Range& x, const Range& y) { return {x.low, y.low, x.high, y.high}; }
 
 /// Adds the runs of pixels that share a place on the short axis.
-void AddRuns(const Axis& along, const Axis& across, bool flat, std::vector<TRect>& pieces) {
+void AddRuns(const Axis& along, const Axis& across, bool flat, std::vector<TRect>& rects) {
   const Slope slope(along, across);
-  std::int64_t i = std::max({std::int64_t{0}, along.firstSeen, slope.FirstStepAt(across.firstSeen)});
-  const std::int64_t end = std::min({along.length, along.endSeen, slope.FirstStepAt(across.endSeen)});
+  std::int64_t i = std::max({std::int64_t{0}, along.clipBegin, slope.FirstStepAt(across.clipBegin)});
+  const std::int64_t end = std::min({along.length, along.clipEnd, slope.FirstStepAt(across.clipEnd)});
   if (i >= end) return;
   std::int64_t offset = slope.OffsetAt(i);
   const auto add = [&](std::int64_t runEnd) {
-    const Span longSide = along.Covered(i, runEnd);
-    const Span shortSide = across.Covered(offset, offset + 1);
-    pieces.push_back(flat ? RectOf(longSide, shortSide) : RectOf(shortSide, longSide));
+    const Range longSide = along.Covered(i, runEnd);
+    const Range shortSide = across.Covered(offset, offset + 1);
+    rects.push_back(flat ? RectOf(longSide, shortSide) : RectOf(shortSide, longSide));
   };
   if (across.length == 0) return add(end);
-  for (Quotients next = slope.StepsFrom(offset + 1); i < end; next.Advance(), ++offset) {
+  for (FloorDivisionStepper next = slope.StepsFrom(offset + 1); i < end; next.Advance(), ++offset) {
     const std::int64_t runEnd = std::min(next.Value(), end);
     add(runEnd);
     i = runEnd;
@@ -124,7 +126,7 @@ struct Edge {
   Integer row;
   Integer end;
   Integer left;
-  Quotients crossing;
+  FloorDivisionStepper crossing;
 };
 
 void AddEdge(TPoint upper, TPoint lower, const TRect& clip, std::vector<Edge>& edges) {
@@ -134,7 +136,8 @@ void AddEdge(TPoint upper, TPoint lower, const TRect& clip, std::vector<Edge>& e
   if (row >= end) return;
   const std::int64_t width = std::int64_t{lower.X} - upper.X;
   const std::int64_t height = std::int64_t{lower.Y} - upper.Y;
-  edges.push_back({row, end, upper.X, Quotients(std::int64_t{row} - upper.Y, width, 2 * height - 2, height)});
+  edges.push_back(
+      {row, end, upper.X, FloorDivisionStepper(std::int64_t{row} - upper.Y, width, 2 * height - 2, height)});
 }
 
 /// The edges that cross rows of the clip, by their first row.
@@ -146,27 +149,27 @@ std::vector<Edge> EdgesOf(std::span<const TPoint> points, const TRect& clip) {
   return edges;
 }
 
-void AddSpans(const std::vector<Edge>& crossed, Integer row, const TRect& clip, std::vector<TRect>& pieces) {
+void AddSpans(const std::vector<Edge>& crossed, Integer row, const TRect& clip, std::vector<TRect>& rects) {
   for (std::size_t i = 0; i + 1 < crossed.size(); i += 2) {
     const std::int64_t left = std::max<std::int64_t>(crossed[i].Crossing(), clip.Left);
     const std::int64_t right = std::min<std::int64_t>(crossed[i + 1].Crossing(), clip.Right);
     if (left < right)
-      pieces.push_back({static_cast<Integer>(left), row, static_cast<Integer>(right), row + 1});
+      rects.push_back({static_cast<Integer>(left), row, static_cast<Integer>(right), row + 1});
   }
 }
 
 }  // namespace
 
-void AddLine(const TPoint& from, const TPoint& to, const TRect& clip, std::vector<TRect>& pieces) {
+void AddLine(const TPoint& from, const TPoint& to, const TRect& clip, std::vector<TRect>& rects) {
   const Axis x(from.X, to.X, clip.Left, clip.Right);
   const Axis y(from.Y, to.Y, clip.Top, clip.Bottom);
   if (x.length >= y.length)
-    AddRuns(x, y, true, pieces);
+    AddRuns(x, y, true, rects);
   else
-    AddRuns(y, x, false, pieces);
+    AddRuns(y, x, false, rects);
 }
 
-void AddInside(std::span<const TPoint> points, const TRect& clip, std::vector<TRect>& pieces) {
+void AddPolygonSpans(std::span<const TPoint> points, const TRect& clip, std::vector<TRect>& rects) {
   const std::vector<Edge> edges = EdgesOf(points, clip);
   if (edges.empty()) return;
   std::vector<Edge> crossed;
@@ -175,7 +178,7 @@ void AddInside(std::span<const TPoint> points, const TRect& clip, std::vector<TR
     while (next != edges.end() && next->row == row) crossed.push_back(*next++);
     std::sort(crossed.begin(), crossed.end(),
               [](const Edge& a, const Edge& b) { return a.Crossing() < b.Crossing(); });
-    AddSpans(crossed, row, clip, pieces);
+    AddSpans(crossed, row, clip, rects);
     std::erase_if(crossed, [row](const Edge& edge) { return edge.end == row + 1; });
     for (Edge& edge : crossed) edge.crossing.Advance();
   }
@@ -186,7 +189,7 @@ TRect Intersection(const TRect& a, const TRect& b) {
           std::min(a.Bottom, b.Bottom)};
 }
 
-CopyAxis MapCopy(const Span& dest, const Span& clip, const Span& part, Integer size) {
+CopyAxis MapCopy(const Range& dest, const Range& clip, const Range& part, Integer size) {
   const Integer low = std::min(dest.low, dest.high);
   const Integer high = std::max(dest.low, dest.high);
   const std::int64_t length = std::int64_t{high} - low;
@@ -195,7 +198,7 @@ CopyAxis MapCopy(const Span& dest, const Span& clip, const Span& part, Integer s
   if (taken <= 0) return axis;
   for (Integer pixel = std::max(low, clip.low); pixel < std::min(high, clip.high); ++pixel) {
     const std::int64_t i = dest.low > dest.high ? std::int64_t{high} - 1 - pixel : std::int64_t{pixel} - low;
-    const std::int64_t source = part.low + Quotients(i, taken, taken - 1, length).Value();
+    const std::int64_t source = part.low + FloorDivisionStepper(i, taken, taken - 1, length).Value();
     if (source < 0 || source >= size) continue;
     if (axis.sources.empty()) axis.first = pixel;
     axis.sources.push_back(static_cast<Integer>(source));

@@ -8,6 +8,12 @@ namespace {
 
 constexpr std::size_t kLongestName = 255;
 
+/// The ancestor is known for one call only, however that ends.
+struct ForgetAtEnd {
+  TPersistent*& ancestor;
+  ~ForgetAtEnd() { ancestor = nullptr; }
+};
+
 }  // namespace
 
 TFiler::~TFiler() = default;
@@ -17,9 +23,8 @@ TFiler::~TFiler() = default;
 TWriter::~TWriter() = default;
 
 void TWriter::WriteProperties(TPersistent* object, TPersistent* ancestor) {
-  ancestor_ = ancestor;
+  const ForgetAtEnd forget{ancestor_ = ancestor};
   object->DefineProperties(*this);
-  ancestor_ = nullptr;
   stream_->WriteBuffer("", 1);
 }
 

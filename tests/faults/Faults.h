@@ -6,6 +6,8 @@
 /// of the libraries, for qxTools as for everything else in the process.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 
 namespace qxTools::test {
@@ -22,5 +24,35 @@ struct Outcome {
 /// Runs `call` while its n-th (from 1) request of that kind fails: out of memory, with EIO, or, from the n-th
 /// on, with ENOSPC.
 Outcome RunFailing(Fault fault, long n, const std::function<void()>& call);
+
+/// Calls `reaches` for n from 1 on until it says that there was no n-th call to fail.
+inline void ForEachCall(const std::function<bool(long n)>& reaches) {
+  long n = 1;
+  for (bool reached = true; reached; ++n) {
+    SCOPED_TRACE(n);
+    ASSERT_LT(n, 1000);
+    reached = reaches(n);
+  }
+  EXPECT_GT(n, 2) << "nothing failed";
+}
+
+/// Lets `change` run out of memory at each of its requests in turn, each time on an object that `make` made
+/// anew: what `state` says of the object is as before then, and as it should be after a second try.
+template <class Make, class Change, class State>
+void ExpectAllOrNothing(const Make& make, const Change& change, const State& state) {
+  auto changed = make();
+  change(changed);
+  const auto want = state(changed);
+  ForEachCall([&](long n) {
+    auto object = make();
+    const auto before = state(object);
+    const Outcome outcome = RunFailing(Fault::kMemory, n, [&] { change(object); });
+    EXPECT_EQ(outcome.error, outcome.reached ? Error::kMemory : Error::kNone);
+    EXPECT_EQ(state(object), outcome.reached ? before : want);
+    if (outcome.reached) change(object);
+    EXPECT_EQ(state(object), want);
+    return outcome.reached;
+  });
+}
 
 }  // namespace qxTools::test

@@ -39,17 +39,6 @@ std::ptrdiff_t OpenFiles() {
                        std::filesystem::directory_iterator());
 }
 
-/// Calls `reaches` for n from 1 on until it says that there was no n-th call to fail.
-void ForEachCall(const std::function<bool(long n)>& reaches) {
-  long n = 1;
-  for (bool reached = true; reached; ++n) {
-    SCOPED_TRACE(n);
-    ASSERT_LT(n, 1000);
-    reached = reaches(n);
-  }
-  EXPECT_GT(n, 2) << "nothing failed";
-}
-
 // --- Saving and loading --------------------------------------------------------------------------------
 
 /// An object that loads a file, and all that it holds as text.
