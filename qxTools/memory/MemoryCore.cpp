@@ -49,7 +49,7 @@ void* TMemoryOperation::FindInterface(const GUID& iid) {
 
 void TMemoryOperation::Assign(const TMemoryOperation& source) {
   SetSize(source.size_);
-  Move(address_, source.address_, Bytes(size_));
+  if (address_ != nullptr && source.address_ != nullptr) Move(address_, source.address_, Bytes(size_));
 }
 
 THandle TMemoryOperation::GetHandle() const { return reinterpret_cast<THandle>(address_); }
@@ -90,30 +90,36 @@ void TMemoryOperation::Write(const void* buffer, Integer count) {
 // --- The array ---------------------------------------------------------------
 
 TMemoryBank::TMemoryBank(Integer aElementSize)
-    : MemoryFace(aElementSize), elementSize_(aElementSize), ownSize_(aElementSize) {
-  UpdateReach();
+    : TMemoryOperation(aElementSize), elementSize_(aElementSize), declaredElementSize_(aElementSize) {
+  UpdateValidCount();
 }
 
 TMemoryBank::~TMemoryBank() = default;
+
+void* TMemoryBank::FindInterface(const GUID& iid) {
+  return iid == IMemoryBank::IID ? static_cast<IMemoryBank*>(this) : TMemoryOperation::FindInterface(iid);
+}
 
 Integer TMemoryBank::GetCount() const { return count_; }
 
 void TMemoryBank::SetCount(Integer value) {
   if (count_ < 1) throw Exception("Count cann`t small then 1");
   count_ = value;
-  UpdateReach();
-  SetSize(static_cast<Integer>(static_cast<std::uint32_t>(value) * static_cast<std::uint32_t>(elementSize_)));
+  const std::uint32_t size = static_cast<std::uint32_t>(value) * static_cast<std::uint32_t>(elementSize_);
+  if (static_cast<Integer>(size) <= 0) UpdateValidCount();  // SetSize throws
+  SetSize(static_cast<Integer>(size));
 }
 
 void TMemoryBank::SetSize(Integer value) {
-  MemoryFace::SetSize(value);
-  UpdateReach();
+  TMemoryOperation::SetSize(value);
+  UpdateValidCount();
 }
 
-void TMemoryBank::UpdateReach() {
-  const Integer inside = elementSize_ > 0 ? size_ / elementSize_ : count_;
-  reach_ = static_cast<std::uint32_t>(std::max(std::min(count_, inside), 0));
-  ownSizeReach_ = elementSize_ == ownSize_ ? reach_ : 0;
+void TMemoryBank::UpdateValidCount() {
+  const bool allInside = std::int64_t{count_} * elementSize_ <= size_;  // the usual case, without a division
+  const Integer inside = allInside ? count_ : size_ / elementSize_;
+  validCount_ = address_ != nullptr ? static_cast<std::uint32_t>(std::max(inside, 0)) : 0;
+  declaredSizeCount_ = elementSize_ == declaredElementSize_ ? validCount_ : 0;
 }
 
 void TMemoryBank::_GetValue(void* dest, Integer index) const {

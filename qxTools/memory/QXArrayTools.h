@@ -1,8 +1,8 @@
 /// @file
-/// The older and smaller sibling of QXMemTools: blocks, the block with a cursor, and the array.
+/// The older and smaller form of QXMemTools: blocks, the block with a cursor, and the array.
 ///
-/// On purpose it differs: its bank does not override Assign, so assigning copies bytes and size, while count
-/// and element size of the target stay. It hands out no element addresses and has no typed banks.
+/// On purpose: its bank does not override Assign, so assigning copies the bytes and the size, while the
+/// target keeps its count and element size. It has no element addresses and no typed banks.
 #pragma once
 
 #include <qxTools/memory/MemoryCore.h>

@@ -1,5 +1,7 @@
 /// @file
-/// Four banks that also answer to a typed interface of their own.
+/// Four banks, each with a typed interface of its own.
+///
+/// The banks can be derived from. Not thread-safe.
 #pragma once
 
 #include <qxTools/memory/QXMemTools.h>
@@ -12,11 +14,14 @@ using QXMemTools::TMemoryBank;
 // --- Interfaces --------------------------------------------------------------
 
 /// A bank of characters.
-class QXTOOLS_API ICharBank : public IMemoryBank {
+class QXTOOLS_API ICharBank : public virtual IMemoryBank {
  public:
+  /// The identifier for QueryInterface.
   static constexpr GUID IID = MakeGuid("C3CF33E7-30DB-4361-8E6E-A59C4C3B4F83");
 
+  /// Returns the element. @throws Exception "Index outbound"
   virtual char GetValue(Integer index) const = 0;
+  /// Replaces the element. @throws Exception "Index outbound"
   virtual void SetValue(Integer index, char value) = 0;
 
  protected:
@@ -24,11 +29,14 @@ class QXTOOLS_API ICharBank : public IMemoryBank {
 };
 
 /// A bank of 32-bit integers.
-class QXTOOLS_API IIntegerBank : public IMemoryBank {
+class QXTOOLS_API IIntegerBank : public virtual IMemoryBank {
  public:
+  /// The identifier for QueryInterface.
   static constexpr GUID IID = MakeGuid("4C588B5F-4DFC-4F4C-96C5-BFE6727EB30A");
 
+  /// Returns the element. @throws Exception "Index outbound"
   virtual Integer GetValue(Integer index) const = 0;
+  /// Replaces the element. @throws Exception "Index outbound"
   virtual void SetValue(Integer index, Integer value) = 0;
 
  protected:
@@ -36,11 +44,14 @@ class QXTOOLS_API IIntegerBank : public IMemoryBank {
 };
 
 /// A bank of doubles.
-class QXTOOLS_API IDoubleBank : public IMemoryBank {
+class QXTOOLS_API IDoubleBank : public virtual IMemoryBank {
  public:
+  /// The identifier for QueryInterface.
   static constexpr GUID IID = MakeGuid("63ECE5EB-CB5F-4E08-A2A7-E98127B2A0C9");
 
+  /// Returns the element. @throws Exception "Index outbound"
   virtual double GetValue(Integer index) const = 0;
+  /// Replaces the element. @throws Exception "Index outbound"
   virtual void SetValue(Integer index, double value) = 0;
 
  protected:
@@ -48,11 +59,14 @@ class QXTOOLS_API IDoubleBank : public IMemoryBank {
 };
 
 /// A bank of pointers.
-class QXTOOLS_API IPointerBank : public IMemoryBank {
+class QXTOOLS_API IPointerBank : public virtual IMemoryBank {
  public:
+  /// The identifier for QueryInterface.
   static constexpr GUID IID = MakeGuid("5AE88DA0-2C30-42C9-8EF7-EEA9D13FA6C0");
 
+  /// Returns the element. @throws Exception "Index outbound"
   virtual void* GetValue(Integer index) const = 0;
+  /// Replaces the element. @throws Exception "Index outbound"
   virtual void SetValue(Integer index, void* value) = 0;
 
  protected:
@@ -61,38 +75,47 @@ class QXTOOLS_API IPointerBank : public IMemoryBank {
 
 // --- Banks -------------------------------------------------------------------
 
-/// A bank of T with the interface `Face`.
-template <class Face, class T, Integer ElementSize>
-class QXTOOLS_API InterfaceBank : public MemoryCore::MemoryFace<TMemoryBank, Face> {
+/// A bank of T that has the interface `Interface`, with `ElementSize` bytes an element.
+template <class Interface, class T, Integer ElementSize>
+class QXTOOLS_API InterfaceBank : public TMemoryBank, public virtual Interface {
  public:
-  InterfaceBank() : MemoryCore::MemoryFace<TMemoryBank, Face>(ElementSize) {}
+  /// Makes one element of zero bytes.
+  InterfaceBank() : TMemoryBank(ElementSize) {}
 
-  Integer GetCount() const override { return TMemoryBank::GetCount(); }
-  void SetCount(Integer value) override { TMemoryBank::SetCount(value); }
+  /// Returns the element. @throws Exception "Index outbound"
   T GetValue(Integer index) const override { return this->template ReadElement<T, ElementSize>(index); }
+  /// Replaces the element. @throws Exception "Index outbound"
   void SetValue(Integer index, T value) override {
     this->template WriteElement<T, ElementSize>(index, value);
   }
+
+ protected:
+  void* FindInterface(const GUID& iid) override {
+    return iid == Interface::IID ? static_cast<Interface*>(this) : TMemoryBank::FindInterface(iid);
+  }
 };
 
-class QXTOOLS_API TCharBank final : public InterfaceBank<ICharBank, char, 1> {
+/// A bank of characters.
+class QXTOOLS_API TCharBank : public InterfaceBank<ICharBank, char, 1> {
  public:
   ~TCharBank() override;
 };
 
-class QXTOOLS_API TIntegerBank final : public InterfaceBank<IIntegerBank, Integer, 4> {
+/// A bank of 32-bit integers.
+class QXTOOLS_API TIntegerBank : public InterfaceBank<IIntegerBank, Integer, 4> {
  public:
   ~TIntegerBank() override;
 };
 
-class QXTOOLS_API TDoubleBank final : public InterfaceBank<IDoubleBank, double, 8> {
+/// A bank of doubles.
+class QXTOOLS_API TDoubleBank : public InterfaceBank<IDoubleBank, double, 8> {
  public:
   ~TDoubleBank() override;
 };
 
-/// On purpose: one byte an element. SetValue keeps the lowest byte of the pointer, and GetValue gives a
-/// pointer of that byte with zeros above it.
-class QXTOOLS_API TPointerBank final : public InterfaceBank<IPointerBank, void*, 1> {
+/// A bank of pointers. On purpose: an element has one byte. SetValue keeps the lowest byte of the pointer,
+/// and GetValue returns a pointer of that byte with zeros above it.
+class QXTOOLS_API TPointerBank : public InterfaceBank<IPointerBank, void*, 1> {
  public:
   ~TPointerBank() override;
 };

@@ -9,7 +9,7 @@ void TMemoryBank::Assign(const TMemoryOperation& source) {
   if (const auto* bank = dynamic_cast<const TMemoryBank*>(&source)) {
     elementSize_ = bank->elementSize_;
     count_ = bank->count_;
-    UpdateReach();
+    UpdateValidCount();
   }
 }
 

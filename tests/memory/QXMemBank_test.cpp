@@ -12,6 +12,11 @@ using namespace qxTools::QXMemBank;
 using namespace qxTools::test;
 using QXMemTools::IMemoryOperation;
 
+template <class Bank, class... Bases>
+constexpr bool kConverts = (std::is_convertible_v<Bank*, Bases*> && ...);
+static_assert(kConverts<TCharBank, ICharBank, IMemoryBank, IMemoryOperation, QXMemTools::TMemoryOperation>);
+static_assert(kConverts<QXMemTools::TByteBank, IMemoryBank, IMemoryOperation, IInterface>);
+
 // Sets element 1 of a new bank through its own interface and reads it through the object.
 template <class Bank, class Face, class T>
 T ThroughTheInterface(std::uint32_t identifier, T value) {
@@ -22,6 +27,9 @@ T ThroughTheInterface(std::uint32_t identifier, T value) {
   EXPECT_EQ(found, nullptr);
   EXPECT_EQ(bank->QueryInterface(Face::IID, &found), S_OK);
   auto* const face = static_cast<Face*>(found);
+  IMemoryBank* const bankOfFace = bank;
+  IMemoryOperation* const blockOfFace = bank;
+  EXPECT_TRUE(bankOfFace == found && blockOfFace == found);  // one table: methods keep their slots
   face->SetCount(2);
   face->SetValue(1, value);
   const T read = bank->GetValue(1);
@@ -32,6 +40,18 @@ T ThroughTheInterface(std::uint32_t identifier, T value) {
   EXPECT_EQ(static_cast<IMemoryOperation*>(found)->GetSize(), bank->GetSize());
   for (const Integer left : {2, 1, 0}) EXPECT_EQ(face->_Release(), left);  // the last one frees it
   return read;
+}
+
+class NegativeBank : public TIntegerBank {
+ public:
+  Integer GetValue(Integer index) const override { return -TIntegerBank::GetValue(index); }
+};
+
+TEST(QXMemBank, ABankCanBeDerivedFrom) {
+  NegativeBank bank;
+  IIntegerBank* const face = &bank;
+  face->SetValue(0, 7);
+  EXPECT_EQ(face->GetValue(0), -7);
 }
 
 TEST(QXMemBank, ValuesGoThroughTheInterfaces) {
