@@ -4,6 +4,7 @@
 #include <absl/time/civil_time.h>
 #include <benchmark/benchmark.h>
 #include <qxTools/calendar/QXDateTools.h>
+#include <qxTools/calendar/QXMinguoDate.h>
 
 #include <ctime>
 #include <random>
@@ -19,6 +20,7 @@ using qxTools::TDateTime;
 struct Sample {
   TDateTime date;
   std::string text;
+  std::string minguo;
   std::tm parts;
   absl::CivilDay day;
 };
@@ -34,6 +36,7 @@ std::vector<Sample> Samples(std::int64_t count) {
     sample.parts.tm_mday = Day(sample.date);
     sample.day = absl::CivilDay(Year(sample.date), Month(sample.date), Day(sample.date));
     sample.text = absl::FormatCivilTime(sample.day);
+    sample.minguo = qxTools::QXMinguoDate::MinguoToStr(sample.date, qxTools::QXMinguoDate::mfSlash, true);
     if (CheckStrDate(sample.text)) samples.push_back(sample);  // all but most of the 29 Februaries
   }
   return samples;
@@ -82,6 +85,17 @@ void Run(benchmark::State& state, Work work, Want want) {
   add("date.parse/qxTools", parse, date);
   add("date.parse/strptime", parseParts, dayOfMonth);
   add("date.parse/absl", parseCivil, day);
+
+  const auto parseMinguo = [](const Sample& sample) {
+    return qxTools::QXMinguoDate::MinguoToDate(sample.minguo);
+  };
+  const auto parseMinguoParts = [](const Sample& sample) {
+    std::tm parts{};
+    strptime(sample.minguo.c_str(), "%Y/%m/%d", &parts);
+    return parts.tm_mday;
+  };
+  add("date.minguo/qxTools", parseMinguo, date);
+  add("date.minguo/strptime", parseMinguoParts, dayOfMonth);
 
   const auto format = [](const Sample& sample) { return DateToStrEx(sample.date, '-'); };
   const auto formatParts = [](const Sample& sample) {
