@@ -44,9 +44,9 @@ quietly() {
   rm -f "$log"
 }
 
-build_packages=(g++ cmake ninja-build libcli11-dev unixodbc-dev libsqliteodbc)
+build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev unixodbc-dev libsqliteodbc)
 test_packages=(libgtest-dev clang g++-multilib googletest shared-mime-info libglib2.0-bin desktop-file-utils
-  qt6-base-dev fonts-wqy-microhei ccache locales)
+  qt6-base-dev fonts-wqy-microhei ccache locales zsh)
 package_packages=(dpkg-dev file pkg-config abigail-tools)
 docs_packages=(doxygen man-db groff)
 tidy_packages=(clang-tidy)

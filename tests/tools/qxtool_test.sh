@@ -9,7 +9,17 @@ goods_database=${3:-}
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
+export LC_ALL=C
 bad=0
+
+# fail TEXT...: counts and shows a failure.
+fail() {
+  echo "$*"
+  bad=1
+}
+
+# same WANTED GOT: two texts are equal.
+same() { [ "$1" = "$2" ] || fail "wanted: $1; got: $2"; }
 
 # expect STATUS TEXT COMMAND...: the exit status, and a text that standard output or error holds.
 expect() {
@@ -70,7 +80,7 @@ expect 0 "2    Wang" table a.tbl show
 printf '[#\x80#]\r\n' >stray.tbl
 expect 2 "bytes that are no characters" --utf8-terminal table stray.tbl to-csv
 expect 0 $'No.  \xEF\xBF\xBD' --utf8-terminal table stray.tbl show
-expect 2 "no field Fax" table a.tbl get 1 Fax
+expect 1 "no field Fax" table a.tbl get 1 Fax
 for text in 'a[' ']a' 'a#]' $'a\nb'; do expect 2 "a text cannot hold" table a.tbl set 1 Name "$text"; done
 expect 2 "a text cannot hold" table a.tbl append 'a[ '
 printf '[#A#]\n[#1#][#2#]\n' >longer.tbl
@@ -200,7 +210,7 @@ NULL  'NULL'     \x1B中  😀  1" --utf8-terminal command run.sql --run "$datab
   soon grep -q ' 0 rows' out
   kill -INT "$(cat terminal)"
   wait $!
-  grep -q $' 0 rows.*\r\e\[Kqxtool: cancelled' out || { echo "no progress, or left there: $(cat -v out)"; bad=1; }
+  grep -q $' 0 rows.*\r\e\[K.*qxtool:.* cancelled' out || { echo "no progress, or left there: $(cat -v out)"; bad=1; }
   sql "$numbers select x from N"
   ends_by_interrupt "$database;StepAPI=1" --csv
   sql "insert into Goods (Code, GoodsName) $numbers select x, x from N"
@@ -208,6 +218,67 @@ NULL  'NULL'     \x1B中  😀  1" --utf8-terminal command run.sql --run "$datab
   sql "select count(*) as Goods from Goods"
   expect 0 $'Goods\n-----\n6' command run.sql --run "$database"
 fi
+
+# --- Misuse, help and completion ---
+expect 2 "unknown command cal; did you mean call?" cal
+expect 2 "Usage: qxtool ini [OPTIONS] FILE COMMAND" ini a.ini lst
+expect 2 "list was read as FILE, which comes first" ini list a.ini
+expect 2 "unknown option --lst; did you mean --list?" call x --lst
+expect 2 "unknown command cal; did you mean call?" help cal
+expect 1 "no value none" ini a.ini get main 1 none
+expect 2 "an extension begins with a dot" filetype dry-run qxo Order.File /usr/bin/true
+expect 0 "Datetime" call "$statement" --list --set @MM_From:date=2003-01-31
+expect 2 "a date is written 2003/01/31 or 2003-01-31" call "$statement" --set @MM_From:date=31.1.2003
+
+# with_example COMMAND...: its help and that of the commands below it end with an example.
+with_example() {
+  local help names name
+  help=$("$qxtool" help "$@")
+  [[ "$help" == *$'Example:\n  qxtool '* ]] || fail "no example in: qxtool help $*"
+  names=$(sed -n '/^Subcommands:/,/^$/p' <<<"$help" | awk 'NR > 1 && NF { print $1 }')
+  for name in $names; do with_example "$@" "$name"; done
+}
+for name in $("$qxtool" --complete ''); do with_example "$name"; done
+
+# completes WANTED WORD...: the candidates that each shell offers for the last word.
+completes() {
+  local wanted=$1 COMP_WORDS COMPREPLY
+  shift
+  COMP_WORDS=("$qxtool" "$@") COMP_CWORD=$# COMPREPLY=()
+  _qxtool
+  same "$wanted" "${COMPREPLY[*]}"
+  same "$wanted" "$(zsh -fc 'compadd() { print -r -- ${(P)2} }; _files() { print -n }; words=("$@") CURRENT=$#
+    source "$0"' "$source/tools/qxtool/completion/_qxtool" "$qxtool" "$@")"
+}
+. "$source/tools/qxtool/completion/qxtool.bash"
+completes "call command convert" c
+completes "big5" convert --from b
+completes "" ini ''
+completes "set" ini a.ini s
+completes "--set" call --set @a=b x --se
+completes "--utf8 --utf8-terminal" ini a.ini set --u
+
+# --- Standard streams and the terminal ---
+# on_terminal COMMAND...: what a terminal gets, as bytes.
+on_terminal() { TERM=xterm SHELL=/bin/sh script -qec "$(printf '%q ' "$qxtool" "$@")" /dev/null </dev/null; }
+export -n NO_COLOR
+printf '\xa5\x44:[%%RootKey%%]\n' >main.ini  # 主
+same $'\xa5\x44' "$(LC_ALL=C.UTF-8 "$qxtool" ini main.ini list | tail -1)"
+[[ "$(LC_ALL=C.UTF-8 on_terminal ini main.ini list)" == *主* ]] || fail "no UTF-8 on a terminal of UTF-8"
+[[ "$(LC_ALL=C.UTF-8 on_terminal --cp950-terminal ini main.ini list)" == *$'\xa5\x44'* ]] || fail "--cp950-terminal"
+[[ "$(on_terminal cal)" == $'\e[1;31mqxtool:\e[0m unknown'* ]] || fail "no colour on a terminal"
+[[ "$(NO_COLOR=1 on_terminal cal)" == "qxtool: unknown"* ]] || fail "colour although NO_COLOR is set"
+(LC_ALL=C.UTF-8 expect 2 'x\xC2\x9B2J' call $'x\xc2\x9b2J'; exit $bad) || bad=1
+(LC_ALL=C.UTF-8 expect 2 "code page 950 lacks" call "$statement" --set $'@MM_To=\xa5\x44'; exit $bad) || bad=1
+printf '\xa1\x40' >lone.big5
+"$qxtool" convert --from big5 --to gb2312 --report lone.big5 -o lone.gb 2>&-
+same 2 $?
+[ -e lone.gb ] && fail "a report that nobody gets passed unseen"
+"$qxtool" key >&- 2>message
+same 2 $?
+"$qxtool" key -n 100000 2>message | head -1 >key
+same "141 0" "${PIPESTATUS[*]}"
+same "" "$(<message)"
 
 "$qxtool" call "$statement" >/dev/full 2>message
 [ $? = 2 ] && grep -q "No space left" message || { echo "a full disk passed unseen"; bad=1; }

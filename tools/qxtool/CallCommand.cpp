@@ -92,6 +92,7 @@ void Run(const Options& options) {
 void AddCallCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command command = program.Add("call", "Write the sp_executesql call of a statement", options, Run);
+  command.Example("call search.sql --set '$Orders=OrderHead' --set '@MM_From:date=2003/01/31'");
   command.Text("FILE", options->file, "Statement with @ parameters and [$...] macros; - is standard input")
       .Required();
   command

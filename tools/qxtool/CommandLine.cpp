@@ -1,8 +1,8 @@
 #include "CommandLine.h"
 
-#include <CLI/CLI.hpp>
 #include <limits>
 
+#include "CommandHelp.h"
 #include "TextIo.h"
 
 namespace qxtool {
@@ -19,6 +19,7 @@ Option& Option::Placeholder(const std::string& text) {
 
 Option& Option::OneOf(const std::vector<std::string>& values) {
   option_->check(CLI::IsMember(values));
+  RememberChoices(option_, values);
   return *this;
 }
 
@@ -52,6 +53,13 @@ Option& Option::ShowDefault() {
   option_->capture_default_str();
   return *this;
 }
+
+Command& Command::Example(const std::string& line) {
+  app_->footer("Example:\n  qxtool " + line);
+  return *this;
+}
+
+std::string Command::Name() const { return app_->get_name(); }
 
 Command Command::Add(const std::string& name, const std::string& help) {
   app_->require_subcommand(1);
@@ -104,21 +112,42 @@ void Command::Switch(const std::string& names, const std::function<void()>& act,
   app_->add_flag_callback(names, act, help)->trigger_on_parse();
 }
 
+namespace {
+
+void AddHelpCommand(CLI::App& program) {
+  const auto words = std::make_shared<std::vector<std::string>>();
+  CLI::App* const help = program.add_subcommand("help", "Show the options of a command");
+  help->add_option("COMMAND", *words, "As in: help ini set")->type_name("");
+  help->footer("Example:\n  qxtool help ini set");
+  help->callback([&program, words] { PrintBytes(HelpOf(program, *words)); });
+}
+
+ExitStatus PrintCandidates(const CLI::App& program, int argc, char** argv) {
+  for (const std::string& name : Candidates(program, {argv + 2, argv + argc})) PrintBytes(name + "\n");
+  return kDone;
+}
+
+}  // namespace
+
 ExitStatus RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
                           const std::function<void(Command)>& addCommands) {
   CLI::App app(description, "qxtool");
+  UseHelpFormat(app);
   ExitStatus status = kDone;
   addCommands(Command(app, status));
-  app.set_version_flag("--version", version);
-  app.failure_message([](const CLI::App*, const CLI::Error& e) {
-    return Visible(e.what()) + "\nRun with --help for more information.\n";
-  });
+  AddHelpCommand(app);
+  app.set_version_flag("--version", version, "Show the version");
+  if (argc > 1 && std::string_view(argv[1]) == "--complete") return PrintCandidates(app, argc, argv);
   try {
     app.parse(argc, argv);
-    return status;
+  } catch (const CLI::CallForHelp&) {
+    PrintBytes(app.help());
+  } catch (const CLI::CallForVersion&) {
+    PrintBytes(version + "\n");
   } catch (const CLI::ParseError& e) {
-    return app.exit(e) == static_cast<int>(CLI::ExitCodes::Success) ? kDone : kFailed;
+    throw Failure(DescribeMisuse(app, e));
   }
+  return status;
 }
 
 }  // namespace qxtool

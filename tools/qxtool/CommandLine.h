@@ -1,5 +1,5 @@
-// The command line: commands, their arguments and options. The parser behind it is seen by CommandLine.cpp
-// alone, because reading it takes longer than compiling a command.
+// The command line: commands, their arguments and options. Only CommandLine.cpp and CommandHelp.cpp see the
+// parser, because reading it takes longer than compiling a command.
 #pragma once
 
 #include <functional>
@@ -7,6 +7,8 @@
 #include <string>
 #include <type_traits>
 #include <vector>
+
+#include "TextIo.h"
 
 namespace CLI {
 class App;
@@ -18,9 +20,23 @@ namespace qxtool {
 /// The exit status of the program.
 enum ExitStatus {
   kDone = 0,
-  kFound = 1,   // a check has found something
-  kFailed = 2,  // misuse or failure
+  kFound = 1,     // a check has found something
+  kNotThere = 1,  // what was asked for is not there
+  kFailed = 2,    // misuse or failure
 };
+
+/// Runs the body of a command that asks for something.
+/// @return kNotThere, with a message, if it is not there.
+template <class Body>
+ExitStatus Ask(Body&& body) {
+  try {
+    body();
+    return kDone;
+  } catch (const NotThere& e) {
+    PrintError(e.what());
+    return kNotThere;
+  }
+}
 
 /// An argument or an option, to say more about it.
 class Option {
@@ -65,6 +81,9 @@ class Command {
     });
     return added;
   }
+  /// The end of the help: a command line, from behind the program's name on.
+  Command& Example(const std::string& line);
+  std::string Name() const;
   /// `run` is called when the command was chosen and its command line is read.
   void OnRun(const std::function<ExitStatus()>& run);
 
@@ -87,7 +106,7 @@ class Command {
 };
 
 /// Reads the command line and runs the command that it names.
-/// @return the command's status, or kFailed for misuse, which is reported on standard error.
+/// @throws Failure for misuse.
 ExitStatus RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
                           const std::function<void(Command)>& addCommands);
 

@@ -126,8 +126,7 @@ void Run(const Options& options) {
       MakeTranscoder(options.from, options.to, [&](std::uint64_t offset, std::string_view character) {
         ++missing;
         if (options.report)
-          std::fprintf(stderr, "offset %llu: %s became two spaces\n", static_cast<unsigned long long>(offset),
-                       Hex(character).c_str());
+          PrintReport("offset " + std::to_string(offset) + ": " + Hex(character) + " became two spaces");
       });
   Input input(options.file);
   WithSubject(options.output.empty() ? "standard output" : options.output, [&] {
@@ -150,6 +149,7 @@ void Run(const Options& options) {
 void AddConvertCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command command = program.Add("convert", "Convert text between big5, gb2312 and utf8", options, Run);
+  command.Example("convert --from gb2312 --to utf8 letter.txt -o letter.utf8");
   const std::vector<std::string> encodings{"big5", "gb2312", "utf8"};
   command.Text("--from", options->from, "Encoding of the input").Required().OneOf(encodings);
   command.Text("--to", options->to, "Encoding of the output").Required().OneOf(encodings);

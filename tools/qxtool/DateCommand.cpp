@@ -92,6 +92,7 @@ void Run(const std::string& text) {
 void AddDateCommand(Command program) {
   const auto text = std::make_shared<std::string>();
   Command command = program.Add("date", "Show how each function reads a date");
+  command.Example("date 2024/02/29");
   command.Text("TEXT", *text, "The date; put -- in front of one that begins with -").Required();
   command.OnRun([text] {
     Run(FromArgument(*text));

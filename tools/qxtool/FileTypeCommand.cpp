@@ -34,6 +34,8 @@ std::string PathOf(const std::string& program) {
 /// Calls `take` with the arguments of a registration, as the library wants them.
 template <class Take>
 auto WithArguments(const Options& options, Take&& take) {
+  if (!options.extension.starts_with('.'))
+    throw Failure(Visible(options.extension) + ": an extension begins with a dot, as in .ord");
   // They share a key then, and the description would take the place of the type's name.
   if (SameText(options.extension, options.type))
     throw Failure(Visible(options.type) + ": a type needs another name than its extension");
@@ -89,6 +91,7 @@ void ShowPlan(const Options& options) {
 }
 
 void AddRegistration(Command action, Options& options) {
+  action.Example("filetype " + action.Name() + " .ord Orders.File /usr/bin/orders 'Order files'");
   action.Text("EXT", options.extension, "The extension, with its dot").Required();
   action.Text("TYPE", options.type, "The name of the file type").Required();
   action.Text("PROGRAM", options.program, "The program that opens the files").Required();
@@ -101,12 +104,15 @@ void AddRegistration(Command action, Options& options) {
 void AddFileTypeCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command command = program.Add("filetype", "Register file types with the desktop");
+  command.Example("filetype show .ord");
   AddRegistration(command.Add("register", "Open files of an extension with a program", options, Register),
                   *options);
   AddRegistration(command.Add("dry-run", "Show what registering would write", options, ShowPlan), *options);
   command.Add("show", "Show what is registered", options, Show)
+      .Example("filetype show .ord")
       .Text("EXT", options->extension, "One extension only");
-  command.Add("remove", "Take a registration back", options, Remove)
+  command.Add("remove", "Undo a registration", options, Remove)
+      .Example("filetype remove .ord")
       .Text("EXT", options->extension, "The extension, with its dot")
       .Required();
 }

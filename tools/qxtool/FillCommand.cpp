@@ -58,7 +58,8 @@ void Run(const Options& options) {
 
 void AddFillCommand(Command program) {
   const auto options = std::make_shared<Options>();
-  Command command = program.Add("command", "Fill the @ parameters of a command in", options, Run);
+  Command command = program.Add("command", "Fill in a command's @ parameters", options, Run);
+  command.Example("command search.sql --set '@MM_Qty:int=10' --set '@MM_Customer=Lee%'");
   command.Text("FILE", options->file, "Command text with @ parameters; - is standard input").Required();
   command
       .Repeated("--set", options->set,

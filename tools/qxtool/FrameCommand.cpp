@@ -105,7 +105,7 @@ TColor ColorOf(const std::string& text) {
 Command AddAction(Command& frame, const std::string& name, const std::string& help,
                   void (*run)(const Options&), const std::shared_ptr<Options>& options) {
   Command action = frame.Add(name, help, options, run);
-  action.Text("FRAME", options->frame, "Frame file; its bitmap file stands beside it").Required();
+  action.Text("FRAME", options->frame, "Frame file; its bitmap file is in the same folder").Required();
   return action;
 }
 
@@ -115,9 +115,11 @@ void AddFrameCommand(Command program) {
   constexpr int kWidest = 32767;
   const auto options = std::make_shared<Options>();
   Command frame = program.Add("frame", "Look into frame files, paint, pack and unpack them");
-  AddAction(frame, "info", "Show the sizes of the pieces", Info, options);
+  frame.Example("frame info panel.dwf");
+  AddAction(frame, "info", "Show the sizes of the pieces", Info, options).Example("frame info panel.dwf");
 
   Command render = AddAction(frame, "render", "Paint the frame into a bitmap file", Render, options);
+  render.Example("frame render panel.dwf panel.bmp --width 400 --fill C0C0C0");
   render.Text("PICTURE", options->picture, "Bitmap file to be written").Required();
   render.Number("--width", options->width, "Width in pixels").Between(1, kWidest).ShowDefault();
   render.Number("--height", options->height, "Height in pixels").Between(1, kWidest).ShowDefault();
@@ -126,8 +128,10 @@ void AddFrameCommand(Command program) {
 
   const char* const folderHelp = "Folder of the pieces: top-left.bmp, left.bmp ... bottom-right.bmp";
   Command pack = AddAction(frame, "pack", "Make a frame of bitmap files", Pack, options);
+  pack.Example("frame pack panel.dwf pieces");
   pack.Text("FOLDER", options->folder, folderHelp).Required();
   Command unpack = AddAction(frame, "unpack", "Write the pieces into bitmap files", Unpack, options);
+  unpack.Example("frame unpack panel.dwf pieces");
   unpack.Text("FOLDER", options->folder, folderHelp).Required();
 }
 

@@ -45,7 +45,7 @@ Integer OpenRecord(TQXIniFile& file, const Options& options) {
   const std::string section = FromArgument(options.section);
   pQXTreeNode node = nullptr;
   if (!file.FindRootKey(section, node))
-    throw Failure(Visible(options.file) + ": no section " + Visible(options.section));
+    throw NotThere(Visible(options.file) + ": no section " + Visible(options.section));
   file.SetRootKey(section);
   int record = 0;
   for (Integer number = 1; file.FindKeyIndex(number, node); ++number) {
@@ -53,14 +53,14 @@ Integer OpenRecord(TQXIniFile& file, const Options& options) {
     file.OpenKey(number);
     return number;
   }
-  throw Failure(Visible(options.file) + ": no record " + std::to_string(options.record) + " in section " +
-                Visible(options.section));
+  throw NotThere(Visible(options.file) + ": no record " + std::to_string(options.record) + " in section " +
+                 Visible(options.section));
 }
 
 void RequireValue(const TQXIniFile& file, const Options& options) {
   pQXTreeNode node = nullptr;
   if (!file.FindField(FromArgument(options.name), node))
-    throw Failure(Visible(options.file) + ": no value " + Visible(options.name));
+    throw NotThere(Visible(options.file) + ": no value " + Visible(options.name));
 }
 
 /// Whether a saved line is read again as these parts.
@@ -122,12 +122,14 @@ void List(const Options& options) {
   PrintRows({"Section", "Record", "Name", "Text"}, [&](const auto& visit) { ForEachRow(file, visit); });
 }
 
-void Get(const Options& options) {
+ExitStatus Get(const Options& options) {
   TQXIniFile file;
   Load(file, options.file);
-  OpenRecord(file, options);
-  RequireValue(file, options);
-  Print(file.GetValue(FromArgument(options.name)) + "\n");
+  return Ask([&] {
+    OpenRecord(file, options);
+    RequireValue(file, options);
+    Print(file.GetValue(FromArgument(options.name)) + "\n");
+  });
 }
 
 void Set(const Options& options) {
@@ -243,25 +245,29 @@ void AddIniCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command ini = program.Add("ini", "Look into a settings file and change it");
   ini.Text("FILE", options->file, "Settings file").Required();
+  ini.Example("ini app.ini list");
   const auto place = [&](Command made) {
     made.Text("SECTION", options->section).Required();
     made.Number("RECORD", options->record, "Counted from 1").Required().Positive();
     made.Text("NAME", options->name).Required();
   };
-  ini.Add("list", "Show sections, records and values", options, List);
-  place(ini.Add("get", "Print one text", options, Get));
+  ini.Add("list", "Show sections, records and values", options, List).Example("ini app.ini list");
+  place(ini.Add("get", "Print one text", options, Get).Example("ini app.ini get Main 1 Mode"));
   Command set = ini.Add("set", "Set one text in a record", options, Set);
+  set.Example("ini app.ini set Main 1 Mode slow");
   place(set);
   set.Text("TEXT", options->text).Required();
   Command add = ini.Add("add", "Append a record to a section, which is made when it is new", options, Add);
+  add.Example("ini app.ini add Main Mode=fast Path=/srv/data");
   add.Text("SECTION", options->section).Required();
   add.Texts("NAME=TEXT", options->values, "Its values");
   Command remove = ini.Add("delete", "Delete a section, a record or a value", options, Delete);
+  remove.Example("ini app.ini delete Main 2");
   remove.Text("SECTION", options->section).Required();
   remove.Number("RECORD", options->record, "Counted from 1").Positive();
   remove.Text("NAME", options->name);
-  ini.Add("check", "List what a save would lose or move; exit status 1 when there is something", options,
-          Check);
+  ini.Add("check", "List what a save would lose or move; exit status 1 if there is something", options, Check)
+      .Example("ini app.ini check");
 }
 
 }  // namespace qxtool

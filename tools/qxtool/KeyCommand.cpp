@@ -35,6 +35,7 @@ void Run(int count) {
 void AddKeyCommand(Command program) {
   const auto count = std::make_shared<int>(1);
   Command command = program.Add("key", "Make record keys of 16 characters");
+  command.Example("key -n 3");
   command.Number("-n", *count, "How many").Positive().ShowDefault();
   command.OnRun([count] {
     Run(*count);

@@ -6,9 +6,17 @@
 
 namespace qxtool {
 
-database::Charset Terminal() {
-  return GetEncoding().utf8Terminal ? database::Charset::kUtf8 : database::Charset::kCodePage950;
+namespace {
+
+database::Charset CharsetOf(bool isUtf8) {
+  return isUtf8 ? database::Charset::kUtf8 : database::Charset::kCodePage950;
 }
+
+}  // namespace
+
+database::Charset OutputCharset() { return CharsetOf(GetEncoding().utf8Output); }
+
+database::Charset MessageCharset() { return CharsetOf(GetEncoding().utf8Terminal); }
 
 Option AddRunOptions(Command& command, RunOptions& options) {
   Option run =
@@ -25,7 +33,7 @@ Option AddRunOptions(Command& command, RunOptions& options) {
 
 void RunOrPrint(const RunOptions& options, std::string_view statement) {
   if (!options.connection.empty()) return RunStatement(options, statement);
-  PrintBytes(database::ForServer(statement, Terminal()));
+  PrintBytes(database::ForServer(statement, OutputCharset()));
 }
 
 }  // namespace qxtool

@@ -18,11 +18,14 @@ struct RunOptions {
 /// Adds --run, which it returns, and the options that belong to it.
 Option AddRunOptions(Command& command, RunOptions& options);
 
-/// The encoding of the terminal.
-database::Charset Terminal();
+/// The encoding of standard output.
+database::Charset OutputCharset();
+
+/// The encoding of messages on standard error.
+database::Charset MessageCharset();
 
 /// Runs `statement`, or prints it if there is no connection.
-/// @throws qxTools::Exception when the terminal's encoding has no form for a byte of it.
+/// @throws qxTools::Exception if the encoding of standard output has no form for a byte of it.
 void RunOrPrint(const RunOptions& options, std::string_view statement);
 
 }  // namespace qxtool

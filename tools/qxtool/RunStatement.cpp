@@ -17,10 +17,10 @@ namespace {
 
 using database::Charset;
 
-/// A message of the driver, as the terminal can show it.
+/// A message of the driver, for standard error.
 std::string Readable(const database::Message& message, Charset server) {
-  const std::string text = database::ConvertVisibly(message, server, Terminal());
-  return Terminal() == Charset::kUtf8 ? VisibleUtf8(text) : Visible(text);
+  const std::string text = database::ConvertVisibly(message, server, MessageCharset());
+  return MessageCharset() == Charset::kUtf8 ? VisibleUtf8(text) : Visible(text);
 }
 
 /// One run of a statement: executes it and prints result after result.
@@ -70,7 +70,7 @@ class Run {
   // --- The table for people ---
 
   std::string Visibly(const std::string& text) const {
-    return database::ConvertVisibly(text, server_, Terminal());
+    return database::ConvertVisibly(text, server_, OutputCharset());
   }
 
   /// NULL as such; a text of those letters is told from it by quotes.
@@ -89,16 +89,17 @@ class Run {
       for (int i = 1; i <= columns; ++i) row.push_back(TableCell(statement_.Value(i)));
     }
     watch_.Clear();
-    PrintBytes(Terminal() == Charset::kUtf8 ? AlignUtf8Rows(head, rows) : AlignRows(head, rows));
+    PrintBytes(OutputCharset() == Charset::kUtf8 ? AlignUtf8Rows(head, rows) : AlignRows(head, rows));
   }
 
   // --- CSV for programs ---
 
   std::string Exactly(const std::string& text, int column, std::uint64_t row) const {
-    if (auto converted = database::Convert(text, server_, Terminal())) return *std::move(converted);
+    if (auto converted = database::Convert(text, server_, OutputCharset())) return *std::move(converted);
     const std::string place = row > 0 ? "row " + std::to_string(row) : "the head";
-    const char* const where = Terminal() == Charset::kUtf8 ? "UTF-8; without --utf8 it has one"
-                                                           : "code page 950; with --utf8-terminal it has one";
+    const char* const where = OutputCharset() == Charset::kUtf8
+                                  ? "UTF-8; without --utf8 it has one"
+                                  : "code page 950; with --utf8-terminal it has one";
     throw Failure(place + ", column " + std::to_string(column) + ": a character has no form in " + where);
   }
 

@@ -77,15 +77,20 @@ void AddStoreCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command store = program.Add("store", "Look into store files, pack and unpack them");
 
+  store.Example("store info backup.qxf");
+
   Command info = store.Add("info", "Show flag, comment and size", options, Info);
+  info.Example("store info backup.qxf");
   info.Text("STORE", options->store, "Store file").Required();
 
   Command pack = store.Add("pack", "Put the bytes of a file into a store", options, Pack);
+  pack.Example("store pack orders.xml backup.qxf --comment Orders");
   pack.Text("DATA", options->data, "File with the data").Required();
   pack.Text("STORE", options->store, "Store file to be written, whole or not at all").Required();
   pack.Text("--comment", options->comment, "Comment, at most 50 bytes").Placeholder("TEXT");
 
   Command unpack = store.Add("unpack", "Take the bytes out of a store", options, Unpack);
+  unpack.Example("store unpack backup.qxf orders.xml");
   unpack.Text("STORE", options->store, "Store file").Required();
   unpack.Text("DATA", options->data, "File to be written, whole or not at all").Required();
 }

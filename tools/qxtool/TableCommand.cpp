@@ -44,13 +44,13 @@ void Save(const TQXStringTable& table, const Options& options) { SaveText(option
 
 void GoTo(TQXStringTable& table, const Options& options) {
   if (options.record > table.GetReccount())
-    throw Failure(Visible(options.file) + ": no record " + std::to_string(options.record));
+    throw NotThere(Visible(options.file) + ": no record " + std::to_string(options.record));
   for (table.Top(); table.GetRecNo() < options.record;) table.Next();
 }
 
 void CheckField(const TQXStringTable& table, const Options& options) {
   if (QXStringTable::FieldIndex(table.GetStrings(0), FromArgument(options.field)) < 1)
-    throw Failure(Visible(options.file) + ": no field " + Visible(options.field));
+    throw NotThere(Visible(options.file) + ": no field " + Visible(options.field));
 }
 
 /// Refuses a field whose text would be read as another one.
@@ -76,12 +76,14 @@ void Show(const Options& options) {
   });
 }
 
-void Get(const Options& options) {
+ExitStatus Get(const Options& options) {
   TQXStringTable table("#TEMP");
   Load(table, options);
-  CheckField(table, options);
-  GoTo(table, options);
-  Print(table.GetField(FromArgument(options.field)) + "\n");
+  return Ask([&] {
+    CheckField(table, options);
+    GoTo(table, options);
+    Print(table.GetField(FromArgument(options.field)) + "\n");
+  });
 }
 
 void Set(const Options& options) {
@@ -149,19 +151,24 @@ void AddTableCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command table = program.Add("table", "Look into a string table, change it, exchange it with CSV");
   table.Text("FILE", options->file, "Table file").Required();
+  table.Example("table people.tbl show");
   const auto place = [&](Command made) {
     made.Number("RECORD", options->record, "Counted from 1").Required().Positive();
     made.Text("FIELD", options->field).Required();
   };
-  table.Add("show", "Show the records, aligned", options, Show);
-  place(table.Add("get", "Print one text", options, Get));
+  table.Add("show", "Show the records, aligned", options, Show).Example("table people.tbl show");
+  place(table.Add("get", "Print one text", options, Get).Example("table people.tbl get 1 Name"));
   Command set = table.Add("set", "Set one text", options, Set);
+  set.Example("table people.tbl set 1 Phone 555-0100");
   place(set);
   set.Text("TEXT", options->text).Required();
   table.Add("append", "Append a record", options, Append)
+      .Example("table people.tbl append Wang 555-0199")
       .Texts("TEXT", options->values, "Its texts, in the header's order");
-  table.Add("to-csv", "Print the table as CSV", options, ToCsv);
+  table.Add("to-csv", "Print the table as CSV", options, ToCsv)
+      .Example("table people.tbl to-csv >people.csv");
   table.Add("from-csv", "Make the table anew from a CSV file", options, FromCsv)
+      .Example("table people.tbl from-csv people.csv")
       .Text("CSV", options->csv, "CSV file; its first row names the fields")
       .Required();
 }

@@ -7,8 +7,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <system_error>
 
+#include "System.h"
+#include "Utf8Width.h"
 #include "database/Charset.h"
 
 namespace qxtool {
@@ -58,24 +61,45 @@ std::string FromArgument(const std::string& argument) {
   return GetEncoding().utf8Terminal ? Narrow(argument, argument) : argument;
 }
 
+void UseEncodingOfLocale() {
+  GetEncoding().utf8Terminal = LocaleIsUtf8();
+  GetEncoding().utf8Output = GetEncoding().utf8Terminal && IsTerminal(stdout);
+}
+
 void Print(std::string_view text) {
-  if (!GetEncoding().utf8Terminal) return PrintBytes(text);
+  if (!GetEncoding().utf8Output) return PrintBytes(text);
   const auto utf8 = database::Convert(text, database::Charset::kCodePage950, database::Charset::kUtf8);
   if (!utf8) throw Failure("the text holds bytes that are no characters, so it has no form in UTF-8");
   PrintBytes(*utf8);
 }
 
 void Display(std::string_view text) {
-  PrintBytes(GetEncoding().utf8Terminal ? qxTools::BytesToUtf8(text) : std::string(text));
+  PrintBytes(GetEncoding().utf8Output ? qxTools::BytesToUtf8(text) : std::string(text));
 }
 
+namespace {
+
+[[noreturn]] void FailOutput() {
+  if (PipeWasClosed()) throw ClosedPipe();
+  throw Failure("standard output: " + Reason());
+}
+
+}  // namespace
+
 void PrintBytes(std::string_view bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size())
-    throw Failure("standard output: " + Reason());
+  if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size()) FailOutput();
 }
 
 void FlushOutput() {
-  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) throw Failure("standard output: " + Reason());
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) FailOutput();
+}
+
+void PrintError(const std::string& message) {
+  std::fprintf(stderr, "%s %s\n", Emphasised("qxtool:", Emphasis::kError, stderr).c_str(), message.c_str());
+}
+
+void PrintReport(const std::string& line) {
+  if (std::fprintf(stderr, "%s\n", line.c_str()) < 0) throw Failure("standard error: " + Reason());
 }
 
 void SaveText(const std::string& fileName, const std::string& text) {
@@ -86,19 +110,71 @@ void SaveText(const std::string& fileName, const std::string& text) {
   WithSubject(fileName, [&] { qxTools::SaveWholeFile(fileName, bytes); });
 }
 
-std::string Visible(std::string_view text) {
+namespace {
+
+bool IsSet(const char* variable) {
+  const char* const value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+bool ShowsColour(std::FILE* stream) {
+  const char* const terminal = std::getenv("TERM");
+  return IsTerminal(stream) && !IsSet("NO_COLOR") && IsSet("TERM") && std::string_view(terminal) != "dumb";
+}
+
+}  // namespace
+
+std::string Emphasised(const std::string& text, Emphasis emphasis, std::FILE* stream) {
+  if (!ShowsColour(stream)) return text;
+  return (emphasis == Emphasis::kError ? "\x1B[1;31m" : "\x1B[1m") + text + "\x1B[0m";
+}
+
+// --- For messages and tables -------------------------------------------------------------------------
+
+namespace {
+
+unsigned Byte(char c) { return static_cast<unsigned char>(c); }
+
+bool IsC1(char c) { return Byte(c) >= 0x80 && Byte(c) <= 0x9F; }
+
+bool BeginsPair(std::string_view text) {
+  if (text.size() < 2 || Byte(text[0]) < 0x81 || Byte(text[0]) == 0xFF) return false;
+  const unsigned trail = Byte(text[1]);
+  return (trail >= 0x40 && trail <= 0x7E) || (trail >= 0xA1 && trail <= 0xFE);
+}
+
+/// Whether a byte that stands alone begins a control character, of ASCII or of C1. C1 has two bytes in UTF-8,
+/// which a terminal may expect although it was not said.
+bool IsControl(std::string_view text) {
+  if (Byte(text[0]) < 0x80) return Byte(text[0]) < 32 || Byte(text[0]) == 127;
+  if (GetEncoding().utf8Output) return false;  // it becomes U+FFFD
+  return IsC1(text[0]) || (text[0] == '\xC2' && text.size() > 1 && IsC1(text[1]));
+}
+
+std::string Escaped(char c) {
+  char escaped[8];
+  std::snprintf(escaped, sizeof escaped, "\\x%02X", Byte(c));
+  return escaped;
+}
+
+}  // namespace
+
+std::string VisibleCell(std::string_view text) {
   std::string shown;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 32 && byte != 127) {
-      shown += c;
-      continue;
-    }
-    char escaped[8];
-    std::snprintf(escaped, sizeof escaped, "\\x%02X", byte);
-    shown += escaped;
+  while (!text.empty()) {
+    const std::size_t length = BeginsPair(text) ? 2 : 1;
+    if (length == 1 && IsControl(text))
+      shown += Escaped(text[0]);
+    else
+      shown += text.substr(0, length);
+    text.remove_prefix(length);
   }
   return shown;
+}
+
+std::string Visible(std::string_view text) {
+  const std::string utf8 = VisibleUtf8(text);
+  return GetEncoding().utf8Terminal || utf8 == text ? utf8 : VisibleCell(text);
 }
 
 std::string VisibleText(std::string_view text) {

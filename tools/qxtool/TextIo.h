@@ -1,9 +1,10 @@
 // Where bytes come in and go out: files, arguments, standard output, messages.
 //
-// Inside, text is code page 950 bytes, as the library has it. --utf8 converts at this edge; nothing is lost
-// there silently.
+// Inside, text is code page 950 bytes, as in the library. What is outside is converted here, and a character
+// without a counterpart is an error or is shown as such; none is lost silently.
 #pragma once
 
+#include <cstdio>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -16,46 +17,78 @@ class Failure : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// What the text outside is encoded as.
+/// What was looked for is not there. A command that only asks for it ends with exit status 1.
+class NotThere : public Failure {
+ public:
+  using Failure::Failure;
+};
+
+/// Nobody reads standard output any more. The program ends quietly.
+class ClosedPipe : public Failure {
+ public:
+  ClosedPipe() : Failure("standard output: closed pipe") {}
+};
+
+/// Which text outside is UTF-8; the other text is code page 950.
 struct Encoding {
   bool utf8Files = false;
-  bool utf8Terminal = false;  // arguments and standard output
+  bool utf8Terminal = false;  // arguments and messages
+  bool utf8Output = false;    // standard output
 };
 Encoding& GetEncoding();
 
-/// What can stand in front of UTF-8 and is no text.
+/// What the user's locale says. Standard output is UTF-8 only on a terminal: a file or another program gets
+/// the same bytes in every locale.
+void UseEncodingOfLocale();
+
+/// The byte-order mark of UTF-8, which is not part of the text.
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// The bytes of a file as code page 950; "-" is standard input.
-/// @throws Failure, naming the file, when it cannot be read or holds what the page lacks.
+/// @throws Failure, naming the file, if it cannot be read or holds a character that the page lacks.
 std::string ReadInput(const std::string& fileName);
 
 /// An argument as code page 950.
 std::string FromArgument(const std::string& argument);
 
-/// Writes text to standard output. @throws Failure when that does not take all of it, and when a byte of the
-/// text has no form in UTF-8 that the terminal is to get.
+/// Writes text to standard output. @throws Failure if standard output does not take all of it, or if a byte
+/// of the text has no form in UTF-8 and the output is UTF-8.
 void Print(std::string_view text);
 
-/// The same for people to look at: such a byte is shown as U+FFFD.
+/// Writes text for people to standard output: a byte that has no form in UTF-8 is shown as U+FFFD.
 void Display(std::string_view text);
 
-/// The same for bytes that are not to be converted.
+/// Writes bytes to standard output as they are. @throws Failure if it does not take all of them.
 void PrintBytes(std::string_view bytes);
 
-/// Flushes standard output. @throws Failure when something was not taken: a full disk, a closed pipe.
+/// Flushes standard output. @throws Failure if something was not taken: a full disk, a closed pipe.
 void FlushOutput();
 
-/// Saves text as a whole file, in the encoding of files. @throws Failure; the old file stays then.
+/// Writes "qxtool: " and the message to standard error.
+void PrintError(const std::string& message);
+
+/// Writes a line of a report to standard error. @throws Failure if standard error does not take it.
+void PrintReport(const std::string& line);
+
+/// Saves text as a whole file, in the encoding of files. @throws Failure; the old file is unchanged then.
 void SaveText(const std::string& fileName, const std::string& text);
 
-/// A name for a message: control bytes made visible, as the terminal shows text.
+/// Text in bold, or in bold red, if `stream` is a terminal that shows it. NO_COLOR and TERM=dumb switch it
+/// off.
+enum class Emphasis { kBold, kError };
+std::string Emphasised(const std::string& text, Emphasis emphasis, std::FILE* stream);
+
+/// Bytes from outside (a name, a message of the system) for a message: control characters, and what is no
+/// character of the terminal's encoding, as \xNN.
 std::string Visible(std::string_view text);
 
-/// The same for text of the library, which is code page 950 whatever the terminal shows.
+/// Text of the library, which is code page 950, for a message.
 std::string VisibleText(std::string_view text);
 
-/// Runs `body`; a failure in it is told as one of `subject` (a file or an option).
+/// Text in code page 950 for a table: control bytes as \xNN. Each byte of it takes one column.
+std::string VisibleCell(std::string_view text);
+
+/// Runs `body`; a failure in it is reported as one of `subject` (a file or an option).
 template <class Body>
 auto WithSubject(const std::string& subject, Body&& body) {
   try {

@@ -15,7 +15,7 @@ struct Style {
   std::size_t (*width)(std::string_view shown);
 };
 
-constexpr Style kBytes = {Visible, [](std::string_view shown) { return shown.size(); }};
+constexpr Style kBytes = {VisibleCell, [](std::string_view shown) { return shown.size(); }};
 constexpr Style kUtf8 = {VisibleUtf8, Utf8Width};
 
 std::string Line(const TextRow& row, const std::vector<std::size_t>& widths, Style style) {

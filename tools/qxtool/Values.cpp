@@ -55,6 +55,18 @@ Variant ToBit(const std::string& text) {
   return text == "1";
 }
 
+/// 2003-01-31 is read as 2003/01/31.
+Variant ToDate(const std::string& text) {
+  const bool isIso = text.size() == 10 && text[4] == '-' && text[7] == '-';
+  std::string date = text;
+  if (isIso) date[4] = date[7] = '/';
+  try {
+    return Variant::FromDate(qxTools::StrToDate(date));
+  } catch (const qxTools::EConvertError& e) {
+    throw Failure(std::string(e.what()) + "; a date is written 2003/01/31 or 2003-01-31");
+  }
+}
+
 struct ValueType {
   const char* name;
   Variant (*read)(const std::string& text);
@@ -69,7 +81,7 @@ const ValueType kTypes[] = {
     {"bit", ToBit},
     {"float", [](const std::string& text) { return Variant(qxTools::StrToFloat(text)); }},
     {"money", ToMoney},
-    {"date", [](const std::string& text) { return Variant::FromDate(qxTools::StrToDate(text)); }},
+    {"date", ToDate},
 };
 
 Variant ReadValue(const std::string& type, const std::string& text, bool hasText) {

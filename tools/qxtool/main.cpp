@@ -1,8 +1,8 @@
-#include <csignal>
-#include <cstdio>
 #include <exception>
+#include <string>
 
 #include "Commands.h"
+#include "System.h"
 #include "TextIo.h"
 
 namespace {
@@ -12,12 +12,21 @@ void AddCommands(qxtool::Command program) {
   program.Switch(
       "--utf8",
       [&encoding] {
-        encoding = {true, true};
+        encoding = {true, true, true};
       },
       "Files, arguments and output are UTF-8, not code page 950");
   program.Switch(
-      "--utf8-terminal", [&encoding] { encoding.utf8Terminal = true; },
+      "--utf8-terminal",
+      [&encoding] {
+        encoding = {false, true, true};
+      },
       "Arguments and output are UTF-8, files are code page 950");
+  program.Switch(
+      "--cp950-terminal",
+      [&encoding] {
+        encoding = {false, false, false};
+      },
+      "Arguments, output and files are code page 950, whatever the locale says");
   qxtool::AddCallCommand(program);
   qxtool::AddFillCommand(program);
   qxtool::AddConvertCommand(program);
@@ -30,12 +39,13 @@ void AddCommands(qxtool::Command program) {
   qxtool::AddTableCommand(program);
 }
 
-qxtool::ExitStatus Fail(const char* message) {
-  std::fprintf(stderr, "qxtool: %s\n", message);
+qxtool::ExitStatus Fail(const std::string& message) {
+  qxtool::PrintError(message);
   return qxtool::kFailed;
 }
 
 int Run(int argc, char** argv) {
+  qxtool::UseEncodingOfLocale();
   const qxtool::ExitStatus status =
       qxtool::RunCommandLine(argc, argv, "Work with statements and files of qxTools applications",
                              "qxtool " QXTOOL_VERSION, AddCommands);
@@ -46,10 +56,15 @@ int Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is told as a failed write
+  qxtool::PrepareStandardStreams();
   try {
     return Run(argc, argv);
-  } catch (const std::exception& e) {
+  } catch (const qxtool::ClosedPipe&) {
+    qxtool::EndByClosedPipe();
+    return qxtool::kFailed;
+  } catch (const qxtool::Failure& e) {
     return Fail(e.what());
+  } catch (const std::exception& e) {
+    return Fail(qxtool::Visible(e.what()));
   }
 }
