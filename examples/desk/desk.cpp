@@ -8,9 +8,7 @@
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/desktop/Desktop.h>
 
-#include <QtCore/QLibraryInfo>
 #include <QtCore/QTimer>
-#include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 #include <iostream>
 
@@ -97,9 +95,6 @@ int main(int argc, char** argv) {
   font.setFamilies({"Noto Sans CJK TC", "WenQuanYi Micro Hei"});
   font.setPointSizeF(11);
   QApplication::setFont(font);
-  QTranslator chinese;  // the buttons of message boxes
-  if (chinese.load("qtbase_zh_TW", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QCoreApplication::installTranslator(&chinese);
   try {
     return Run(application);
   } catch (const qxTools::Exception& e) {

@@ -4,6 +4,7 @@
 
 #include <QtCore/QTimer>
 #include <QtCore/QTranslator>
+#include <QtGui/QClipboard>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
 #include <QtWidgets/QLabel>
@@ -106,6 +107,57 @@ TEST_F(QtDialogsTest, CaptionsAreThoseOfTheTypeUnlessGiven) {
   expect(dtError, "\xAD\x71\xB3\xE6", QString::fromUtf16(u"\u8A02\u55AE"));  // 訂單
 }
 
+/// The display name that Qt adds to the caption while a window's own system window is made.
+struct AddedName : QObject {
+  AddedName() { QCoreApplication::instance()->installEventFilter(this); }
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (event->type() == QEvent::PlatformSurface && name.isNull())
+      name = QGuiApplication::applicationDisplayName();
+    return QObject::eventFilter(receiver, event);
+  }
+  QString name;
+};
+
+TEST_F(QtDialogsTest, NoNameIsAddedToTheCaption) {
+  const auto expect = [](const char* set, const QString& later) {
+    if (set != nullptr) QGuiApplication::setApplicationDisplayName(set);
+    const AddedName added;
+    Answer({dbOK, dtError, "Order"}, [](QWidget&) {});
+    EXPECT_EQ(added.name, set != nullptr ? "" : "test");
+    QCoreApplication::setApplicationName("later");
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), later);
+    QCoreApplication::setApplicationName("test");
+  };
+  expect(nullptr, "later");  // one that was never set is the application's name, now as before
+  expect("test", "test");
+  expect("Orders", "Orders");
+}
+
+TEST_F(QtDialogsTest, TheCaptionFits) {
+  const std::string title(70, 'w');
+  Answer({dbOK, dtError, title, "short"}, [&](QWidget& window) {
+    const int screen = QGuiApplication::primaryScreen()->availableSize().width();
+    EXPECT_GT(window.width(), std::min(window.fontMetrics().horizontalAdvance(title.c_str()), screen / 2));
+    EXPECT_LT(window.width(), screen);
+  });
+}
+
+TEST_F(QtDialogsTest, TheTextCanBeSelectedAndCopied) {
+  Answer({}, [](QWidget& window) {
+    const auto copied = [](QWidget& receiver) {
+      QGuiApplication::clipboard()->clear();
+      QKeyEvent key(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
+      QCoreApplication::sendEvent(&receiver, &key);
+      return QGuiApplication::clipboard()->text();
+    };
+    auto* const text = window.findChild<QLabel*>("Message");
+    EXPECT_EQ(copied(window), text->text());
+    text->setFocus();
+    text->setSelection(3, 3);
+    EXPECT_EQ(copied(*text), "A&B");
+  });
+}
+
 TEST_F(QtDialogsTest, TheMessageIsPlainTextInTheMiddleOfTheScreen) {
   Answer({}, [](QWidget& window) {
     const auto* const label = window.findChild<QLabel*>("Message");
@@ -139,14 +191,22 @@ TEST_F(QtDialogsTest, LongMessagesAreWrappedAndLargeOnesScroll) {
   expect(std::string(3000, 'x'), true, false);
 }
 
-TEST_F(QtDialogsTest, ButtonTextsFollowTheTranslator) {
+TEST_F(QtDialogsTest, ButtonTextsFollowTheTranslatorAndTheDesktop) {
   const auto expect = [](const char16_t* yes, const char16_t* all) {
     Answer({kAllButtons}, [&](QWidget& window) {
       EXPECT_EQ(window.findChild<QPushButton*>("Yes")->text(), QString::fromUtf16(yes));
       EXPECT_EQ(window.findChild<QPushButton*>("All")->text(), QString::fromUtf16(all));
     });
   };
+  QLocale::setDefault(QLocale("en_US"));
   expect(u"&Yes", u"&All");
+  QLocale::setDefault(QLocale("zh_TW"));
+  expect(u"\u662F(&Y)", u"\u5168\u90E8(&A)");
+  {
+    const Words qt("QPlatformTheme", u"Oui");
+    expect(u"Oui", u"\u5168\u90E8(&A)");
+  }
+  QLocale::setDefault(QLocale("en_US"));
   const Words qt("QPlatformTheme", u"\u662F(&Y)");  // 是
   expect(u"\u662F(&Y)", u"\u5168\u90E8(&A)");       // 全部
   const Words own("qxTools", u"*");

@@ -1,6 +1,11 @@
+#include <qxTools/desktop/ButtonCaptions.h>
+#include <qxTools/desktop/qt/DisplayName.h>
 #include <qxTools/desktop/qt/Glyphs.h>
 #include <qxTools/desktop/qt/QtDialogs.h>
 
+#include <QtCore/QLocale>
+#include <QtGui/QClipboard>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
@@ -46,11 +51,20 @@ constexpr QStyle::StandardPixmap kIcons[] = {QStyle::SP_MessageBoxWarning, QStyl
 constexpr QDialogButtonBox::StandardButton kDefaultButtons[] = {QDialogButtonBox::Ok, QDialogButtonBox::Yes,
                                                                 QDialogButtonBox::Retry};
 
-/// By the installed translators. Qt's own have no such word; where they say yes in Chinese it is 全部.
-QString AllText() {
-  const QString text = QCoreApplication::translate("qxTools", "&All");
-  const bool chinese = QCoreApplication::translate("QPlatformTheme", "&Yes").startsWith(QChar(0x662F));  // 是
-  return text == "&All" && chinese ? QString::fromUtf16(u"\u5168\u90E8(&A)") : text;
+/// Whether the user reads Chinese, by the application's translators or its locale, which is the desktop's
+/// unless it was set.
+bool IsChinese() {
+  return QCoreApplication::translate("QPlatformTheme", "&Yes").startsWith(QChar(0x662F)) ||  // 是
+         QLocale().uiLanguages().value(0).startsWith("zh");
+}
+
+QString WithoutMnemonic(QString text) { return text.remove('&'); }
+
+/// The translators' caption; the library's own where they have none and the user reads Chinese.
+QString Translated(const QString& text, TDialogButton button) {
+  const ButtonCaption& own = CaptionOf(button);
+  const bool isEnglish = WithoutMnemonic(text) == WithoutMnemonic(own.english);
+  return isEnglish && IsChinese() ? ToQString(own.chinese) : text;
 }
 
 /// The lines of a message, which may end as on any system.
@@ -65,10 +79,9 @@ class Dialog final : public QDialog, public MessageDialog {
     auto* const top = new QHBoxLayout;
     if (type < dtCustom) top->addWidget(MakeIcon(type), 0, Qt::AlignTop);
     top->addWidget(MakeText(message), 1);
-    auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(top);
-    layout->addWidget(MakeButtons(buttons));
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout_->addLayout(top);
+    layout_->addWidget(MakeButtons(buttons));
+    layout_->setSizeConstraint(QLayout::SetFixedSize);
     setWindowTitle(type < dtCustom ? GetDialogCaption(type) : QGuiApplication::applicationDisplayName());
   }
 
@@ -78,7 +91,8 @@ class Dialog final : public QDialog, public MessageDialog {
   void CenterOnScreen() override { centered_ = true; }
 
   Integer ShowModal() override {
-    StandAboveTheActiveWindow();
+    layout_->addStrut(CaptionWidth());
+    MakeWindow();
     const int result = exec();
     return result != 0 ? result : closeResult_;  // 0: the program ends
   }
@@ -86,6 +100,14 @@ class Dialog final : public QDialog, public MessageDialog {
   void reject() override { done(closeResult_); }
 
  protected:
+  /// The keys for copying take the whole message, unless a part of it is selected.
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->matches(QKeySequence::Copy))
+      QGuiApplication::clipboard()->setText(text_->text());
+    else
+      QDialog::keyPressEvent(event);
+  }
+
   /// The size is known by now.
   void showEvent(QShowEvent* event) override {
     QDialog::showEvent(event);
@@ -104,9 +126,10 @@ class Dialog final : public QDialog, public MessageDialog {
 
   /// As large as the text, or as the screen has room for; then the text scrolls.
   QWidget* MakeText(std::string_view message) {
-    auto* const text = new QLabel;
+    QLabel* const text = text_;
     text->setObjectName("Message");
     text->setTextFormat(Qt::PlainText);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setText(LinesOf(message));
     const QSize screenSize = screen()->availableSize();
     const QSize most(screenSize.width() / 2, screenSize.height() * 3 / 4);
@@ -140,9 +163,11 @@ class Dialog final : public QDialog, public MessageDialog {
   }
 
   void AddButton(QDialogButtonBox& box, const Button& button) {
-    QPushButton* const made = button.standard != QDialogButtonBox::NoButton
-                                  ? box.addButton(button.standard)
-                                  : box.addButton(AllText(), QDialogButtonBox::YesRole);
+    QPushButton* const made =
+        button.standard != QDialogButtonBox::NoButton
+            ? box.addButton(button.standard)
+            : box.addButton(QCoreApplication::translate("qxTools", "&All"), QDialogButtonBox::YesRole);
+    made->setText(Translated(made->text(), button.button));
     made->setObjectName(button.name);
     if (button.button == dbHelp) return;  // leaves the dialog open
     connect(made, &QPushButton::clicked, this,
@@ -157,16 +182,29 @@ class Dialog final : public QDialog, public MessageDialog {
       }
   }
 
-  /// Not as its child: the window may be destroyed while the dialog is open.
-  void StandAboveTheActiveWindow() {
+  /// The width that shows the whole caption between the window's icon and its buttons, where the screen has
+  /// room for it.
+  int CaptionWidth() const {
+    QFont font = QApplication::font("QMdiSubWindowTitleBar");
+    font.setBold(true);  // as desktops have it
+    const QFontMetrics metrics(font);
+    const int beside = 4 * style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return std::min(metrics.horizontalAdvance(windowTitle()) + beside,
+                    screen()->availableSize().width() * 3 / 4);
+  }
+
+  void MakeWindow() {
     const QWidget* const active = QApplication::activeWindow();
-    if (active == nullptr) return;
-    setScreen(active->screen());
-    winId();  // makes the window's handle
-    windowHandle()->setTransientParent(active->windowHandle());
+    if (active != nullptr) setScreen(active->screen());
+    const WithoutDisplayName caption;
+    winId();
+    // Not as its child: that window may be destroyed while the dialog is open.
+    if (active != nullptr) windowHandle()->setTransientParent(active->windowHandle());
   }
 
   const int closeResult_;
+  QVBoxLayout* const layout_ = new QVBoxLayout(this);
+  QLabel* const text_ = new QLabel(this);
   bool centered_ = false;
 };
 
