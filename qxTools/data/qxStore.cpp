@@ -36,37 +36,6 @@ bool HasFlag(const Header& header, std::string_view flag) {
   return sameLength && TextAt(header, kFlagAt, flag.size()) == flag;
 }
 
-/// A stream into a file that replaces the old one when it is complete.
-class WholeFileStream : public TStream {
- public:
-  explicit WholeFileStream(const std::string& fileName) : writer_(fileName) {}
-
-  std::size_t Read(void*, std::size_t) override { return 0; }
-  std::size_t Write(const void* buffer, std::size_t count) override {
-    writer_.Write({static_cast<const char*>(buffer), count});
-    position_ += static_cast<std::int64_t>(count);
-    size_ = std::max(size_, position_);
-    return count;
-  }
-  std::int64_t Seek(std::int64_t offset, TSeekOrigin origin) override {
-    const std::int64_t base = origin == soBeginning ? 0 : origin == soCurrent ? position_ : size_;
-    const std::int64_t place = Place(base, offset);
-    if (place != position_) writer_.SetPosition(place);
-    return position_ = place;
-  }
-  std::int64_t GetSize() const override { return size_; }
-  void SetSize(std::int64_t size) override {
-    if (size != size_) throw EWriteError("Stream write error");
-  }
-
-  void Commit() { writer_.Commit(); }
-
- private:
-  WholeFileWriter writer_;
-  std::int64_t position_ = 0;
-  std::int64_t size_ = 0;
-};
-
 }  // namespace
 
 // --- TQXCustomStore ----------------------------------------------------------------------------------
@@ -104,7 +73,7 @@ void TQXCustomStore::LoadFromFile(const std::string& fileName) {
 }
 
 void TQXCustomStore::SaveToFile(const std::string& fileName) {
-  WholeFileStream file(fileName);
+  WholeFileWriter file(fileName);
   SaveToStream(&file);
   file.Commit();
 }

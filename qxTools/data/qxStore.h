@@ -55,9 +55,9 @@ class QXTOOLS_API TQXCustomStore : public TInterfacedPersistent, public IStreamP
                         const TRect& r, const std::string& msg);
   /// @throws EFOpenError, also for a file that somebody else writes to; and what LoadFromStream raises.
   virtual void LoadFromFile(const std::string& fileName);
-  /// Saves whole or not at all. The stream that SaveToStream is given can be written and sought; nothing can
-  /// be read from it or cut off.
-  /// @throws EFCreateError or EWriteError; the old file stays then.
+  /// Saves whole or not at all: SaveToStream gets a stream of its own, which can also be read back, sought
+  /// and resized, and replaces the file when it is complete (platform/Files.h, WholeFileWriter).
+  /// @throws EFCreateError or EWriteError, or what SaveToStream throws; the old file is unchanged then.
   virtual void SaveToFile(const std::string& fileName);
 
   /// Defines the binary property "Data". It is written when the ancestor is no store or not equal, and

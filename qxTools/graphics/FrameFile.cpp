@@ -4,10 +4,12 @@
 #include <qxTools/base/LittleEndian.h>
 #include <qxTools/graphics/Wrapping.h>
 #include <qxTools/graphics/qxDrawTools.h>
+#include <qxTools/platform/FileHold.h>
+#include <qxTools/platform/FileNames.h>
 #include <qxTools/platform/FileStream.h>
+#include <qxTools/platform/Files.h>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace qxTools::qxDrawTools {
 
@@ -24,26 +26,12 @@ using Sizes = std::array<TPoint, kPieceCount>;
 
 enum Piece { kLeftTop, kLeft, kLeftBottom, kTop, kCentre, kBottom, kRightTop, kRight, kRightBottom };
 
-/// The name with ".bmp" in place of its extension.
-std::string StripName(const std::string& fileName) {
-  const std::size_t mark = fileName.find_last_of("./");
-  const bool extended = mark != std::string::npos && fileName[mark] == '.';
-  return fileName.substr(0, extended ? mark : fileName.size()) + ".bmp";
-}
+std::string StripName(const std::string& fileName) { return FileNameWithExtension(fileName, ".bmp"); }
 
-bool FileExists(const std::string& fileName) {
-  std::error_code ignored;
-  return std::filesystem::exists(fileName, ignored) && !std::filesystem::is_directory(fileName, ignored);
-}
-
-/// Removes what a symbolic link names, not the link.
-void RemoveFile(const std::string& fileName) {
-  std::error_code ignored;
-  std::filesystem::remove(std::filesystem::canonical(fileName, ignored), ignored);
-}
+bool IsFile(const std::string& fileName) { return FileExists(fileName) && !FolderExists(fileName); }
 
 void CheckExists(const std::string& fileName) {
-  if (!FileExists(fileName)) throw Exception(fileName + " File not found!");
+  if (!IsFile(fileName)) throw Exception(fileName + " File not found!");
 }
 
 // --- Saving ----------------------------------------------------------------------------------------
@@ -171,16 +159,11 @@ void PaintCorner(TCanvas& canvas, Integer left, Integer top, const TBitmap& corn
 void SaveDWF(const std::string& fileName, const TFrameBitmaps& bitmaps) {
   const std::string stripName = StripName(fileName);
   if (stripName == fileName) return SaveStrip(stripName, bitmaps);
-  const bool isNew = !FileExists(fileName);
-  TFileStream file(fileName, isNew ? fmCreate : fmOpenWrite);
-  try {
-    SaveStrip(stripName, bitmaps);
-    const FrameBytes bytes = BytesOf(bitmaps);
-    file.WriteBuffer(bytes.data(), bytes.size());
-  } catch (...) {
-    if (isNew) RemoveFile(fileName);
-    throw;
-  }
+  FileHold frame(fileName, IfMissing::kMake, 0);
+  SaveStrip(stripName, bitmaps);
+  const FrameBytes bytes = BytesOf(bitmaps);
+  // On purpose: what an older, longer file has behind these bytes is kept.
+  frame.Save(frame.Read().replace(0, bytes.size(), bytes.data(), bytes.size()));
 }
 
 void LoadDWF(const std::string& fileName, TFrameBitmaps& bitmaps) {

@@ -1,5 +1,5 @@
 /// @file
-/// How file names are read: as the file system's bytes, or as text of an encoding.
+/// How file names are read: as the file system's bytes, or as text of an encoding; and their parts.
 ///
 /// On Linux a file name is the file system's bytes, whatever the encoding is. On Windows it is text, and
 /// opened by its wide form: in code page 950 like any other text, whatever the system's own code page, unless
@@ -7,6 +7,9 @@
 #pragma once
 
 #include <qxTools/Export.h>
+
+#include <string>
+#include <string_view>
 
 namespace qxTools {
 
@@ -20,5 +23,10 @@ enum TFileNameEncoding {
 /// called before other threads use files.
 /// @return the encoding before; at first it is feCodePage950.
 QXTOOLS_API TFileNameEncoding SetFileNameEncoding(TFileNameEncoding encoding);
+
+/// Returns the file name with `extension` (with its dot) in place of its own, or behind it if it has none:
+/// FileNameWithExtension("a.b/c.dwf", ".bmp") is "a.b/c.bmp". The extension is what follows the last dot of
+/// the name behind the last folder.
+QXTOOLS_API std::string FileNameWithExtension(std::string_view fileName, std::string_view extension);
 
 }  // namespace qxTools

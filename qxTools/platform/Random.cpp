@@ -1,6 +1,8 @@
 #include <qxTools/platform/Random.h>
 
 #include <algorithm>
+#include <functional>
+#include <random>
 
 namespace qxTools {
 
@@ -21,6 +23,18 @@ std::uint32_t DrawBuiltIn() {
 }  // namespace
 
 RandomSource::~RandomSource() = default;
+
+struct SystemRandomSource::Device {
+  std::random_device numbers;
+};
+
+SystemRandomSource::SystemRandomSource() : device_(std::make_unique<Device>()) {}
+
+SystemRandomSource::~SystemRandomSource() = default;
+
+void SystemRandomSource::Draw(std::uint32_t* numbers, std::size_t count) {
+  std::generate_n(numbers, count, std::ref(device_->numbers));
+}
 
 RandomSource* SetRandomSource(RandomSource* source) {
   RandomSource* const before = pluggedIn;

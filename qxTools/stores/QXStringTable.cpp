@@ -92,7 +92,7 @@ TQXStringTable::TQXStringTable(const std::string& fileName)
       temp_(fileName.empty() || SameText(fileName, "#TEMP")),
       cache_(std::make_unique<Cache>()) {
   if (temp_) return;
-  if (!FileExists(fileName_)) SaveWholeFile(fileName_, "");
+  if (!FileExists(fileName_)) CreateFileIfMissing(fileName_);
   LoadFromFile(fileName_);
   Top();
 }
