@@ -1,10 +1,13 @@
+#include <qxTools/base/Ascii.h>
 #include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/platform/Clock.h>
 #include <qxTools/platform/NetworkAdapter.h>
 #include <qxTools/platform/Random.h>
 #include <qxTools/strings/QXStrTools.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace qxTools::QXUniKey {
 
@@ -35,6 +38,18 @@ std::uint64_t Stamp() {
   return static_cast<std::uint64_t>(std::llrint(steps));
 }
 
+// The values of a seed's hexadecimal digits. Those of the last seed are kept: nearly all keys are of one.
+const std::array<std::uint8_t, kSeedSize>& CellsOf(std::string_view seed) {
+  static std::array<char, kSeedSize> last{};
+  static std::array<std::uint8_t, kSeedSize> cells{};
+  if (std::memcmp(last.data(), seed.data(), kSeedSize) != 0) {
+    std::copy_n(seed.begin(), kSeedSize, last.begin());
+    std::transform(last.begin(), last.end(), cells.begin(),
+                   [](char c) { return static_cast<std::uint8_t>(QXStrTools::HexToInt(c)); });
+  }
+  return cells;
+}
+
 // `seed` has 12 characters or more.
 KeyBytes MakeKey(std::string_view seed) {
   constexpr std::size_t kCopies = kKeySize - kSeedSize;
@@ -42,8 +57,7 @@ KeyBytes MakeKey(std::string_view seed) {
   DrawRandom(draws.data(), draws.size());
 
   std::array<std::uint8_t, kKeySize> cells;
-  for (std::size_t i = 0; i < kSeedSize; ++i)
-    cells[i] = static_cast<std::uint8_t>(QXStrTools::HexToInt(seed[i]));
+  std::ranges::copy(CellsOf(seed), cells.begin());
   for (std::size_t i = 0; i < kCopies; ++i) {
     const std::uint32_t source = RandomBelow(draws[i], kSeedSize);  // cells count from 1, and 0 gives 0
     cells[kSeedSize + i] = source == 0 ? std::uint8_t{0} : cells[source - 1];
@@ -63,11 +77,13 @@ const AnsiString& MachineKey() {
   return FUKI;
 }
 
-template <std::size_t N>
-void AppendHex(AnsiString& text, std::uint8_t byte, const char (&digits)[N]) {
-  text += digits[byte >> 4];
-  text += digits[byte & 15];
-}
+// The two digits of each byte.
+constexpr auto kHexDigits = [] {
+  std::array<std::array<char, 2>, 256> digits{};
+  for (std::size_t i = 0; i < digits.size(); ++i)
+    digits[i] = {"0123456789ABCDEF"[i >> 4], "0123456789ABCDEF"[i & 15]};
+  return digits;
+}();
 
 }  // namespace
 
@@ -88,7 +104,8 @@ AnsiString UniKeyInit() {
       break;
   }
   AnsiString key;
-  for (const std::uint8_t byte : address) AppendHex(key, byte, "0123456789abcdef");
+  for (const std::uint8_t byte : address)
+    for (const char digit : kHexDigits[byte]) key += LowerChar(digit);
   return key;
 }
 
@@ -109,9 +126,10 @@ bool UniKeyBytes(std::array<char, 16>& key) {
 }
 
 AnsiString UniKey16To32(std::string_view text) {
-  AnsiString digits;
-  digits.reserve(text.size() * 2);
-  for (const char c : text) AppendHex(digits, static_cast<std::uint8_t>(c), "0123456789ABCDEF");
+  AnsiString digits(text.size() * 2, '\0');
+  for (std::size_t i = 0; i < text.size(); ++i)
+    std::ranges::copy(kHexDigits[static_cast<std::uint8_t>(text[i])],
+                      digits.begin() + 2 * static_cast<std::ptrdiff_t>(i));
   return digits;
 }
 

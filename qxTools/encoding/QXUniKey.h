@@ -1,10 +1,10 @@
 /// @file
 /// 16-character record keys that are unique across machines and over time without a central counter.
 ///
-/// A key mixes the address of the network adapter, the moment in steps of a ten-thousand-millionth of a day
-/// (8.64 microseconds), and twenty draws from the shared random generator, which is never seeded here. With
-/// clock and generator plugged in (qxTools/platform/Clock.h, Random.h) keys are repeatable. For one thread
-/// at a time.
+/// A key mixes the address of the network adapter, the time in steps of a ten-thousand-millionth of a day
+/// (8.64 microseconds), and twenty random numbers of the shared generator, which is never seeded here. With a
+/// clock and a generator plugged in (qxTools/platform/Clock.h, Random.h) keys are repeatable. Not
+/// thread-safe.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -14,41 +14,45 @@
 
 namespace qxTools::QXUniKey {
 
-/// The machine key that UKI has read, empty before its first call and again after the last package stop.
+/// The machine key that UKI has read; empty before its first call and again after the last package stop. A
+/// host may set it; with fewer than 12 characters UniKey() returns "".
 extern QXTOOLS_API AnsiString FUKI;
 
 // --- Machine key -------------------------------------------------------------
 
-/// Reads the adapter's address anew: 12 lower-case hexadecimal digits. Without an adapter it is
-/// "FFFFFFFFFFFF", and "EEEEEEEEEEEE" when the system cannot be asked; never an error.
+/// Reads the network adapter's address and returns it as 12 lower-case hexadecimal digits. Returns
+/// "FFFFFFFFFFFF" if there is no adapter and "EEEEEEEEEEEE" if the system cannot be asked. Never throws for
+/// these.
 QXTOOLS_API AnsiString UniKeyInit();
 
-/// The machine key, read at the first call and kept.
+/// Returns the machine key, which is read at the first call and kept in FUKI.
 QXTOOLS_API AnsiString UKI();
 
 // --- Keys --------------------------------------------------------------------
 
-/// A key from the first 12 characters of `seed`; those that are no hexadecimal digits count as 0. Key
-/// characters are 0-9, A-Z and a-x. A shorter seed gives "".
+/// Returns a new key made from the first 12 characters of `seed`; a character that is not a hexadecimal digit
+/// counts as 0. A key has 16 of the characters 0-9, A-Z and a-x. Returns "" if the seed is shorter.
 QXTOOLS_API AnsiString UniKey(std::string_view seed);
 
-/// A key from the machine key.
+/// Returns a new key made from the machine key.
 QXTOOLS_API AnsiString UniKey();
 
-/// Each byte as two upper-case hexadecimal digits.
+/// Returns each byte of `text` as two upper-case hexadecimal digits.
 QXTOOLS_API AnsiString UniKey16To32(std::string_view text);
 
-/// Each pair of hexadecimal digits as one byte. A character that is no digit is skipped within its pair; a
-/// last odd one is left out.
+/// Returns each pair of hexadecimal digits as one byte. A character that is not a digit is skipped within its
+/// pair: "G7" is the byte 7. A last character without a partner is ignored.
 QXTOOLS_API AnsiString UniKey32To16(std::string_view text);
 
 // --- For the library itself --------------------------------------------------
 
-/// UniKey() without a string. @return false, and no key, when FUKI was set to fewer than 12 characters.
+/// Sets `key` as UniKey() would return it, without a string. Returns false and sets nothing if FUKI was set
+/// to fewer than 12 characters.
 bool UniKeyBytes(std::array<char, 16>& key);
 
-// For the package frame: the globals' first values, and giving back what they hold.
+/// Gives the globals their first values at a package start.
 void FillGlobals();
+/// Frees what the globals hold at the last package stop.
 void ReleaseGlobals();
 
 }  // namespace qxTools::QXUniKey
