@@ -5,6 +5,7 @@
 #include <absl/strings/str_split.h>
 #include <benchmark/benchmark.h>
 #include <qxTools/sql/QXSqlTools.h>
+#include <qxTools/sql/qxSqlSafeCall.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 #include <re2/re2.h>
 
@@ -158,15 +159,30 @@ void FillByAbseil(benchmark::State& state) {
   MeasureText(state, want, [&] { return absl::StrReplaceAll(text, pairs).size(); });
 }
 
-/// The call text of a statement with 1,000 parameters, one macro and literals.
-void BuildCall(benchmark::State& state) {
-  TQXSqlStoreProc set;
-  set.GetStatement().SetText("select * from [$Table]" +
-                             Statement(static_cast<Bytes>(state.range(0)), kParameters));
+/// A statement with 1,000 parameters that have values, one macro and literals.
+void FillSet(TQXSqlStoreProc& set, Bytes size) {
+  set.GetStatement().SetText("select * from [$Table]" + Statement(size, kParameters));
   set.SetValue("$Table", "Goods");
   for (Integer i = 0; i < set.GetParamCount(); ++i) set.GetItems(i)->SetValue(i);
+}
+
+void BuildCall(benchmark::State& state) {
+  TQXSqlStoreProc set;
+  FillSet(set, static_cast<Bytes>(state.range(0)));
   const Bytes want = set.GetStoreProc()->GetText().size();
   MeasureText(state, want, [&] { return set.GetStoreProc()->GetText().size(); });
+}
+
+/// The call of the same set with exact types, its characters checked.
+void BuildSafeCall(benchmark::State& state) {
+  TQXSqlStoreProc set;
+  TStrings call;
+  FillSet(set, static_cast<Bytes>(state.range(0)));
+  const auto build = [&] {
+    qxSqlSafeCall::GetSafeStoreProc(set, call);
+    return call.GetText().size();
+  };
+  MeasureText(state, build(), build);
 }
 
 /// The same two replacements in the statement alone, without declarations and values.
@@ -282,6 +298,7 @@ const bool registered = [] {
   RegisterFill("sql.GetOutLines/Abseil", FillByAbseil);
   RegisterFill("sql.GetStoreProc/qxTools", BuildCall);
   RegisterFill("sql.GetStoreProc/Abseil", BuildCallByAbseil);
+  RegisterFill("sql.GetSafeStoreProc/qxTools", BuildSafeCall);
   RegisterLiterals();
   return true;
 }();

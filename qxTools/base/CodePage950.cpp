@@ -77,6 +77,9 @@ constexpr CodeTable kCode = MakeCodeTable();
 
 unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 
+/// The character of the two bytes from `p` on, the first of them beyond ASCII; 0 where none is.
+char16_t WideAt(const char* p) { return kWide[(Byte(p[0]) << 8 | Byte(p[1])) - 0x8000]; }
+
 /// Reads the characters that begin before `stop`; the last one may reach beyond it, up to `end`.
 void ReadWide(const char*& p, const char* stop, const char* end, char16_t*& out) {
   while (p < stop) {
@@ -84,7 +87,7 @@ void ReadWide(const char*& p, const char* stop, const char* end, char16_t*& out)
       CopyAscii(p, stop, out);
       continue;
     }
-    const char16_t wide = end - p > 1 ? kWide[(Byte(p[0]) << 8 | Byte(p[1])) - 0x8000] : char16_t{0};
+    const char16_t wide = end - p > 1 ? WideAt(p) : char16_t{0};
     *out++ = wide != 0 ? wide : static_cast<char16_t>(kStrayByte + Byte(*p));
     p += wide != 0 ? 2 : 1;
   }
@@ -214,6 +217,23 @@ std::string Utf8ToBytes(std::string_view utf8) {
   }
   result.resize(static_cast<std::size_t>(out - result.data()));
   return result;
+}
+
+std::size_t FindStrayByte(std::string_view s) {
+  constexpr std::ptrdiff_t kBlock = 32;
+  const char* p = s.data();
+  const char* const end = p + s.size();
+  while (p < end) {
+    if (end - p >= kBlock && IsAsciiBlock<kBlock>(p)) {
+      p += kBlock;
+    } else if (Byte(*p) < 0x80) {
+      ++p;
+    } else {
+      if (end - p < 2 || WideAt(p) == 0) return static_cast<std::size_t>(p - s.data());
+      p += 2;
+    }
+  }
+  return std::string_view::npos;
 }
 
 }  // namespace qxTools

@@ -13,7 +13,7 @@
 /// which come back as their main code: A2CC as A451, A2CE as A4CA, F9E9 to F9EB as A2A5 to A2A7, F9F9 as
 /// A2A4, F9FA to F9FD as A27E, A2A1, A2A2 and A2A3.
 ///
-/// All four are linear and allocate nothing but the result.
+/// The four conversions are linear and allocate nothing but the result.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -36,5 +36,9 @@ QXTOOLS_API std::string BytesToUtf8(std::string_view s);
 /// `utf8` in code page 950. What the page lacks becomes "?", a byte-order mark too. Invalid UTF-8 (surrogates
 /// and overlong forms too) becomes one "?" for each longest piece that could have begun a character.
 QXTOOLS_API std::string Utf8ToBytes(std::string_view utf8);
+
+/// Returns the position, counted from 0, of the first byte of `s` that begins no character, or npos if `s`
+/// holds only whole characters. Linear; allocates nothing.
+QXTOOLS_API std::size_t FindStrayByte(std::string_view s);
 
 }  // namespace qxTools
