@@ -77,6 +77,15 @@ expect 0 "" table a.tbl from-csv a.csv
 expect 0 "" table a.tbl append Wang
 expect 0 '"Lee, ""A""","5""5"""' table a.tbl to-csv
 expect 0 "2    Wang" table a.tbl show
+printf 'Name,Born\nLee,2001/02/03\nWang,\nHu,1911-12-31\n' >born.csv
+expect 0 "" table born.tbl from-csv --minguo Born born.csv
+expect 0 "1    Lee   090/02/03" table born.tbl show
+expect 0 'Wang,""' table born.tbl to-csv --gregorian Born
+expect 0 'Hu,1911/12/31' table born.tbl to-csv --gregorian Born
+expect 2 "born.tbl: record 1, Born: '090/02/03' is not a date with a year of four digits" table born.tbl to-csv --minguo Born
+expect 2 "no field Age" table born.tbl to-csv --minguo Age
+expect 0 "" table born.tbl set 2 Born 99/1/2
+expect 0 "qxtool: Born: 1 years of one or two digits were read as ROC years, the first in 99/1/2" table born.tbl to-csv --gregorian Born
 printf '[#\x80#]\r\n' >stray.tbl
 expect 2 "bytes that are no characters" --utf8-terminal table stray.tbl to-csv
 expect 0 $'No.  \xEF\xBF\xBD' --utf8-terminal table stray.tbl show
@@ -94,6 +103,10 @@ printf '\xEF\xBB\xBF—·' >text.utf8
 expect 0 "" convert --from gb2312 --to utf8 text.gb -o back.utf8
 [ "$(<back.utf8)" = —· ] || { echo "a dash, a point or the mark in front of them changed"; bad=1; }
 expect 0 9003 date 2024/2/29
+expect 0 "Gregorian  1999-01-02  a year of one or two digits is a ROC year" date --minguo 99/1/2
+expect 0 "mfNumerals  民國一百一十三年五月一日" --utf8-terminal date --minguo 2024-05-01
+expect 0 "mfDash      113-2-29" date --minguo 2024/2/29
+expect 0 "ROC              the month has only 28 days" date --minguo 112/2/29
 [ "$("$qxtool" key -n 3 | sort -u | wc -l)" = 3 ] || { echo "keys are not three"; bad=1; }
 
 printf 'any\0bytes' >data

@@ -1,12 +1,15 @@
 // qxtool date: how each of the date functions reads a text.
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/calendar/QXDateTools.h>
+#include <qxTools/calendar/QXMinguoDate.h>
 #include <qxTools/runtime/FormatSettings.h>
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 #include "Commands.h"
+#include "DateColumns.h"
 #include "TextIo.h"
 #include "TextTable.h"
 
@@ -87,15 +90,59 @@ void Run(const std::string& text) {
   Display(AlignRows({"Function", "Code", "Value", "Weekday", "Refused by"}, rows));
 }
 
+// --- The ROC calendar --------------------------------------------------------------------------------
+
+std::optional<TDateTime> GregorianDate(const std::string& text) {
+  try {
+    return ReadGregorian(text);
+  } catch (const EConvertError&) {
+    return std::nullopt;
+  }
+}
+
+/// The text as a ROC date, and as a Gregorian one: each with what refuses it.
+std::vector<TextRow> MinguoReadings(const std::string& text, const QXMinguoDate::TMinguoReading& reading,
+                                    const std::optional<TDateTime>& gregorian) {
+  if (*reading.Error == '\0' && *reading.Rule == '\0') return {{"ROC", DateToStrEx(reading.Date, '-'), ""}};
+  if (*reading.Error == '\0')
+    return {{"ROC", DateToStrEx(reading.Date, '-'), ""},
+            {"Gregorian", DateToStrEx(reading.Gregorian, '-'), reading.Rule}};
+  return {{"ROC", "", reading.Error},
+          {"Gregorian", gregorian ? DateToStrEx(*gregorian, '-') : "",
+           gregorian ? "" : "'" + text + "' is not a date with a year of four digits"}};
+}
+
+std::vector<TextRow> MinguoForms(TDateTime date) {
+  using namespace QXMinguoDate;
+  constexpr std::pair<const char*, TMinguoForm> kForms[] = {
+      {"mfSlash", mfSlash},     {"mfPoint", mfPoint},     {"mfDash", mfDash},
+      {"mfCompact", mfCompact}, {"mfChinese", mfChinese}, {"mfNumerals", mfNumerals}};
+  std::vector<TextRow> rows;
+  for (const auto& [name, form] : kForms)
+    rows.push_back({name, MinguoToStr(date, form, false), MinguoToStr(date, form, true)});
+  return rows;
+}
+
+/// Shows a date of either calendar in both: a text that is not a ROC date is read as a Gregorian one.
+void RunMinguo(const std::string& text) {
+  const QXMinguoDate::TMinguoReading reading = QXMinguoDate::ReadMinguo(text);
+  const std::optional<TDateTime> date = *reading.Error == '\0' ? reading.Date : GregorianDate(text);
+  const std::vector<TextRow> forms = date ? MinguoForms(*date) : std::vector<TextRow>();
+  Display(AlignRows({"Read as", "Date", "Refused by"}, MinguoReadings(text, reading, date)));
+  if (!forms.empty()) Display("\n" + AlignRows({"Form", "Text", "With zeros"}, forms));
+}
+
 }  // namespace
 
 void AddDateCommand(Command program) {
   const auto text = std::make_shared<std::string>();
+  const auto minguo = std::make_shared<bool>(false);
   Command command = program.Add("date", "Show how each function reads a date");
   command.Example("date 2024/02/29");
   command.Text("TEXT", *text, "The date; put -- in front of one that begins with -").Required();
-  command.OnRun([text] {
-    Run(FromArgument(*text));
+  command.Flag("--minguo", *minguo, "Show the date in the ROC calendar and in the Gregorian one");
+  command.OnRun([text, minguo] {
+    (*minguo ? RunMinguo : Run)(FromArgument(*text));
     return kDone;
   });
 }

@@ -6,6 +6,7 @@
 
 #include "Commands.h"
 #include "Csv.h"
+#include "DateColumns.h"
 #include "TextIo.h"
 #include "TextTable.h"
 
@@ -25,6 +26,7 @@ struct Options {
   std::string text;
   std::string csv;
   std::vector<std::string> values;
+  DateColumnNames dates;
 };
 
 /// The texts of a line's fields, front to back.
@@ -120,14 +122,18 @@ void Append(const Options& options) {
 void ToCsv(const Options& options) {
   TQXStringTable table("#TEMP");
   Load(table, options);
+  std::vector<TextRow> rows;
+  for (Integer i = 0; i < table.GetCount(); ++i) rows.push_back(FieldsOf(table.GetStrings(i)));
+  ChangeDateColumns(options.file, rows, options.dates);
   std::string text;
-  for (Integer i = 0; i < table.GetCount(); ++i) text += CsvLine(FieldsOf(table.GetStrings(i)));
+  for (const TextRow& row : rows) text += CsvLine(row);
   Print(text);
 }
 
 void FromCsv(const Options& options) {
-  const std::vector<TextRow> rows = WithSubject(options.csv, [&] { return ReadCsv(ReadInput(options.csv)); });
+  std::vector<TextRow> rows = WithSubject(options.csv, [&] { return ReadCsv(ReadInput(options.csv)); });
   if (rows.empty()) throw Failure(Visible(options.csv) + ": no header line");
+  ChangeDateColumns(options.csv, rows, options.dates);
   TQXStringTable table("#TEMP");
   std::string header;
   for (const std::string& name : rows.front()) {
@@ -165,12 +171,13 @@ void AddTableCommand(Command program) {
   table.Add("append", "Append a record", options, Append)
       .Example("table people.tbl append Wang 555-0199")
       .Texts("TEXT", options->values, "Its texts, in the header's order");
-  table.Add("to-csv", "Print the table as CSV", options, ToCsv)
-      .Example("table people.tbl to-csv >people.csv");
-  table.Add("from-csv", "Make the table anew from a CSV file", options, FromCsv)
-      .Example("table people.tbl from-csv people.csv")
-      .Text("CSV", options->csv, "CSV file; its first row names the fields")
-      .Required();
+  Command toCsv = table.Add("to-csv", "Print the table as CSV", options, ToCsv);
+  toCsv.Example("table people.tbl to-csv >people.csv");
+  AddDateColumnOptions(toCsv, options->dates);
+  Command fromCsv = table.Add("from-csv", "Make the table anew from a CSV file", options, FromCsv);
+  fromCsv.Example("table people.tbl from-csv people.csv");
+  fromCsv.Text("CSV", options->csv, "CSV file; its first row names the fields").Required();
+  AddDateColumnOptions(fromCsv, options->dates);
 }
 
 }  // namespace qxtool
