@@ -4,9 +4,11 @@
 #include <fcntl.h>
 #include <qxTools/base/Exceptions.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -22,9 +24,13 @@ Fault kind = Fault::kMemory;
 long callsLeft = 0;  // 0: nothing fails
 bool reached = false;
 bool flush = false;
+bool hasUnnamedFiles = true;
+
+bool IsMeant(Fault fault) { return fault == kind || (fault == Fault::kSystem && kind == Fault::kKill); }
 
 bool Fails(Fault fault) {
-  if (callsLeft == 0 || fault != kind || --callsLeft > 0) return false;
+  if (callsLeft == 0 || !IsMeant(fault) || --callsLeft > 0) return false;
+  if (kind == Fault::kKill) std::raise(SIGKILL);
   reached = true;
   errno = fault == Fault::kMemory ? ENOMEM : fault == Fault::kSystem ? EIO : ENOSPC;
   if (fault == Fault::kFullDisk) callsLeft = 1;  // it stays full
@@ -64,6 +70,19 @@ Outcome RunFailing(Fault fault, long n, const std::function<void()>& call) {
   return {reached, flush, error};
 }
 
+bool RunKilled(long n, const std::function<void()>& call) {
+  const pid_t child = fork();
+  if (child == 0) {
+    RunFailing(Fault::kKill, n, call);
+    std::_Exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+}
+
+void SetHasUnnamedFiles(bool value) { hasUnnamedFiles = value; }
+
 }  // namespace qxTools::test
 
 using namespace qxTools::test;
@@ -95,9 +114,14 @@ int open64(const char* name, int flags, ...) {
   va_list arguments;
   va_start(arguments, flags);
   // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): it does not see the line above
-  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+  const bool isUnnamed = (flags & O_TMPFILE) == O_TMPFILE;
+  const mode_t mode = (flags & O_CREAT) != 0 || isUnnamed ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
-  if ((flags & O_CREAT) != 0 ? FailsForRoom() : Fails(Fault::kSystem)) return -1;
+  if ((flags & O_CREAT) != 0 || isUnnamed ? FailsForRoom() : Fails(Fault::kSystem)) return -1;
+  if (isUnnamed && !hasUnnamedFiles) {
+    errno = EOPNOTSUPP;
+    return -1;
+  }
   return reinterpret_cast<int (*)(const char*, int, ...)>(dlsym(RTLD_NEXT, "open64"))(name, flags, mode);
 }
 
@@ -124,8 +148,33 @@ int ftruncate64(int fd, off64_t size) noexcept {
   return Fails(Fault::kSystem) ? -1 : Real<int>("ftruncate64", fd, size);
 }
 
+/// What is reserved is there, however full the disk is then.
+int fallocate64(int fd, int mode, off64_t start, off64_t size) {
+  if (FailsForRoom()) return -1;
+  if (kind == Fault::kFullDisk) callsLeft = 0;
+  return Real<int>("fallocate64", fd, mode, start, size);
+}
+
+int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
+  return FailsForRoom() ? -1 : Real<int>("linkat", fromFolder, from, toFolder, to, flags);
+}
+
 int rename(const char* from, const char* to) noexcept {
   return Fails(Fault::kSystem) ? -1 : Real<int>("rename", from, to);
+}
+
+int unlink(const char* name) noexcept { return Fails(Fault::kSystem) ? -1 : Real<int>("unlink", name); }
+
+int fchmod(int fd, mode_t mode) noexcept {
+  return Fails(Fault::kSystem) ? -1 : Real<int>("fchmod", fd, mode);
+}
+
+ssize_t flistxattr(int fd, char* names, std::size_t size) noexcept {
+  return Fails(Fault::kSystem) ? -1 : Real<ssize_t>("flistxattr", fd, names, size);
+}
+
+ssize_t getrandom(void* bytes, std::size_t count, unsigned flags) {
+  return Fails(Fault::kSystem) ? -1 : Real<ssize_t>("getrandom", bytes, count, flags);
 }
 
 char* realpath(const char* name, char* resolved) noexcept {

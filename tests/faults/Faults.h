@@ -1,6 +1,6 @@
 /// @file
 /// Failing calls: the n-th request for memory, or the n-th call of the system, fails once; or the disk is
-/// full from the n-th call on that takes room on it.
+/// full from the n-th call on that takes room on it; or the process is killed before the n-th call.
 ///
 /// The program's own definitions of operator new, calloc, open and their like (Faults.cpp) stand before those
 /// of the libraries, for qxTools as for everything else in the process.
@@ -12,7 +12,7 @@
 
 namespace qxTools::test {
 
-enum class Fault { kMemory, kSystem, kFullDisk };
+enum class Fault { kMemory, kSystem, kFullDisk, kKill };
 enum class Error { kNone, kMemory, kStream, kOther };
 
 struct Outcome {
@@ -24,6 +24,13 @@ struct Outcome {
 /// Runs `call` while its n-th (from 1) request of that kind fails: out of memory, with EIO, or, from the n-th
 /// on, with ENOSPC.
 Outcome RunFailing(Fault fault, long n, const std::function<void()>& call);
+
+/// Runs `call` in a process of its own, which is killed before its n-th call of the system.
+/// @return false if there was no n-th call.
+bool RunKilled(long n, const std::function<void()>& call);
+
+/// Whether the system has files without a name, as it has at first.
+void SetHasUnnamedFiles(bool value);
 
 /// Calls `reaches` for n from 1 on until it says that there was no n-th call to fail.
 inline void ForEachCall(const std::function<bool(long n)>& reaches) {

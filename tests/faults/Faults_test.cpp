@@ -142,6 +142,12 @@ class Files : public testing::TestWithParam<Format> {
   }
 };
 
+/// Makes the files that a save will replace, each behind a link.
+void MakeOld(const TemporaryFolder& folder, const std::map<std::string, std::string>& files) {
+  for (const auto& [name, bytes] : files)
+    std::filesystem::create_symlink(folder.Make("real " + name, "old"), folder.File(name));
+}
+
 TEST_P(Files, AreSavedWholeWithNoOtherLeft) {
   const TemporaryFolder first;
   GetParam().save(first.File("file"));
@@ -149,8 +155,7 @@ TEST_P(Files, AreSavedWholeWithNoOtherLeft) {
   for (const Fault fault : {Fault::kMemory, Fault::kSystem, Fault::kFullDisk})
     ForEachCall([&](long n) {
       const TemporaryFolder folder;
-      for (const auto& [name, bytes] : newFiles)
-        std::filesystem::create_symlink(folder.Make("real " + name, "old"), folder.File(name));
+      MakeOld(folder, newFiles);
       const Outcome outcome = Run(fault, n, [&] { GetParam().save(folder.File("file")); });
       const auto files = FilesIn(folder.Path());
       EXPECT_EQ(files.size(), 2 * newFiles.size());
@@ -161,6 +166,54 @@ TEST_P(Files, AreSavedWholeWithNoOtherLeft) {
       }
       return outcome.reached;
     });
+}
+
+TEST_P(Files, AreWholeInPlaceOnAFullDisk) {
+  const TemporaryFolder first;
+  GetParam().save(first.File("file"));
+  const auto newFiles = FilesIn(first.Path());
+  ForEachCall([&](long n) {
+    const TemporaryFolder folder;
+    MakeOld(folder, newFiles);
+    for (const auto& [name, bytes] : newFiles)
+      std::filesystem::create_hard_link(folder.File("real " + name), folder.File("other " + name));
+    const Outcome outcome = Run(Fault::kFullDisk, n, [&] { GetParam().save(folder.File("file")); });
+    const auto files = FilesIn(folder.Path());
+    EXPECT_EQ(files.size(), 3 * newFiles.size());
+    for (const auto& [name, bytes] : newFiles) {
+      const std::string& found = files.at("other " + name);
+      EXPECT_TRUE(found == bytes || (outcome.error != Error::kNone && found == "old")) << name;
+    }
+    return outcome.reached;
+  });
+}
+
+TEST_P(Files, AreWholeAfterAKillAndTheNextSaveLeavesNothing) {
+  const TemporaryFolder first;
+  GetParam().save(first.File("file"));
+  const auto newFiles = FilesIn(first.Path());
+  for (const bool hasUnnamedFiles : {true, false}) {
+    SetHasUnnamedFiles(hasUnnamedFiles);
+    std::size_t withRest = 0;
+    ForEachCall([&](long n) {
+      const TemporaryFolder folder;
+      MakeOld(folder, newFiles);
+      const bool reached = RunKilled(n, [&] { GetParam().save(folder.File("file")); });
+      auto files = FilesIn(folder.Path());
+      for (const auto& [name, bytes] : newFiles)
+        EXPECT_TRUE(files.at(name) == bytes || files.at(name) == "old") << name;
+      EXPECT_LE(files.size(), 2 * newFiles.size() + 1);
+      withRest += files.size() - 2 * newFiles.size();
+      GetParam().save(folder.File("file"));
+      files = FilesIn(folder.Path());
+      EXPECT_EQ(files.size(), 2 * newFiles.size());
+      for (const auto& [name, bytes] : newFiles) EXPECT_EQ(files.at(name), bytes);
+      return reached;
+    });
+    // A file that has a name only from one call to the next is left by a kill between them alone.
+    EXPECT_TRUE(!hasUnnamedFiles || withRest == newFiles.size()) << withRest;
+  }
+  SetHasUnnamedFiles(true);
 }
 
 TEST_P(Files, AreLoadedOrLeaveTheOldContentsAndCanBeTriedAgain) {
