@@ -47,6 +47,25 @@ printf 'select @NID /* c */, @SName' >command.sql
 expect 0 "select 15 , 'O''Neil'" command command.sql --set '@NID=@N:15' --set "@SName=O'Neil"
 expect 2 "line 3 of the statement holds a byte that is no character" --utf8-terminal call - < <(printf 'select\n\x80')
 expect 0 "N'@NID Unknown , @SName Unknown'" call command.sql --all
+expect 0 "command.sql: @SName has no value: NULL is written in its place" command command.sql --set @NID=1
+expect 1 "nothing is written (--strict)" command command.sql --strict
+expect 0 "@MM_To has no value: it is declared Unknown and passed as NULL" call "$statement"
+expect 0 "[\$Orders] has no value: nothing is written in its place" call "$statement"
+expect 0 "the length 8001; a server has up to 8000" call "$statement" --set "@MM_From=$(printf %8001s x)"
+same "$(printf '%s\n' '@a is declared Unknown, which is no type of a server' 'nothing is written (--strict)')" \
+  "$("$qxtool" call command.sql --declare '@a Unknown' --set @a=1 --strict 2>&1 | sed 's/^command.sql: //')"
+
+# --- The safe call ---
+printf 'select @MM_A, @MM_B' >safe.sql
+safe=(call safe.sql --safe --set '@MM_A=中' --set "@MM_B=O'Neil")
+expect 0 "N'@MM_A NVarchar(4000) , @MM_B NVarchar(4000)', "$'\r\n'"N'中' , N'O''Neil'" --utf8-terminal "${safe[@]}"
+expect 0 "N'@MM_A NVarchar(4) , @MM_B Varchar(9)'" --utf8-terminal "${safe[@]}" --text content --lengths 9,4
+expect 0 "N'@MM_A Int OUTPUT , @MM_B Date'" call safe.sql --safe --declare '@MM_A Int output' --set @MM_B:date=2003/01/31 --date date
+expect 0 "N'@MM_A Bit , @MM_B Bit , @x Bit'" call safe.sql --safe --declare '@x Bit' --set @x:bit=1 --set @MM_A:bit=0 --set @MM_B:bit=0
+expect 2 "safe.sql: @MM_B: no value was set" call safe.sql --safe --set @MM_A=1
+expect 2 '--declare @x Char(max): "@x Char(max)": Char(max) is no type' call safe.sql --safe --declare '@x Char(max)'
+expect 2 "a length is at least 1" call safe.sql --safe --lengths 0
+expect 2 "--text requires --safe" call safe.sql --text varchar
 expect 2 "takes no bigint" command command.sql --set @NID:bigint=1
 expect 2 "no parameter @X" command command.sql --set @X=1
 
@@ -197,7 +216,8 @@ else
   expect 0 "2003-031  2003/06/25  新竹O'Neil精密有限公司  十字起子組     15    3540
 2003-014  2003/03/18  許功蓋機械有限公司      不銹鋼螺絲 M6  500   750.0" "${search[@]}"
   expect 0 $'2003-014,2003/03/18,許功蓋機械有限公司,"不銹鋼螺絲 M6",500,750.0\r\n' "${search[@]}" --csv
-  expect 2 '[SQLite]near "sp_executesql": syntax error' call "$statement" --run "$database"
+  expect 2 '[SQLite]near "sp_executesql": syntax error' call "$statement" --run "$database" --no-strict
+  expect 1 'nothing is sent; --no-strict' call "$statement" --run "$database"
   expect 2 "--list excludes --run" command run.sql --list --run "$database"
   expect 2 "--csv requires --run" command run.sql --csv
   sql "update OrderDetail set Qty = 1 where Qty > 100"

@@ -7,6 +7,8 @@
 
 #include "Commands.h"
 #include "RunOptions.h"
+#include "SafeOptions.h"
+#include "StatementReport.h"
 #include "TextIo.h"
 #include "TextTable.h"
 #include "Values.h"
@@ -24,6 +26,7 @@ struct Options {
   std::string declare;
   bool all = false;
   bool list = false;
+  SafeOptions safe;
   RunOptions run;
 };
 
@@ -35,17 +38,34 @@ void LoadStatement(TQXSqlStoreProc& procedure, const Options& options) {
 }
 
 /// A declaration list from a file of that name, or else the argument itself.
-void LoadDeclarations(TQXSqlStoreProc& procedure, const std::string& argument) {
-  if (argument.empty()) return;
+std::string ReadDeclarations(const std::string& argument) {
   std::error_code ignored;
   const bool isFile = std::filesystem::exists(argument, ignored);
-  TStringList lines;
-  lines.SetText(isFile ? ReadInput(argument) : FromArgument(argument));
+  return isFile ? ReadInput(argument) : FromArgument(argument);
+}
+
+/// Runs `load` with the declarations, if there are any.
+template <class Load>
+void WithDeclarations(const std::string& argument, Load&& load) {
+  if (argument.empty()) return;
+  const std::string declarations = ReadDeclarations(argument);
   try {
-    procedure.LoadParams(&lines);
+    load(declarations);
   } catch (const Exception& e) {
     throw Failure("--declare " + Visible(argument) + ": " + VisibleText(e.what()));
   }
+}
+
+void LoadDeclarations(TQXSqlStoreProc& procedure, const std::string& declarations) {
+  TStringList lines;
+  lines.SetText(declarations);
+  procedure.LoadParams(&lines);
+}
+
+/// Declared parameters that the statement's text does not show belong to the call, too.
+void AddDeclared(TQXSqlStoreProc& procedure, const std::vector<qxSqlSafeCall::TSafeParam>& params) {
+  for (const qxSqlSafeCall::TSafeParam& param : params)
+    if (procedure.FindParam(param.Name) < 0) procedure.Add()->SetName(param.Name);
 }
 
 bool IsKnown(const TQXSqlStoreProc& procedure, const std::string& name) {
@@ -54,10 +74,10 @@ bool IsKnown(const TQXSqlStoreProc& procedure, const std::string& name) {
   return name.starts_with('$') && procedure.FindFunc("[" + name + "]") >= 0;
 }
 
-void SetValues(TQXSqlStoreProc& procedure, const Options& options) {
-  for (const NamedValue& value : ReadValues(options.set)) {
+void SetValues(TQXSqlStoreProc& procedure, const std::string& file, const std::vector<NamedValue>& values) {
+  for (const NamedValue& value : values) {
     if (!IsKnown(procedure, value.name))
-      throw Failure(Visible(options.file) + ": no parameter or macro " + VisibleText(value.name));
+      throw Failure(Visible(file) + ": no parameter or macro " + VisibleText(value.name));
     procedure.SetValue(value.name, value.value);
   }
 }
@@ -76,15 +96,40 @@ std::string ListOf(const TQXSqlStoreProc& procedure) {
   return AlignRows({"Kind", "Name", "Type", "Length", "Value"}, rows);
 }
 
-void Run(const Options& options) {
+ExitStatus RunOrdinary(TQXSqlStoreProc& procedure, const Options& options) {
+  WithDeclarations(options.declare, [&](const std::string& text) { LoadDeclarations(procedure, text); });
+  const std::vector<NamedValue> values = ReadValues(options.set);
+  SetValues(procedure, options.file, values);
+  if (options.list) {
+    Display(ListOf(procedure));
+    return kDone;
+  }
+  if (!Report(options.file, ProblemsOf(procedure, values), options.run)) return kFound;
+  RunOrPrint(options.run, procedure.GetStoreProc()->GetText());
+  return kDone;
+}
+
+ExitStatus RunSafe(TQXSqlStoreProc& procedure, const Options& options) {
+  qxSqlSafeCall::TSafeCallOptions call = CallOptions(options.safe);
+  WithDeclarations(options.declare, [&](const std::string& text) {
+    call.Params = qxSqlSafeCall::ReadSafeParams(text);
+    AddDeclared(procedure, call.Params);
+  });
+  SetValues(procedure, options.file, ReadValues(options.set));
+  TStringList lines;
+  try {
+    GetSafeStoreProc(procedure, lines, call);
+  } catch (const Exception& e) {
+    throw Failure(Visible(options.file) + ": " + VisibleText(e.what()));
+  }
+  RunOrPrint(options.run, lines.GetText());
+  return kDone;
+}
+
+ExitStatus Run(const Options& options) {
   TQXSqlStoreProc procedure;
   LoadStatement(procedure, options);
-  LoadDeclarations(procedure, options.declare);
-  SetValues(procedure, options);
-  if (options.list)
-    Display(ListOf(procedure));
-  else
-    RunOrPrint(options.run, procedure.GetStoreProc()->GetText());
+  return options.safe.isOn ? RunSafe(procedure, options) : RunOrdinary(procedure, options);
 }
 
 }  // namespace
@@ -104,6 +149,7 @@ void AddCallCommand(Command program) {
       .Placeholder("FILE|TEXT");
   command.Flag("--all", options->all, "Take every @ name, not only @MM and @MM_...");
   const Option list = command.Flag("--list", options->list, "Show parameters and macros instead of the call");
+  AddSafeOptions(command, options->safe).Excludes(list);
   AddRunOptions(command, options->run).Excludes(list);
 }
 

@@ -5,6 +5,7 @@
 
 #include "Commands.h"
 #include "RunOptions.h"
+#include "StatementReport.h"
 #include "TextIo.h"
 #include "TextTable.h"
 #include "Values.h"
@@ -23,8 +24,8 @@ struct Options {
   RunOptions run;
 };
 
-void SetValues(TQXSQL& command, const Options& options) {
-  for (const NamedValue& value : ReadValues(options.set)) {
+void SetValues(TQXSQL& command, const Options& options, const std::vector<NamedValue>& values) {
+  for (const NamedValue& value : values) {
     if (command.GetParams().FindByName(value.name) == nullptr)
       throw Failure(Visible(options.file) + ": no parameter " + VisibleText(value.name));
     // A command leaves a value of another type aside; here that would pass unseen.
@@ -44,14 +45,18 @@ std::string ListOf(TQXSQL& command) {
   return AlignRows({"Name", "Style", "Text"}, rows);
 }
 
-void Run(const Options& options) {
+ExitStatus Run(const Options& options) {
   TQXSQL command;
   command.GetInLines().SetText(ReadInput(options.file));
-  SetValues(command, options);
-  if (options.list)
+  const std::vector<NamedValue> values = ReadValues(options.set);
+  SetValues(command, options, values);
+  if (options.list) {
     Display(ListOf(command));
-  else
-    RunOrPrint(options.run, command.GetOutLines().GetText());
+    return kDone;
+  }
+  if (!Report(options.file, ProblemsOf(command, values), options.run)) return kFound;
+  RunOrPrint(options.run, command.GetOutLines().GetText());
+  return kDone;
 }
 
 }  // namespace

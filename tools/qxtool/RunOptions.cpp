@@ -28,6 +28,11 @@ Option AddRunOptions(Command& command, RunOptions& options) {
       .Needs(run)
       .ShowDefault();
   command.Flag("--csv", options.csv, "Show rows as CSV, not as a table").Needs(run);
+  const Option strict =
+      command.Flag("--strict", options.strict,
+                   "Refuse a statement of which something is reported, with status 1; so does "
+                   "--run");
+  command.Flag("--no-strict", options.noStrict, "Run it all the same").Needs(run).Excludes(strict);
   return run;
 }
 

@@ -13,6 +13,12 @@ struct RunOptions {
   std::string connection;  // empty: the text is only shown
   std::string charset = "utf8";
   bool csv = false;
+  bool strict = false;
+  bool noStrict = false;
+
+  /// Whether a statement with problems is refused: where that was asked for, and before a server changes
+  /// data.
+  bool IsStrict() const { return strict || (!connection.empty() && !noStrict); }
 };
 
 /// Adds --run, which it returns, and the options that belong to it.
