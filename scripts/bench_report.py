@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Writes docs/performance.md and a chart for each subsystem from Google Benchmark results.
+"""Writes docs/performance.md and its overview picture from Google Benchmark results.
 
     bench_report.py RESULTS     RESULTS/<folder>/<program>.json, as scripts/bench leaves them
 """
@@ -11,15 +11,7 @@ import subprocess
 import sys
 
 import bench_table
-import matplotlib
-
-matplotlib.use("svg")
-matplotlib.rcParams.update({"svg.fonttype": "none", "svg.hashsalt": "qxTools", "font.size": 8, "font.family": "sans-serif",
-                            "axes.spines.top": False, "axes.spines.right": False})
-from matplotlib import pyplot  # noqa: E402
-
-COLUMNS = 4
-OURS_COLOR, PEER_COLORS = "#1f5fbf", ["#d9822b", "#5a9a5a", "#8a6fb0", "#888888"]
+import docs_pages
 
 INTRODUCTION = """# Performance
 
@@ -31,6 +23,8 @@ Every row is measured beside what one would otherwise use, in one run of `script
 - *memory* is the most that the row held at one time, with its own data, but not with data that several rows share.
 
 `scripts/bench --growth` counts instructions instead, and fails where a row grows faster than its size.
+
+![The ratio of every row at its largest size](performance.svg)
 """
 
 
@@ -71,37 +65,9 @@ def table(works, memory):
     return "\n".join(lines) + "\n"
 
 
-def chart(works, path):
-    works = {work: whos for work, whos in works.items() if any(len(times) > 1 for times in whos.values())}
-    if not works:
-        return False
-    count = -(-len(works) // COLUMNS)
-    figure, panels = pyplot.subplots(count, COLUMNS, figsize=(3 * COLUMNS, 2.3 * count), squeeze=False)
-    for panel, (work, whos) in zip(panels.flat, works.items()):
-        colors = iter(PEER_COLORS)
-        for who, times in sorted(whos.items(), key=lambda item: item[0] != bench_table.OURS):
-            ours = who == bench_table.OURS
-            sizes = sorted(times)
-            panel.loglog(sizes, [times[size] for size in sizes], marker="o", markersize=3, label=who,
-                         color=OURS_COLOR if ours else next(colors), linewidth=2 if ours else 1.2, zorder=3 if ours else 2)
-        panel.set_title(work, loc="left", fontsize=9)
-        panel.grid(True, which="major", color="#e4e4e4", linewidth=0.6)
-        panel.minorticks_off()
-        panel.legend(frameon=False, fontsize=7)
-    for panel in panels.flat[len(works):]:
-        panel.axis("off")
-    for row in panels:
-        row[0].set_ylabel("seconds")
-    figure.tight_layout()
-    figure.savefig(path, metadata={"Date": None, "Creator": None})
-    pyplot.close(figure)
-    return True
-
-
 def main():
     results = pathlib.Path(sys.argv[1])
     docs = pathlib.Path(__file__).resolve().parent.parent / "docs"
-    (docs / "performance").mkdir(exist_ok=True)
     page = [INTRODUCTION]
     for folder in sorted(path for path in results.iterdir() if path.is_dir()):
         paths = sorted(folder.glob("*.json"))
@@ -109,10 +75,10 @@ def main():
             page.append(machine(json.loads(paths[0].read_text(encoding="utf-8"))["context"]))
         works = {work: dict(sorted(whos.items())) for work, whos in sorted(bench_table.read(paths).items())}
         page.append(f"## {folder.name}\n")
-        if chart(works, docs / "performance" / f"{folder.name}.svg"):
-            page.append(f"![Time over size, both logarithmic: {folder.name}](performance/{folder.name}.svg)\n")
         page.append(table(works, memory_of(paths)))
-    (docs / "performance.md").write_text("\n".join(page), encoding="utf-8")
+    text = "\n".join(page)
+    (docs / "performance.md").write_text(text, encoding="utf-8")
+    docs_pages.draw_overview(docs_pages.sections_of(text), docs / "performance.svg")
 
 
 if __name__ == "__main__":

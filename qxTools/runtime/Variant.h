@@ -57,6 +57,7 @@ struct VarBounds {
 };
 
 struct VariantArray;
+/// Pairs of arrays that a comparison has already begun.
 using VariantArrayPairs = std::vector<std::pair<const VariantArray*, const VariantArray*>>;
 
 template <class T>

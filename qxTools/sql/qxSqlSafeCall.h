@@ -71,14 +71,14 @@ QXTOOLS_API std::vector<TSafeParam> ReadSafeParams(std::string_view declarations
 /// @throws Exception, with the item's name in front, for a value without an exact form.
 QXTOOLS_API AnsiString SafeDeclaration(const TQXSqlStoreProcItem& item, const TSafeCallOptions& options = {});
 
-/// A value as a literal: `N'O''Neil'`, `12.5`, `1E-1`, `'2024-01-02T03:04:05.123'`, `0x00FF`, `NULL`. A text
-/// with a backslash at the end of a line is several literals joined by `+`, which EXEC does not accept.
+/// A value as a literal: N'O''Neil', 12.5, 1E-1, '2024-01-02T03:04:05.123', 0x00FF, NULL. A text with a
+/// backslash at the end of a line is several literals joined by "+", which EXEC does not accept.
 /// @throws Exception for a value without an exact form.
 QXTOOLS_API AnsiString SafeLiteral(const Variant& value, const TSafeCallOptions& options = {});
 
 /// Replaces the lines of `call` by the call of sp_executesql. The statement is sent as it is, its macros
 /// replaced; "[##]" is text. Each parameter that returns a value, and each text that needs a variable, has
-/// one, @v1 and so on; the last line then selects what was returned, so a batch can hold one such call.
+/// one, `@v1` and so on; the last line then selects what was returned, so a batch can hold one such call.
 /// @throws Exception, with the name of the parameter or macro in front, for a value without an exact form;
 ///   `call` is unchanged then.
 QXTOOLS_API void GetSafeStoreProc(TQXSqlStoreProc& set, TStrings& call, const TSafeCallOptions& options = {});
