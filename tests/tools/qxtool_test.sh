@@ -36,6 +36,7 @@ expect() {
 statement=$source/examples/order_search/order_search.sql
 expect 0 "N'@MM_From Datetime , @MM_To Sql_variant" call "$statement" --set '@MM_From:date=2003/01/01' --set '@MM_To:null'
 expect 0 "''作廢''" --utf8-terminal call "$statement"
+expect 0 '"Type":"Varchar","Length":5,' call "$statement" --list --json --set '$Orders=Goods'
 expect 0 "macro      [\$Orders]     Varchar  5" call "$statement" --list --set '$Orders=Goods'
 printf '@a Int,\n@b\nVarchar(20)' >declared
 expect 0 "@a Int , @b Varchar(20)" call "$statement" --declare declared
@@ -72,6 +73,7 @@ expect 2 "no parameter @X" command command.sql --set @X=1
 expect 0 "" ini a.ini add Main Mode=fast 'Path=C:\x'
 expect 0 "" --utf8-terminal ini a.ini add 主檔 名=值
 expect 0 "主檔     1       名    值" --utf8-terminal ini a.ini list
+expect 0 '"Record":1,"Name":"名","Text":"值"}' ini a.ini list --json
 expect 0 'C:\x' ini a.ini get main 1 path
 expect 0 "" ini a.ini check
 cp a.ini before
@@ -90,6 +92,24 @@ printf '\n[%%\n' >broken.ini
 expect 2 "broken.ini: line 2: RootKey not Open." ini broken.ini list
 printf 'Main:[%%RootKey%%]\n[%%\n//c\n%%]\n' >b.ini
 expect 1 "a comment, or a line without a colon, is lost" ini b.ini check
+
+expect 2 "b.ini: line 3: a comment, or a line without a colon, is lost; nothing was changed" ini b.ini add Main a=b
+expect 0 "" ini b.ini add Main a=b --force
+expect 0 "" ini b.ini check
+
+# What a Windows INI file and a settings file have in common goes from one to the other and back.
+printf '; c\r\nz=1\r\n[Main]\r\nMode=fast\r\nMODE=slow\r\n Path = "C:\\x"\r\nE=\r\nq="\x27a\x27"\r\nbare\r
+[Empty]\r\n[main]\r\na=b\r\n[a:b]\r\nc=1\r\n[Last\r\n' >windows.ini
+"$qxtool" ini settings.ini import windows.ini 2>message
+same "1: 1 2 5 7 9 11 13 15" "$?: $(cut -d: -f2 message | paste -sd' ')"
+expect 0 $'[Main]\r\nMode=fast\r\nPath=C:\\x\r\nq="\x27a\x27"\r\n\r\n[Empty]\r' ini settings.ini export
+"$qxtool" ini settings.ini export back.ini
+"$qxtool" ini again.ini import back.ini
+cmp settings.ini again.ini || bad=1
+printf 'S:[%%RootKey%%]\n[%%\na=b:c\na:b\nA:c\n%%]\n[%%\nd:e\n%%]\n]:[%%RootKey%%]\n' >more.ini
+"$qxtool" ini more.ini export more-windows.ini 2>message
+same "1: S, record 1, a=b S, record 1, A S, record 2 ]" "$?: $(cut -d: -f2 message | cut -c2- | paste -sd' ')"
+same $'[S]\r\na=b\r' "$(<more-windows.ini)"
 
 printf 'Name,Phone\n"Lee, ""A""",5"5"\r\n' >a.csv
 expect 0 "" table a.tbl from-csv a.csv
@@ -111,8 +131,10 @@ expect 0 $'No.  \xEF\xBF\xBD' --utf8-terminal table stray.tbl show
 expect 1 "no field Fax" table a.tbl get 1 Fax
 for text in 'a[' ']a' 'a#]' $'a\nb'; do expect 2 "a text cannot hold" table a.tbl set 1 Name "$text"; done
 expect 2 "a text cannot hold" table a.tbl append 'a[ '
-printf '[#A#]\n[#1#][#2#]\n' >longer.tbl
-expect 0 "1    1  2" table longer.tbl show
+printf '[#A#][#A#]\n[#1#][#2#][#"#]\n' >longer.tbl
+expect 0 '1    1  2  "' table longer.tbl show
+expect 0 '{"No.":1,"A":"1","#3":"2","#4":"\""}' table longer.tbl show --json
+expect 2 "this is no string table" table message show
 
 printf '\xbb\xfa\xc6\xf7' >text.gb
 expect 0 "" convert --from gb2312 --to big5 text.gb -o text.big5
@@ -121,7 +143,7 @@ printf '\xEF\xBB\xBF—·' >text.utf8
 "$qxtool" convert --from utf8 --to gb2312 text.utf8 -o text.gb
 expect 0 "" convert --from gb2312 --to utf8 text.gb -o back.utf8
 [ "$(<back.utf8)" = —· ] || { echo "a dash, a point or the mark in front of them changed"; bad=1; }
-expect 0 9003 date 2024/2/29
+expect 0 '"Code":9003,"Value":"unchanged"' date 2024/2/29 --json
 expect 0 "Gregorian  1999-01-02  a year of one or two digits is a ROC year" date --minguo 99/1/2
 expect 0 "mfNumerals  民國一百一十三年五月一日" --utf8-terminal date --minguo 2024-05-01
 expect 0 "mfDash      113-2-29" date --minguo 2024/2/29
@@ -130,7 +152,7 @@ expect 0 "ROC              the month has only 28 days" date --minguo 112/2/29
 
 printf 'any\0bytes' >data
 expect 0 "" store pack data a.qxf --comment Backup
-expect 0 "Backup" store info a.qxf
+expect 0 '{"Flag":"QXF","Comment":"Backup","Data":9,"Behind it":0}' store info a.qxf --json
 expect 0 "" store unpack a.qxf unpacked
 cmp -s data unpacked || { echo "a store changed its data"; bad=1; }
 head -c 40 a.qxf >cut.qxf

@@ -26,6 +26,7 @@ struct Options {
   std::string declare;
   bool all = false;
   bool list = false;
+  bool json = false;
   SafeOptions safe;
   RunOptions run;
 };
@@ -87,13 +88,13 @@ TextRow RowOf(const char* kind, const TQXSqlStoreProcItem& item) {
   return {kind, item.GetName(), StoreProcParamTypeStr[item.GetStyle()], length, item.GetSqlValue()};
 }
 
-std::string ListOf(const TQXSqlStoreProc& procedure) {
+TextList ListOf(const TQXSqlStoreProc& procedure) {
   std::vector<TextRow> rows;
   for (Integer i = 0; i < procedure.GetParamCount(); ++i)
     rows.push_back(RowOf("parameter", *procedure.GetItems(i)));
   for (Integer i = 0; i < procedure.GetFuncCount(); ++i)
     rows.push_back(RowOf("macro", *procedure.GetFuncItems(i)));
-  return AlignRows({"Kind", "Name", "Type", "Length", "Value"}, rows);
+  return {{"Kind", "Name", "Type", "Length", "Value"}, RowsOf(rows), {3}};
 }
 
 ExitStatus RunOrdinary(TQXSqlStoreProc& procedure, const Options& options) {
@@ -101,7 +102,7 @@ ExitStatus RunOrdinary(TQXSqlStoreProc& procedure, const Options& options) {
   const std::vector<NamedValue> values = ReadValues(options.set);
   SetValues(procedure, options.file, values);
   if (options.list) {
-    Display(ListOf(procedure));
+    PrintList(ListOf(procedure), options.json);
     return kDone;
   }
   if (!Report(options.file, ProblemsOf(procedure, values), options.run)) return kFound;
@@ -149,6 +150,7 @@ void AddCallCommand(Command program) {
       .Placeholder("FILE|TEXT");
   command.Flag("--all", options->all, "Take every @ name, not only @MM and @MM_...");
   const Option list = command.Flag("--list", options->list, "Show parameters and macros instead of the call");
+  command.Json(options->json).Needs(list);
   AddSafeOptions(command, options->safe).Excludes(list);
   AddRunOptions(command, options->run).Excludes(list);
 }

@@ -97,6 +97,8 @@ class Command {
   Option Parsed(const std::string& name, const std::function<void(const std::string&)>& read,
                 const std::string& help);
   Option Flag(const std::string& names, bool& value, const std::string& help);
+  /// --json, which shows a list as JSON.
+  Option Json(bool& value) { return Flag("--json", value, "Show the list as JSON, in UTF-8"); }
   /// A flag that acts where it is read, before what stands behind it.
   void Switch(const std::string& names, const std::function<void()>& act, const std::string& help);
 

@@ -84,10 +84,10 @@ TextRow FormattedRow(const Formatted& function, const std::string& text) {
   }
 }
 
-void Run(const std::string& text) {
+void ShowFunctions(const std::string& text, bool json) {
   std::vector<TextRow> rows = {StrToDateExRow(text), StrToDate2Row(text), CheckStrDateRow(text)};
   for (const Formatted& function : kFormatted) rows.push_back(FormattedRow(function, text));
-  Display(AlignRows({"Function", "Code", "Value", "Weekday", "Refused by"}, rows));
+  PrintList({{"Function", "Code", "Value", "Weekday", "Refused by"}, RowsOf(rows), {1}}, json);
 }
 
 // --- The ROC calendar --------------------------------------------------------------------------------
@@ -124,27 +124,35 @@ std::vector<TextRow> MinguoForms(TDateTime date) {
 }
 
 /// Shows a date of either calendar in both: a text that is not a ROC date is read as a Gregorian one.
-void RunMinguo(const std::string& text) {
+void ShowMinguo(const std::string& text, bool json) {
   const QXMinguoDate::TMinguoReading reading = QXMinguoDate::ReadMinguo(text);
   const std::optional<TDateTime> date = *reading.Error == '\0' ? reading.Date : GregorianDate(text);
   const std::vector<TextRow> forms = date ? MinguoForms(*date) : std::vector<TextRow>();
-  Display(AlignRows({"Read as", "Date", "Refused by"}, MinguoReadings(text, reading, date)));
-  if (!forms.empty()) Display("\n" + AlignRows({"Form", "Text", "With zeros"}, forms));
+  PrintList({{"Read as", "Date", "Refused by"}, RowsOf(MinguoReadings(text, reading, date))}, json);
+  if (forms.empty()) return;
+  if (!json) Display("\n");
+  PrintList({{"Form", "Text", "With zeros"}, RowsOf(forms)}, json);
+}
+
+struct Options {
+  std::string text;
+  bool minguo = false;
+  bool json = false;
+};
+
+void Run(const Options& options) {
+  (options.minguo ? ShowMinguo : ShowFunctions)(FromArgument(options.text), options.json);
 }
 
 }  // namespace
 
 void AddDateCommand(Command program) {
-  const auto text = std::make_shared<std::string>();
-  const auto minguo = std::make_shared<bool>(false);
-  Command command = program.Add("date", "Show how each function reads a date");
+  const auto options = std::make_shared<Options>();
+  Command command = program.Add("date", "Show how each function reads a date", options, Run);
   command.Example("date 2024/02/29");
-  command.Text("TEXT", *text, "The date; put -- in front of one that begins with -").Required();
-  command.Flag("--minguo", *minguo, "Show the date in the ROC calendar and in the Gregorian one");
-  command.OnRun([text, minguo] {
-    (*minguo ? RunMinguo : Run)(FromArgument(*text));
-    return kDone;
-  });
+  command.Text("TEXT", options->text, "The date; put -- in front of one that begins with -").Required();
+  command.Flag("--minguo", options->minguo, "Show the date in the ROC calendar and in the Gregorian one");
+  command.Json(options->json);
 }
 
 }  // namespace qxtool

@@ -23,6 +23,7 @@ struct Options {
   std::string program;
   std::string description;
   Integer icon = 0;
+  bool json = false;
 };
 
 /// A path below the current folder would mean another file in another folder.
@@ -65,7 +66,7 @@ void Show(const Options& options) {
     rows.push_back(RowOf(wanted));
   else
     throw Failure(Visible(options.extension) + ": not registered");
-  Display(AlignRows({"Extension", "Type", "Description", "Program", "MIME type"}, rows));
+  PrintList({{"Extension", "Type", "Description", "Program", "MIME type"}, RowsOf(rows)}, options.json);
 }
 
 void Remove(const Options& options) {
@@ -85,7 +86,7 @@ void ShowPlan(const Options& options) {
   std::vector<TextRow> rows;
   for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
     rows.push_back({value.Key, value.Value});
-  Display(AlignRows({"Key", "Value"}, rows));
+  PrintList({{"Key", "Value"}, RowsOf(rows)}, false);
   for (const PlannedChange& file : PlannedChangesOf(WithArguments(options, PlanFileType)))
     if (file.content) PrintFile(file);
 }
@@ -108,9 +109,10 @@ void AddFileTypeCommand(Command program) {
   AddRegistration(command.Add("register", "Open files of an extension with a program", options, Register),
                   *options);
   AddRegistration(command.Add("dry-run", "Show what registering would write", options, ShowPlan), *options);
-  command.Add("show", "Show what is registered", options, Show)
-      .Example("filetype show .ord")
-      .Text("EXT", options->extension, "One extension only");
+  Command show = command.Add("show", "Show what is registered", options, Show);
+  show.Example("filetype show .ord");
+  show.Json(options->json);
+  show.Text("EXT", options->extension, "One extension only");
   command.Add("remove", "Undo a registration", options, Remove)
       .Example("filetype remove .ord")
       .Text("EXT", options->extension, "The extension, with its dot")

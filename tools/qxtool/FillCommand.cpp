@@ -21,6 +21,7 @@ struct Options {
   std::string file;
   std::vector<std::string> set;
   bool list = false;
+  bool json = false;
   RunOptions run;
 };
 
@@ -35,14 +36,14 @@ void SetValues(TQXSQL& command, const Options& options, const std::vector<NamedV
   }
 }
 
-std::string ListOf(TQXSQL& command) {
+TextList ListOf(TQXSQL& command) {
   static const char* const styles[] = {"string", "integer", "real", "date", "time", "boolean", "function"};
   std::vector<TextRow> rows;
   for (Integer i = 0; i < command.GetParams().GetCount(); ++i) {
     const TQXSQLItem& item = *command.GetParams().GetItems(i);
     rows.push_back({item.GetName(), styles[item.Style], item.Text});
   }
-  return AlignRows({"Name", "Style", "Text"}, rows);
+  return {{"Name", "Style", "Text"}, RowsOf(rows)};
 }
 
 ExitStatus Run(const Options& options) {
@@ -51,7 +52,7 @@ ExitStatus Run(const Options& options) {
   const std::vector<NamedValue> values = ReadValues(options.set);
   SetValues(command, options, values);
   if (options.list) {
-    Display(ListOf(command));
+    PrintList(ListOf(command), options.json);
     return kDone;
   }
   if (!Report(options.file, ProblemsOf(command, values), options.run)) return kFound;
@@ -72,6 +73,7 @@ void AddFillCommand(Command program) {
                     "; a text may name its style, as in @NID=@N:15")
       .Placeholder("NAME=VALUE");
   const Option list = command.Flag("--list", options->list, "Show the parameters instead of the text");
+  command.Json(options->json).Needs(list);
   AddRunOptions(command, options->run).Excludes(list);
 }
 

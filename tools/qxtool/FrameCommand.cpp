@@ -27,6 +27,7 @@ struct Options {
   Integer width = 320;
   Integer height = 200;
   TColor fill = 0xFFFFFF;
+  bool json = false;
 };
 
 void Load(const std::string& fileName, TFrameBitmaps& pieces) {
@@ -53,7 +54,7 @@ void Info(const Options& options) {
   for (std::size_t k = 0; k < pieces.size(); ++k)
     rows.push_back(
         {kPieceNames[k], std::to_string(pieces[k].GetWidth()), std::to_string(pieces[k].GetHeight())});
-  Display(AlignRows({"Piece", "Width", "Height"}, rows));
+  PrintList({{"Piece", "Width", "Height"}, RowsOf(rows), {1, 2}}, options.json);
 }
 
 void Render(const Options& options) {
@@ -116,7 +117,9 @@ void AddFrameCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command frame = program.Add("frame", "Look into frame files, paint, pack and unpack them");
   frame.Example("frame info panel.dwf");
-  AddAction(frame, "info", "Show the sizes of the pieces", Info, options).Example("frame info panel.dwf");
+  Command info = AddAction(frame, "info", "Show the sizes of the pieces", Info, options);
+  info.Example("frame info panel.dwf");
+  info.Json(options->json);
 
   Command render = AddAction(frame, "render", "Paint the frame into a bitmap file", Render, options);
   render.Example("frame render panel.dwf panel.bmp --width 400 --fill C0C0C0");

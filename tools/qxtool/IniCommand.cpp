@@ -1,17 +1,16 @@
 // qxtool ini: look into a settings file and change it.
-#include <qxTools/base/Ascii.h>
-#include <qxTools/base/Lines.h>
 #include <qxTools/platform/Files.h>
-#include <qxTools/stores/IniLines.h>
 #include <qxTools/stores/qxIniTools.h>
 
 #include <functional>
 #include <memory>
-#include <set>
+#include <utility>
 
 #include "Commands.h"
+#include "IniCheck.h"
 #include "TextIo.h"
 #include "TextTable.h"
+#include "WindowsIni.h"
 
 namespace qxtool {
 
@@ -27,6 +26,9 @@ struct Options {
   std::string name;
   std::string text;
   std::vector<std::string> values;
+  std::string windowsFile;
+  bool force = false;
+  bool json = false;
 };
 
 std::string Text(const char* text) { return text != nullptr ? text : ""; }
@@ -38,6 +40,16 @@ void Load(TQXIniFile& file, const std::string& fileName) {
   } catch (const EIniLoadError& e) {
     throw Failure(Visible(fileName) + ": line " + std::to_string(e.GetLine()) + ": " + e.what());
   }
+}
+
+/// Loads a file that is going to be saved. @throws Failure if that would lose something, unless it is forced.
+void LoadToChange(TQXIniFile& file, const Options& options) {
+  const auto refuse = [&](int line, const std::string& what) {
+    throw Failure(Visible(options.file) + ": line " + std::to_string(line) + ": " + what +
+                  "; nothing was changed (--force saves all the same)");
+  };
+  if (!options.force) ForEachLoss(ReadInput(options.file), refuse);
+  Load(file, options.file);
 }
 
 /// Opens a record of an existing section. @return its number among records and values.
@@ -63,63 +75,55 @@ void RequireValue(const TQXIniFile& file, const Options& options) {
     throw NotThere(Visible(options.file) + ": no value " + Visible(options.name));
 }
 
-/// Whether a saved line is read again as these parts.
-bool ComesBack(const std::string& line, const IniLine& parts) {
-  return line.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos && ReadIniLine(line) == parts;
-}
-
-void CheckSection(const std::string& name) {
-  if (!ComesBack(name + ":" + std::string(kSectionMark), {IniLineKind::Section, name, {}}))
-    throw Failure("a section cannot hold a colon or a line break, or have blanks around it");
-}
-
-void CheckValue(const std::string& name, const std::string& value) {
-  if (name.empty() || !ComesBack(name + ":text", {IniLineKind::Value, name, "text"}))
-    throw Failure(
-        "a name cannot be empty, hold a colon or a line break, begin with // or have blanks around it");
-  if (value.empty() || !ComesBack("name:" + value, {IniLineKind::Value, "name", value}))
-    throw Failure("a text cannot be empty, hold a line break, have blanks around it or be " +
-                  std::string(kSectionMark));
+void Require(const std::string& fault) {
+  if (!fault.empty()) throw Failure(fault);
 }
 
 void Save(const TQXIniFile& file, const Options& options) { SaveText(options.file, file.GetText()); }
 
 // --- Actions -----------------------------------------------------------------------------------------
 
-/// Each value is a row. Section and record stand in that of the record's first value; a section without
-/// records and a record without values have a row of their own.
+/// A row for each value; a section without records and a record without values have a row of their own.
 void ForEachRow(const TQXIniFile& file, const std::function<void(const TextRow&)>& visit) {
-  TextRow place;  // section and record, until a row shows them
-  const auto show = [&](const std::string& name, const std::string& text) {
-    place.resize(2);
-    visit({place[0], place[1], name, text});
-    place.clear();
-  };
-  const auto showPlace = [&] {
-    if (!place.empty()) show("", "");
-  };
   std::string section;
   int record = 0;
+  TextRow alone;  // the row of a section or a record, until it is known to have others
+  const auto showAlone = [&] {
+    if (!alone.empty()) visit(std::exchange(alone, {}));
+  };
   file.EnumTreeNode([&](pQXTreeNode node) {
     const auto* const pair = static_cast<pQXIniPair>(node->Data);
-    if (node->Level == 3) return show(Text(pair->Name), Text(pair->Value));
-    if (node->Level == 2) {
-      if (record > 0) showPlace();
-      place = {section, std::to_string(++record)};
-    } else {
-      showPlace();
-      section = Text(pair->Value);
-      record = 0;
-      place = {section, ""};
+    if (node->Level == 3) {
+      alone.clear();
+      return visit({section, std::to_string(record), Text(pair->Name), Text(pair->Value)});
     }
+    if (node->Level == 1 || record > 0) showAlone();
+    if (node->Level == 1) section = Text(pair->Value);
+    record = node->Level == 1 ? 0 : record + 1;
+    alone = {section, record > 0 ? std::to_string(record) : "", "", ""};
   });
-  showPlace();
+  showAlone();
+}
+
+/// The rows for people: section and record are shown in the first row of a record.
+TextRows WithoutRepeats(const TextRows& rows) {
+  return [rows](const auto& visit) {
+    TextRow place;
+    rows([&](TextRow row) {
+      const TextRow rowPlace = {row[0], row[1]};
+      if (rowPlace == place) row[0] = row[1] = "";
+      place = rowPlace;
+      visit(row);
+    });
+  };
 }
 
 void List(const Options& options) {
   TQXIniFile file;
   Load(file, options.file);
-  PrintRows({"Section", "Record", "Name", "Text"}, [&](const auto& visit) { ForEachRow(file, visit); });
+  const TextRows rows = [&](const auto& visit) { ForEachRow(file, visit); };
+  PrintList({{"Section", "Record", "Name", "Text"}, options.json ? rows : WithoutRepeats(rows), {1}},
+            options.json);
 }
 
 ExitStatus Get(const Options& options) {
@@ -134,9 +138,9 @@ ExitStatus Get(const Options& options) {
 
 void Set(const Options& options) {
   TQXIniFile file;
-  Load(file, options.file);
+  LoadToChange(file, options);
   OpenRecord(file, options);
-  CheckValue(FromArgument(options.name), FromArgument(options.text));
+  Require(ValueFault(FromArgument(options.name), FromArgument(options.text)));
   file.SetValue(FromArgument(options.name), FromArgument(options.text));
   Save(file, options);
 }
@@ -144,15 +148,15 @@ void Set(const Options& options) {
 /// Appends a record, in a new section and a new file where these are not there yet.
 void Add(const Options& options) {
   TQXIniFile file;
-  if (FileExists(options.file)) Load(file, options.file);
-  CheckSection(FromArgument(options.section));
+  if (FileExists(options.file)) LoadToChange(file, options);
+  Require(SectionFault(FromArgument(options.section)));
   file.SetRootKey(FromArgument(options.section));
   file.AppendKey();
   for (const std::string& argument : options.values) {
     const std::string pair = FromArgument(argument);
     const std::size_t equals = pair.find('=');
     if (equals == std::string::npos) throw Failure(Visible(argument) + ": not NAME=TEXT");
-    CheckValue(pair.substr(0, equals), pair.substr(equals + 1));
+    Require(ValueFault(pair.substr(0, equals), pair.substr(equals + 1)));
     file.SetValue(pair.substr(0, equals), pair.substr(equals + 1));
   }
   Save(file, options);
@@ -160,7 +164,7 @@ void Add(const Options& options) {
 
 void Delete(const Options& options) {
   TQXIniFile file;
-  Load(file, options.file);
+  LoadToChange(file, options);
   if (options.record == 0) {
     WithSubject(options.file, [&] { file.DeleteRootKey(FromArgument(options.section)); });
   } else {
@@ -175,68 +179,55 @@ void Delete(const Options& options) {
   Save(file, options);
 }
 
-// --- What a save would lose ---------------------------------------------------------------------------
-
-class Checker {
- public:
-  explicit Checker(const std::function<void(const TextRow&)>& tell) : tell_(tell) {}
-
-  void Line(std::string_view line) {
-    ++number_;
-    const IniLine parts = ReadIniLine(line);
-    if (line.find('\0') != std::string_view::npos) Tell("what stands behind a NUL is lost");
-    switch (parts.kind) {
-      case IniLineKind::Blank:
-        return;
-      case IniLineKind::Section:
-        return Section(std::string(parts.name));
-      case IniLineKind::RecordBegin:
-        if (sections_.empty()) Tell("a record before any section: loading ends here");
-        inRecord_ = true;
-        return;
-      case IniLineKind::RecordEnd:
-        inRecord_ = false;
-        return;
-      case IniLineKind::Value:
-        return Value(parts);
-      case IniLineKind::Other:
-        return Tell("a comment, or a line without a colon, is lost");
-    }
-  }
-
- private:
-  void Tell(const char* what) { tell_({std::to_string(number_), what}); }
-
-  void Section(const std::string& name) {
-    if (inRecord_) Tell("a section inside an open record: values up to its end stay with that record");
-    if (!sections_.insert(UpperCase(name)).second)
-      Tell("a section of the same name: its records move to the first");
-  }
-
-  void Value(const IniLine& parts) {
-    if (parts.text.size() > kSectionMark.size() && UpperCase(parts.text).ends_with(UpperCase(kSectionMark)))
-      Tell("a section's line with a second colon, or a blank behind it: read as a value");
-    if (!inRecord_) return Tell("a value outside a record is lost");
-    if (parts.name.empty() || parts.text.empty()) Tell("a value without a name or a text is lost");
-  }
-
-  int number_ = 0;
-  bool inRecord_ = false;
-  std::set<std::string> sections_;
-  const std::function<void(const TextRow&)>& tell_;
-};
-
 ExitStatus Check(const Options& options) {
   const std::string text = ReadInput(options.file);
-  const auto rows = [&](const std::function<void(const TextRow&)>& visit) {
-    Checker checker(visit);
-    ForEachLine(std::string_view(text), [&](std::string_view line) { checker.Line(line); });
-  };
   bool found = false;
-  rows([&](const TextRow&) { found = true; });
-  if (!found) return kDone;
-  PrintRows({"Line", "What a save changes"}, rows);
-  return kFound;
+  ForEachLoss(text, [&](int, const std::string&) { found = true; });
+  const auto rows = [&](const auto& visit) {
+    ForEachLoss(text, [&](int line, const std::string& what) { visit({std::to_string(line), what}); });
+  };
+  if (found || options.json) PrintList({{"Line", "What a save changes"}, rows, {0}}, options.json);
+  return found ? kFound : kDone;
+}
+
+// --- Windows INI files ---------------------------------------------------------------------------------
+
+/// Reports to standard error, as FILE:PLACE: WHAT has no place here, and remembers whether there was any.
+class NoPlaceReport {
+ public:
+  explicit NoPlaceReport(const std::string& fileName) : fileName_(fileName) {}
+  void Add(const std::string& place, const std::string& what) {
+    PrintReport(Visible(fileName_) + ":" + VisibleText(place) + ": no place for this: " + what);
+    status_ = kFound;
+  }
+  ExitStatus Status() const { return status_; }
+
+ private:
+  const std::string& fileName_;
+  ExitStatus status_ = kDone;
+};
+
+ExitStatus Import(const Options& options) {
+  const std::string text = ReadInput(options.windowsFile);
+  if (text.starts_with("\xFF\xFE"))
+    throw Failure(Visible(options.windowsFile) + ": this is UTF-16; save it in another encoding first");
+  NoPlaceReport report(options.windowsFile);
+  const std::string settings = SettingsFromWindowsIni(
+      text, [&](int line, const std::string& what) { report.Add(std::to_string(line), what); });
+  SaveText(options.file, settings);
+  return report.Status();
+}
+
+ExitStatus Export(const Options& options) {
+  const std::string text = ReadInput(options.file);
+  NoPlaceReport report(options.file);
+  const auto add = [&](const std::string& place, const std::string& what) { report.Add(" " + place, what); };
+  const std::string ini = WithSubject(options.file, [&] { return WindowsIniFromSettings(text, add); });
+  if (options.windowsFile.empty())
+    Print(ini);
+  else
+    SaveText(options.windowsFile, ini);
+  return report.Status();
 }
 
 }  // namespace
@@ -251,23 +242,41 @@ void AddIniCommand(Command program) {
     made.Number("RECORD", options->record, "Counted from 1").Required().Positive();
     made.Text("NAME", options->name).Required();
   };
-  ini.Add("list", "Show sections, records and values", options, List).Example("ini app.ini list");
+  const auto force = [&](Command made) {
+    made.Flag("--force", options->force, "Save although lines of the file are lost");
+  };
+  Command list = ini.Add("list", "Show sections, records and values", options, List);
+  list.Example("ini app.ini list");
+  list.Json(options->json);
   place(ini.Add("get", "Print one text", options, Get).Example("ini app.ini get Main 1 Mode"));
   Command set = ini.Add("set", "Set one text in a record", options, Set);
+  force(set);
   set.Example("ini app.ini set Main 1 Mode slow");
   place(set);
   set.Text("TEXT", options->text).Required();
   Command add = ini.Add("add", "Append a record to a section, which is made when it is new", options, Add);
+  force(add);
   add.Example("ini app.ini add Main Mode=fast Path=/srv/data");
   add.Text("SECTION", options->section).Required();
   add.Texts("NAME=TEXT", options->values, "Its values");
   Command remove = ini.Add("delete", "Delete a section, a record or a value", options, Delete);
+  force(remove);
   remove.Example("ini app.ini delete Main 2");
   remove.Text("SECTION", options->section).Required();
   remove.Number("RECORD", options->record, "Counted from 1").Positive();
   remove.Text("NAME", options->name);
-  ini.Add("check", "List what a save would lose or move; exit status 1 if there is something", options, Check)
-      .Example("ini app.ini check");
+  Command check = ini.Add("check", "List what a save would lose or move; exit status 1 if there is something",
+                          options, Check);
+  check.Example("ini app.ini check");
+  check.Json(options->json);
+  ini.Add("import", "Make the file anew from a Windows INI file; exit status 1 if a line has no place",
+          options, Import)
+      .Example("ini app.ini import windows.ini")
+      .Text("INI", options->windowsFile, "Windows INI file; - is standard input")
+      .Required();
+  ini.Add("export", "Write a Windows INI file; exit status 1 if something has no place", options, Export)
+      .Example("ini app.ini export windows.ini")
+      .Text("INI", options->windowsFile, "File to be written; without it, standard output");
 }
 
 }  // namespace qxtool

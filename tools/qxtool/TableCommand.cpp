@@ -27,6 +27,7 @@ struct Options {
   std::string csv;
   std::vector<std::string> values;
   DateColumnNames dates;
+  bool json = false;
 };
 
 /// The texts of a line's fields, front to back.
@@ -40,6 +41,9 @@ TextRow FieldsOf(std::string_view line) {
 void Load(TQXStringTable& table, const Options& options) {
   table.SetText(ReadInput(options.file));
   if (table.GetEmpty()) throw Failure(Visible(options.file) + ": no header line");
+  if (table.GetFieldCount() == 0)
+    throw Failure(Visible(options.file) +
+                  ": this is no string table: its first line names no field, as in [#Name#]");
 }
 
 void Save(const TQXStringTable& table, const Options& options) { SaveText(options.file, table.GetText()); }
@@ -73,9 +77,10 @@ void Show(const Options& options) {
     row.insert(row.begin(), number);
     return row;
   };
-  PrintRows(line("No.", 0), [&](const auto& visit) {
+  const auto rows = [&](const auto& visit) {
     for (Integer i = 1; i <= table.GetReccount(); ++i) visit(line(std::to_string(i), i));
-  });
+  };
+  PrintList({line("No.", 0), rows, {0}}, options.json);
 }
 
 ExitStatus Get(const Options& options) {
@@ -162,7 +167,9 @@ void AddTableCommand(Command program) {
     made.Number("RECORD", options->record, "Counted from 1").Required().Positive();
     made.Text("FIELD", options->field).Required();
   };
-  table.Add("show", "Show the records, aligned", options, Show).Example("table people.tbl show");
+  Command show = table.Add("show", "Show the records, aligned", options, Show);
+  show.Example("table people.tbl show");
+  show.Json(options->json);
   place(table.Add("get", "Print one text", options, Get).Example("table people.tbl get 1 Name"));
   Command set = table.Add("set", "Set one text", options, Set);
   set.Example("table people.tbl set 1 Phone 555-0100");

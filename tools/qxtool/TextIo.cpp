@@ -125,7 +125,7 @@ bool ShowsColour(std::FILE* stream) {
 }  // namespace
 
 std::string Emphasised(const std::string& text, Emphasis emphasis, std::FILE* stream) {
-  if (!ShowsColour(stream)) return text;
+  if (emphasis == Emphasis::kNone || !ShowsColour(stream)) return text;
   return (emphasis == Emphasis::kError ? "\x1B[1;31m" : "\x1B[1m") + text + "\x1B[0m";
 }
 

@@ -73,9 +73,9 @@ void PrintReport(const std::string& line);
 /// Saves text as a whole file, in the encoding of files. @throws Failure; the old file is unchanged then.
 void SaveText(const std::string& fileName, const std::string& text);
 
-/// Text in bold, or in bold red, if `stream` is a terminal that shows it. NO_COLOR and TERM=dumb switch it
-/// off.
-enum class Emphasis { kBold, kError };
+enum class Emphasis { kNone, kBold, kError };
+
+/// Text, emphasised if `stream` is a terminal that shows it. NO_COLOR and TERM=dumb switch that off.
 std::string Emphasised(const std::string& text, Emphasis emphasis, std::FILE* stream);
 
 /// Bytes from outside (a name, a message of the system) for a message: control characters, and what is no

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Json.h"
 #include "TextIo.h"
 #include "Utf8Width.h"
 
@@ -63,6 +64,17 @@ std::string AlignUtf8Rows(const TextRow& head, const std::vector<TextRow>& rows)
   return Aligned(head, rows, kUtf8);
 }
 
-void PrintRows(const TextRow& head, const TextRows& rows) { Align(head, rows, kBytes, Display); }
+TextRows RowsOf(std::vector<TextRow> rows) {
+  return [rows = std::move(rows)](const auto& visit) { std::ranges::for_each(rows, visit); };
+}
+
+void PrintList(const TextList& list, bool json) {
+  if (json) return PrintJsonList(list);
+  Emphasis emphasis = Emphasis::kBold;  // of the head
+  Align(list.head, list.rows, kBytes, [&](const std::string& line) {
+    Display(Emphasised(line, emphasis, stdout));
+    emphasis = Emphasis::kNone;
+  });
+}
 
 }  // namespace qxtool

@@ -1,4 +1,4 @@
-// A table of text, its columns aligned.
+// Lists of texts: for people as a table with aligned columns, for programs as JSON.
 #pragma once
 
 #include <functional>
@@ -12,14 +12,24 @@ using TextRow = std::vector<std::string>;
 /// Calls its argument with each row, front to back.
 using TextRows = std::function<void(const std::function<void(const TextRow&)>&)>;
 
-/// The rows under a head, columns parted by two blanks; rows may be longer than the head. A character of two
-/// bytes is two columns wide, so the length in bytes is the width; control bytes are made visible.
+/// The rows under a head, columns separated by two blanks; rows may be longer than the head. A character of
+/// two bytes is two columns wide, so the length in bytes is the width; control bytes are made visible.
 std::string AlignRows(const TextRow& head, const std::vector<TextRow>& rows);
 
-/// The same for rows in UTF-8, as wide as a terminal shows them.
+/// The rows, in UTF-8, under a head, as wide as a terminal shows them; columns are separated by two blanks.
 std::string AlignUtf8Rows(const TextRow& head, const std::vector<TextRow>& rows);
 
-/// Prints what AlignRows gives, line by line: `rows` is called twice, so no more than a row lies in memory.
-void PrintRows(const TextRow& head, const TextRows& rows);
+/// A list that a command shows.
+struct TextList {
+  TextRow head;
+  TextRows rows;                          // visited twice, so that no more than a row is in memory
+  std::vector<std::size_t> numbers = {};  // the columns that are integers in JSON, from 0
+};
+
+/// Visits rows that are in memory.
+TextRows RowsOf(std::vector<TextRow> rows);
+
+/// Prints a list as a table, line by line; with `json` as an array with an object for each row.
+void PrintList(const TextList& list, bool json);
 
 }  // namespace qxtool
