@@ -32,7 +32,7 @@ namespace {
 
 // The links of equal bytes that have the key. A whole key's are not even read.
 auto HasKey(const TNodeKey& key, bool whole) {
-  return [&key, whole](pQXTreeNodeLink link) { return whole || NodeBehind(link)->Key == key; };
+  return [&key, whole](pQXTreeNodeLink link) { return whole || NodeOf(link)->Key == key; };
 }
 
 }  // namespace

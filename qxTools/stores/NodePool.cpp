@@ -23,7 +23,7 @@ void* NodePool::Take() {
   }
   if (used_ == blockSize_) {
     const std::size_t size = std::clamp(blockSize_ * 2, kSmallestBlock, kLargestBlock);
-    blocks_.push_back(stores::Record(stores::MakeRecord(size * sizeof(LinkAndNode))));
+    blocks_.push_back(stores::MakeZeroedBlock(size * sizeof(LinkAndNode)));
     blockSize_ = size;
     used_ = 0;
   }

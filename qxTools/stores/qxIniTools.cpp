@@ -2,7 +2,7 @@
 #include <qxTools/platform/Files.h>
 #include <qxTools/stores/IniLines.h>
 #include <qxTools/stores/IniLookup.h>
-#include <qxTools/stores/Records.h>
+#include <qxTools/stores/ZeroedBlock.h>
 
 #include <cstring>
 
@@ -11,8 +11,8 @@ namespace qxTools::qxIniTools {
 using QXMemTools::MemFree;
 using qxTreeList::IsInSubtree;
 using qxTreeList::LastChildOf;
-using stores::MakeRecord;
-using stores::Record;
+using stores::MakeZeroedBlock;
+using stores::ZeroedBlock;
 
 namespace {
 
@@ -20,9 +20,9 @@ constexpr char kSectionNotOpen[] = "RootKey not Open.";
 constexpr char kRecordNotOpen[] = "Item Key not open.";
 
 // The text with a NUL behind it; null for an empty one.
-Record CopyOf(std::string_view text) {
+ZeroedBlock CopyOf(std::string_view text) {
   if (text.empty()) return nullptr;
-  Record copy(MakeRecord(text.size() + 1));
+  ZeroedBlock copy = MakeZeroedBlock(text.size() + 1);
   std::memcpy(copy.get(), text.data(), text.size());
   return copy;
 }
@@ -60,9 +60,9 @@ pQXTreeNodeLink TQXIniFile::OrRoot(pQXTreeNodeLink link) const {
 }
 
 pQXTreeNodeLink TQXIniFile::AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value) {
-  Record pair(MakeRecord(sizeof(TQXIniPair)));
-  Record nameCopy = CopyOf(name);
-  Record valueCopy = CopyOf(value);
+  ZeroedBlock pair = MakeZeroedBlock(sizeof(TQXIniPair));
+  ZeroedBlock nameCopy = CopyOf(name);
+  ZeroedBlock valueCopy = CopyOf(value);
   const pQXTreeNodeLink link = tree_.AddLink(parent);
   auto* const made = new (pair.release()) TQXIniPair();
   made->Name = static_cast<char*>(nameCopy.release());
@@ -210,7 +210,7 @@ void TQXIniFile::SetValue(std::string_view name, std::string_view value) {
     AddPair(OrRoot(record_), name, value);
     return;
   }
-  Record copy = CopyOf(value);
+  ZeroedBlock copy = CopyOf(value);
   MemFree(PairOf(found)->Value);
   PairOf(found)->Value = static_cast<char*>(copy.release());
 }

@@ -4,8 +4,6 @@
 #include <qxTools/platform/VirtualMemory.h>
 #include <qxTools/stores/KeyIndex.h>
 #include <qxTools/stores/NodePool.h>
-#include <qxTools/stores/TreeOrder.h>
-#include <qxTools/stores/qxTreeList.h>
 
 #include <array>
 #include <cstring>
@@ -13,8 +11,8 @@
 namespace qxTools::qxTreeList {
 
 using QXMemTools::MemFree;
-using stores::MakeRecord;
-using stores::Record;
+using stores::MakeZeroedBlock;
+using stores::ZeroedBlock;
 
 namespace {
 
@@ -25,7 +23,9 @@ TNodeKey FreshKey() {
   return QXUniKey::UniKeyBytes(key) ? TNodeKey(std::string_view(key.data(), key.size())) : TNodeKey();
 }
 
-void* MakeData(Integer size) { return size > 0 ? MakeRecord(static_cast<std::size_t>(size)) : nullptr; }
+ZeroedBlock MakeData(Integer size) {
+  return size > 0 ? MakeZeroedBlock(static_cast<std::size_t>(size)) : nullptr;
+}
 
 // The first node with that key in the subtree of `top`.
 pQXTreeNodeLink Walk(const TNodeKey& key, pQXTreeNodeLink top) {
@@ -50,9 +50,8 @@ void Unlink(pQXTreeNodeLink link) {
   --link->Parent->Count;
 }
 
-// Sets `node` to that of `link` when there is one.
-bool Give(pQXTreeNodeLink link, pQXTreeNode& node) {
-  if (link != nullptr) node = NodeBehind(link);
+bool SetIfFound(pQXTreeNodeLink link, pQXTreeNode& node) {
+  if (link != nullptr) node = NodeOf(link);
   return link != nullptr;
 }
 
@@ -65,11 +64,12 @@ std::size_t BlockSize(Integer size) { return static_cast<std::uint32_t>(size) + 
 void NewTreeNode(pQXTreeNodeLink& link) { NewTreeNode(0, link); }
 
 void NewTreeNode(Integer dataSize, pQXTreeNodeLink& link) {
-  Record made(MakeRecord(sizeof(LinkWithLastChild)));
-  Record node(MakeRecord(sizeof(TQXTreeNode)));
-  void* const data = MakeData(dataSize);
+  ZeroedBlock made = MakeZeroedBlock(sizeof(LinkWithLastChild));
+  ZeroedBlock node = MakeZeroedBlock(sizeof(TQXTreeNode));
+  ZeroedBlock data = MakeData(dataSize);
+  const TNodeKey key = FreshKey();
   link = new (made.release()) LinkWithLastChild();
-  link->Node = new (node.release()) TQXTreeNode{{}, FreshKey(), data, 0};
+  link->Node = new (node.release()) TQXTreeNode{{}, key, data.release(), 0};
 }
 
 void FreeTreeNode(pQXTreeNodeLink link) { FreeTreeNode(0, link); }
@@ -102,48 +102,65 @@ void vFreeMem(void* p) {
 
 // --- The store: making and freeing -------------------------------------------
 
-TQXTreeNodes::TQXTreeNodes(Integer aDataSize) : dataSize_(aDataSize), pool_(std::make_unique<NodePool>()) {
+struct TQXTreeNodes::State {
+  Integer dataSize;
+  NodePool pool{};  // of all but the root
+  pQXTreeNodeLink root = nullptr;
+  pQXTreeNodeLink current = nullptr;
+  bool opened = false;
+  std::unique_ptr<KeyIndex> index{};  // made by the first search for a key
+
+  pQXTreeNodeLink Open() const { return opened ? current : nullptr; }
+  pQXTreeNodeLink Make(pQXTreeNodeLink parent);
+  void Free(pQXTreeNodeLink link);
+  void FreeBelow(pQXTreeNodeLink top);
+  KeyIndex& Index();
+  pQXTreeNodeLink Find(const TNodeKey& key);
+  pQXTreeNodeLink FindFrom(const TNodeKey& key, pQXTreeNodeLink start);
+};
+
+TQXTreeNodes::TQXTreeNodes(Integer aDataSize) : state_(new State{aDataSize}) {
   FreshKey();  // on purpose: the root draws a key like every node, and drops it
-  Record root(MakeRecord(sizeof(LinkAndNode)));
-  void* const data = MakeData(aDataSize);
-  root_ = new (root.release()) LinkAndNode({}, kRootKey, data, 0);
+  ZeroedBlock root = MakeZeroedBlock(sizeof(LinkAndNode));
+  ZeroedBlock data = MakeData(aDataSize);
+  state_->root = new (root.release()) LinkAndNode({}, kRootKey, data.release(), 0);
 }
 
 TQXTreeNodes::~TQXTreeNodes() {
-  if (dataSize_ > 0) MemFree(root_->Node->Data);
-  MemFree(root_);
+  if (state_->dataSize > 0) MemFree(state_->root->Node->Data);
+  MemFree(state_->root);
 }
 
-pQXTreeNodeLink TQXTreeNodes::MakeLink(pQXTreeNodeLink parent) {
-  Record data(MakeData(dataSize_));
+pQXTreeNodeLink TQXTreeNodes::State::Make(pQXTreeNodeLink parent) {
+  ZeroedBlock data = MakeData(dataSize);
   const TQXTreeNode& node = *parent->Node;
-  const pQXTreeNodeLink link = pool_->Make(node.Key, FreshKey(), data.get(), node.Level + 1);
+  const pQXTreeNodeLink link = pool.Make(node.Key, FreshKey(), data.get(), node.Level + 1);
   try {
-    if (index_ != nullptr) index_->Insert(link);
+    if (index != nullptr) index->Insert(link);
   } catch (...) {
-    pool_->Free(link);
+    pool.Free(link);
     throw;
   }
   static_cast<void>(data.release());
   return link;
 }
 
-// On purpose: the data block stays, it is the caller's.
-void TQXTreeNodes::FreeLink(pQXTreeNodeLink link) {
-  if (link == current_) current_ = nullptr;
-  if (index_ != nullptr) index_->Erase(link);
-  pool_->Free(link);
+// On purpose: the data block is not freed, it is the caller's.
+void TQXTreeNodes::State::Free(pQXTreeNodeLink link) {
+  if (link == current) current = nullptr;
+  if (index != nullptr) index->Erase(link);
+  pool.Free(link);
 }
 
 // Children first, down to a leaf and back by the parents.
-void TQXTreeNodes::FreeBelow(pQXTreeNodeLink top) {
+void TQXTreeNodes::State::FreeBelow(pQXTreeNodeLink top) {
   pQXTreeNodeLink link = top;
   while (true) {
     while (link->FirstChild != nullptr) link = link->FirstChild;
     if (link == top) break;
     const pQXTreeNodeLink parent = link->Parent;
     const pQXTreeNodeLink next = link->Next;
-    FreeLink(link);
+    Free(link);
     parent->FirstChild = next;
     link = next != nullptr ? next : parent;
   }
@@ -153,103 +170,108 @@ void TQXTreeNodes::FreeBelow(pQXTreeNodeLink top) {
 
 // --- The store: opening, adding, deleting ------------------------------------
 
+pQXTreeNodeLink TQXTreeNodes::GetRootLink() const { return state_->root; }
+
+pQXTreeNode TQXTreeNodes::GetRootNode() const { return state_->root->Node; }
+
 void TQXTreeNodes::OpenRootNode() {
-  current_ = root_;
-  opened_ = true;
+  state_->current = state_->root;
+  state_->opened = true;
 }
 
 void TQXTreeNodes::OpenTreeNode(const TNodeKey& key) {
-  const pQXTreeNodeLink link = Find(key);
+  const pQXTreeNodeLink link = state_->Find(key);
   if (link == nullptr) throw Exception("Key(" + key.Text() + ") not Found.");
-  current_ = link;
+  state_->current = link;
 }
 
 void TQXTreeNodes::CloseTreeNode() {
-  current_ = nullptr;
-  opened_ = false;
+  state_->current = nullptr;
+  state_->opened = false;
 }
 
 pQXTreeNode TQXTreeNodes::Add() {
-  if (!opened_ || current_ == nullptr) throw Exception("TreeNode Not Opend.");
-  return Add(current_->Node->Key);
+  if (state_->Open() == nullptr) throw Exception("TreeNode Not Opend.");
+  return Add(state_->current->Node->Key);
 }
 
 pQXTreeNode TQXTreeNodes::Add(const TNodeKey& parentKey) {
-  const pQXTreeNodeLink parent = Find(parentKey);
-  return AddLink(parent != nullptr ? parent : root_)->Node;
+  const pQXTreeNodeLink parent = state_->Find(parentKey);
+  return NodeOf(AddLink(parent != nullptr ? parent : state_->root));
 }
 
 pQXTreeNodeLink TQXTreeNodes::AddLink(pQXTreeNodeLink parent) {
-  const pQXTreeNodeLink link = MakeLink(parent);
+  const pQXTreeNodeLink link = state_->Make(parent);
   Append(parent, link);
   return link;
 }
 
 void TQXTreeNodes::Delete(const TNodeKey& key) {
-  const pQXTreeNodeLink link = Find(key);
+  const pQXTreeNodeLink link = state_->Find(key);
   if (link != nullptr) DeleteLink(link);
 }
 
 void TQXTreeNodes::DeleteLink(pQXTreeNodeLink link) {
-  FreeBelow(link);
-  if (link == root_) return;
+  state_->FreeBelow(link);
+  if (link == state_->root) return;
   Unlink(link);
-  FreeLink(link);
+  state_->Free(link);
 }
 
 void TQXTreeNodes::Delete(pQXTreeNode node) {
-  if (node != nullptr && !(node->Key == root_->Node->Key)) Delete(node->Key);
+  if (node != nullptr && !(node->Key == kRootKey)) Delete(node->Key);
 }
 
 void TQXTreeNodes::Delete(const TNodeKey&, Integer) {}
 
 void TQXTreeNodes::Clear() {
-  if (current_ != root_) current_ = nullptr;
-  index_.reset();
-  pool_->FreeAll();
-  root_->FirstChild = LastChildOf(root_) = nullptr;
-  root_->Count = 0;
+  State& state = *state_;
+  if (state.current != state.root) state.current = nullptr;
+  state.index.reset();
+  state.pool.FreeAll();
+  state.root->FirstChild = LastChildOf(state.root) = nullptr;
+  state.root->Count = 0;
 }
 
 // --- The store: finding ------------------------------------------------------
 
-KeyIndex& TQXTreeNodes::Index() const {
-  if (index_ != nullptr) return *index_;
-  auto index = std::make_unique<KeyIndex>();
-  for (pQXTreeNodeLink link = root_; link != nullptr; link = Successor(link, root_, true))
-    index->Insert(link);
-  index_ = std::move(index);
-  return *index_;
+KeyIndex& TQXTreeNodes::State::Index() {
+  if (index != nullptr) return *index;
+  auto made = std::make_unique<KeyIndex>();
+  for (pQXTreeNodeLink link = root; link != nullptr; link = Successor(link, root, true)) made->Insert(link);
+  index = std::move(made);
+  return *index;
 }
 
-pQXTreeNodeLink TQXTreeNodes::Find(const TNodeKey& key) const {
-  return Index().IsShared(key) ? Walk(key, root_) : Index().Find(key);
+pQXTreeNodeLink TQXTreeNodes::State::Find(const TNodeKey& key) {
+  return Index().IsShared(key) ? Walk(key, root) : Index().Find(key);
 }
 
 // `start` is a link of this store.
-pQXTreeNodeLink TQXTreeNodes::FindFrom(const TNodeKey& key, pQXTreeNodeLink start) const {
+pQXTreeNodeLink TQXTreeNodes::State::FindFrom(const TNodeKey& key, pQXTreeNodeLink start) {
   if (Index().IsShared(key)) return Walk(key, start);
   const pQXTreeNodeLink link = Index().Find(key);
-  return link != nullptr && (start == root_ || IsInSubtree(link, start)) ? link : nullptr;
+  return link != nullptr && (start == root || IsInSubtree(link, start)) ? link : nullptr;
 }
 
 bool TQXTreeNodes::FindNodeLink(const TNodeKey& key, pQXTreeNodeLink& link) const {
-  const pQXTreeNodeLink found = Find(key);
+  const pQXTreeNodeLink found = state_->Find(key);
   if (found != nullptr) link = found;
   return found != nullptr;
 }
 
 bool TQXTreeNodes::FindNodeLink(const TNodeKey& key, pQXTreeNodeLink start, pQXTreeNodeLink& link) const {
   if (start == nullptr) return false;
-  const bool isOwn = IsInSubtree(start, root_);
-  const pQXTreeNodeLink found = isOwn ? FindFrom(key, start) : Walk(key, start);
+  const bool isOwn = IsInSubtree(start, state_->root);
+  const pQXTreeNodeLink found = isOwn ? state_->FindFrom(key, start) : Walk(key, start);
   if (found != nullptr) link = found;
   return found != nullptr;
 }
 
 bool TQXTreeNodes::FindNode(const TNodeKey& key, pQXTreeNode& node) const {
   node = nullptr;
-  return opened_ && current_ != nullptr && Give(FindFrom(key, current_), node);
+  const pQXTreeNodeLink open = state_->Open();
+  return open != nullptr && SetIfFound(state_->FindFrom(key, open), node);
 }
 
 pQXTreeNode TQXTreeNodes::GetItem(const TNodeKey& key) const {
@@ -259,30 +281,30 @@ pQXTreeNode TQXTreeNodes::GetItem(const TNodeKey& key) const {
 }
 
 bool TQXTreeNodes::FindSubNode(const TNodeKey& key, pQXTreeNode& node) const {
-  const pQXTreeNodeLink link = Find(key);
-  return link != nullptr && Give(link->FirstChild, node);
+  const pQXTreeNodeLink link = state_->Find(key);
+  return link != nullptr && SetIfFound(link->FirstChild, node);
 }
 
 bool TQXTreeNodes::FindFirstNode(const TNodeKey& key, pQXTreeNode& node) const {
-  const pQXTreeNodeLink link = Find(key);
-  return link != nullptr && Give(link == root_ ? root_ : link->Parent->FirstChild, node);
+  const pQXTreeNodeLink link = state_->Find(key);
+  return link != nullptr && SetIfFound(link == state_->root ? state_->root : link->Parent->FirstChild, node);
 }
 
 bool TQXTreeNodes::FindLastNode(const TNodeKey& key, pQXTreeNode& node) const {
-  const pQXTreeNodeLink link = Find(key);
-  return link != nullptr && Give(link == root_ ? root_ : LastChildOf(link->Parent), node);
+  const pQXTreeNodeLink link = state_->Find(key);
+  return link != nullptr && SetIfFound(link == state_->root ? state_->root : LastChildOf(link->Parent), node);
 }
 
 bool TQXTreeNodes::FindNextNode(const TNodeKey& key, pQXTreeNode& node) const {
-  const pQXTreeNodeLink link = Find(key);
+  const pQXTreeNodeLink link = state_->Find(key);
   if (link == nullptr) return false;
   node = nullptr;
-  return Give(link->Next, node);
+  return SetIfFound(link->Next, node);
 }
 
 bool TQXTreeNodes::FindPrevNode(const TNodeKey& key, pQXTreeNode& node) const {
-  const pQXTreeNodeLink link = Find(key);
-  return link != nullptr && Give(link->Prior, node);
+  const pQXTreeNodeLink link = state_->Find(key);
+  return link != nullptr && SetIfFound(link->Prior, node);
 }
 
 pQXTreeNodeLink TQXTreeNodes::FindFirstSubNodeLink(pQXTreeNodeLink link) const { return link->FirstChild; }
@@ -306,22 +328,23 @@ void TQXTreeNodes::EnumTreeNodeLink(pQXTreeNodeLink link, bool recursive,
 }
 
 void TQXTreeNodes::EnumTreeNode(const TEnumTreeNodeProc& proc, bool recursive) const {
-  if (opened_ && current_ != nullptr) EnumTreeNodeLink(current_, recursive, proc);
+  if (state_->Open() != nullptr) EnumTreeNodeLink(state_->Open(), recursive, proc);
 }
 
 void TQXTreeNodes::EnumTreeNode(const TNodeKey& key, const TEnumTreeNodeProc& proc, bool recursive) const {
-  const pQXTreeNodeLink link = Find(key);
+  const pQXTreeNodeLink link = state_->Find(key);
   if (link != nullptr) EnumTreeNodeLink(link, recursive, proc);
 }
 
 void TQXTreeNodes::EnumAllTreeNode(const TEnumTreeNodeProc& proc) const {
-  EnumTreeNodeLink(root_, true, proc);
+  EnumTreeNodeLink(state_->root, true, proc);
 }
 
 void TQXTreeNodes::GetTreeNodeList(TList& list) const {
-  if (!opened_ || current_ == nullptr || !HasChildren(current_)) return;
+  const pQXTreeNodeLink open = state_->Open();
+  if (open == nullptr || !HasChildren(open)) return;
   list.Clear();
-  for (pQXTreeNodeLink link = current_->FirstChild; link != nullptr; link = link->Next) list.Add(link->Node);
+  for (pQXTreeNodeLink link = open->FirstChild; link != nullptr; link = link->Next) list.Add(link->Node);
 }
 
 }  // namespace qxTools::qxTreeList

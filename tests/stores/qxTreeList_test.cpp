@@ -1,4 +1,5 @@
 #include <qxTools/base/Exceptions.h>
+#include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/memory/QXMemTools.h>
 #include <qxTools/platform/VirtualMemory.h>
 #include <qxTools/stores/qxTreeList.h>
@@ -109,6 +110,29 @@ TEST(qxTreeList, DeleteTakesTheSubtreeAndKeepsTheRoot) {
   EXPECT_EQ(All(tree), Nodes{a});
   EXPECT_EQ(MessageOf([&] { tree.Add(); }), kNotOpened);  // the opened node is gone
   EXPECT_EQ(tree.GetItem(kRootKey), nullptr);
+}
+
+TEST(qxTreeList, ClearClosesAllButTheRoot) {
+  TQXTreeNodes tree;
+  tree.OpenRootNode();
+  tree.OpenTreeNode(tree.Add()->Key);
+  tree.Clear();
+  EXPECT_EQ(MessageOf([&] { tree.Add(); }), kNotOpened);
+  tree.OpenRootNode();
+  tree.Clear();
+  EXPECT_EQ(tree.Add()->ParentKey, kRootKey);
+}
+
+TEST(qxTreeList, TheRootDrawsAKeyAndDropsIt) {
+  const FixedClock clock(0);
+  std::vector<std::uint32_t> numbers(40, 0);  // twenty a key
+  numbers[10] = UINT32_MAX;
+  FixedDraws draws(numbers);
+  const std::string dropped = QXUniKey::UniKey();
+  const std::string second = QXUniKey::UniKey();
+  EXPECT_EQ(TQXTreeNodes().GetRootNode()->Key, kRootKey);
+  EXPECT_NE(dropped, second);
+  EXPECT_EQ(QXUniKey::UniKey(), second);
 }
 
 TEST(qxTreeList, DataIsZeroAndItsOwnerFreesIt) {
