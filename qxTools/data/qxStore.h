@@ -7,11 +7,11 @@
 ///     offset  size  content
 ///          0     1  length of the flag, 3
 ///          1     3  "QXF"
-///          4     4  zeros, not read
+///          4     4  zeros, ignored when reading
 ///          8     8  number of data bytes, signed
 ///         16     1  length of the comment, 0 to 50
-///         17    50  the comment; bytes behind its length are zeros, not read
-///         67     5  zeros, not read
+///         17    50  the comment, then zeros, ignored when reading
+///         67     5  zeros, ignored when reading
 ///         72        the data
 #pragma once
 
@@ -22,58 +22,77 @@
 
 namespace qxTools::qxStore {
 
-/// What a file begins with.
+/// The letters that a file begins with, at most three.
 using TFileFlag = ShortString<3>;
 
-/// Where a long work stands.
-enum TProgressStage { psStarting, psRunning, psEnding };
+/// The stages of a long operation.
+enum TProgressStage {
+  psStarting,  ///< It begins.
+  psRunning,   ///< It is going on.
+  psEnding,    ///< It has ended.
+};
 
-/// `percentDone` is 0 to 255.
+/// A progress event. `sender` is the object that works, `stage` and `percentDone` (0 to 255) say how far it
+/// is; `redrawNow` asks to redraw the rectangle `r` at once; `msg` is a text for the user.
 using TProgressEvent = std::function<void(TObject* sender, TProgressStage stage, std::uint8_t percentDone,
                                           bool redrawNow, const TRect& r, const std::string& msg)>;
 
-/// What a store is, whatever it holds. Streams and stores given to it stay the caller's.
+/// The base of all stores, whatever they hold. Streams and stores that are passed to it remain the caller's.
 class QXTOOLS_API TQXCustomStore : public TInterfacedPersistent, public IStreamPersist {
  public:
+  /// Makes a store that is not modified and has no events.
   TQXCustomStore() = default;
   TQXCustomStore(const TQXCustomStore&) = delete;
   TQXCustomStore& operator=(const TQXCustomStore&) = delete;
   ~TQXCustomStore() override;
   QXTOOLS_INTERFACED_OBJECT
 
-  /// Sets the modified flag and fires OnChange. On purpose: the event's sender is this store, not `Sender`.
+  /// Sets the modified flag and fires OnChange.
+  ///
+  /// On purpose: the sender of the event is this store, not `sender`.
   virtual void Changed(TObject* sender);
-  /// Whether both are empty, or both are of the very same class and write the same bytes. False for null.
+  /// Returns whether both stores are empty, or both are of exactly the same class and write the same bytes.
+  /// Returns false for null.
   virtual bool Equals(TQXCustomStore* other);
+  /// Returns whether the store holds nothing.
   virtual bool GetEmpty() const = 0;
-  /// The property "Data" of a component file: LoadFromStream.
+  /// Reads the property "Data" of a component file, by LoadFromStream.
   virtual void ReadData(TStream* stream);
-  /// The same: SaveToStream.
+  /// Writes the property "Data" of a component file, by SaveToStream.
   virtual void WriteData(TStream* stream);
-  /// Fires OnProgress with all six arguments.
+  /// Fires OnProgress with these six arguments.
   virtual void Progress(TObject* sender, TProgressStage stage, std::uint8_t percentDone, bool redrawNow,
                         const TRect& r, const std::string& msg);
-  /// @throws EFOpenError, also for a file that somebody else writes to; and what LoadFromStream raises.
+  /// Loads the store from a file, by LoadFromStream.
+  /// @throws EFOpenError if the file cannot be opened, or if another program is writing to it. What
+  /// LoadFromStream throws reaches the caller.
   virtual void LoadFromFile(const std::string& fileName);
   /// Saves whole or not at all: SaveToStream gets a stream of its own, which can also be read back, sought
   /// and resized, and replaces the file when it is complete (platform/Files.h, WholeFileWriter).
   /// @throws EFCreateError or EWriteError, or what SaveToStream throws; the old file is unchanged then.
   virtual void SaveToFile(const std::string& fileName);
 
-  /// Defines the binary property "Data". It is written when the ancestor is no store or not equal, and
-  /// without an ancestor when this store is not empty.
+  /// Defines the binary property "Data". It is written if the ancestor is not a store, or is one that is not
+  /// equal; without an ancestor it is written if this store is not empty.
   void DefineProperties(TFiler& filer) override;
+  /// Returns "TQXCustomStore".
   std::string ClassName() const override { return "TQXCustomStore"; }
 
+  /// Returns the modified flag.
   bool GetModified() const { return modified_; }
-  /// True calls Changed; false clears the flag without an event.
+  /// True calls Changed. False clears the modified flag and fires no event.
   void SetModified(bool value);
+  /// Returns the event that Changed fires.
   const TNotifyEvent& GetOnChange() const { return onChange_; }
+  /// Sets the event that Changed fires, or none.
   void SetOnChange(TNotifyEvent value) { onChange_ = std::move(value); }
+  /// Returns the event that Progress fires.
   const TProgressEvent& GetOnProgress() const { return onProgress_; }
+  /// Sets the event that Progress fires, or none.
   void SetOnProgress(TProgressEvent value) { onProgress_ = std::move(value); }
 
  protected:
+  /// Returns the store's IStreamPersist or IInterface, or null for another identifier.
   void* FindInterface(const GUID& iid) override;
 
  private:
@@ -85,32 +104,39 @@ class QXTOOLS_API TQXCustomStore : public TInterfacedPersistent, public IStreamP
 /// A block of bytes and a short comment.
 class QXTOOLS_API TQXFileStore : public TQXCustomStore {
  public:
+  /// Makes an empty store without a comment.
   TQXFileStore() = default;
   ~TQXFileStore() override;
 
+  /// Returns whether there are no data bytes; the comment does not count.
   bool GetEmpty() const override { return data_.GetSize() == 0; }
 
-  /// Takes comment and data; the modified flag stays as it is. The announced size is never believed: memory
-  /// is asked for as the bytes arrive.
+  /// Loads comment and data from the stream's current position. The modified flag is unchanged. Memory is
+  /// taken as the bytes arrive, whatever size the header states.
+  /// @throws EReadError "Stream read error" if there are fewer bytes than a header has; the store is
+  /// unchanged then. Also if there are fewer data bytes than the header states, or if it states a negative
+  /// number; the store is empty then and has the new comment.
+  /// @throws EWriteError if memory runs out; the store is empty then and has the new comment.
   ///
-  /// On purpose: a stream that begins with another flag changes nothing and is no error; it is left behind
-  /// the 72 bytes of the header.
-  /// @throws EReadError "Stream read error" when there are fewer bytes than the header has, or than it
-  /// announces, or when it announces less than nothing; in the last two cases, and when memory is short
-  /// (EWriteError), the store is empty then and has the new comment.
+  /// On purpose: a stream with another flag is ignored. It is not an error; the stream is after the 72 bytes
+  /// of the header then.
   void LoadFromStream(TStream* stream) override;
-  /// Writes header and data, and rewinds the data stream. @throws EWriteError, also for the data stream
-  /// itself.
+  /// Writes header and data at the stream's current position, and sets the position of the data stream to 0.
+  /// @throws EWriteError "Stream write error", also if `stream` is the data stream of this store.
   void SaveToStream(TStream* stream) override;
 
-  /// What a file begins with. @return "QXF".
+  /// Returns the letters that a file begins with, "QXF". A derived class may return others.
   virtual TFileFlag GetFlag() const;
 
-  /// The data themselves, to be filled or read; they stay the store's.
+  /// Returns the data, to be filled or read. They belong to the store.
   TMemoryStream* GetStream() { return &data_; }
+  /// Returns the comment.
   const AnsiString& GetComment() const { return comment_; }
-  /// Sets the comment, of which 50 bytes reach a file. On purpose: the store does not become modified.
+  /// Sets the comment. Its first 50 bytes are saved.
+  ///
+  /// On purpose: the store does not become modified.
   void SetComment(std::string_view value) { comment_ = value; }
+  /// Returns "TQXFileStore".
   std::string ClassName() const override { return "TQXFileStore"; }
 
  private:

@@ -1,6 +1,6 @@
 /// @file
-/// The catalogue of SQL Server column types: name, ODBC code, parameter style and whether a length belongs to
-/// the declaration. Constant data; QXSqlTools looks types up in it.
+/// The catalogue of SQL Server column types: name, ODBC code, parameter style and whether the declaration has
+/// a length. It is constant; QXSqlTools finds types in it by name and by code.
 #pragma once
 
 #include <qxTools/base/Types.h>
@@ -9,7 +9,7 @@
 
 namespace qxTools::QXSqlDefine {
 
-/// The catalogued types, in the order of SqlStruct.
+/// The types of the catalogue, in the order of SqlStruct.
 enum TSqlTypes {
   Sql_Bitint,
   Sql_Binary,
@@ -40,22 +40,23 @@ enum TSqlTypes {
 
 /// One column type.
 struct TSqlTypeStruct {
-  AnsiString Name;       ///< As the catalogue spells it.
-  Integer DataType = 0;  ///< The ODBC SQL data type code (sql.h, sqlext.h); some types share one.
-  /// How a value is written: 'S' string, 'N' integer, 'R' real, 'D' date, 'B' boolean, 'F' function (as it
-  /// stands), 'U' unknown.
+  AnsiString Name;       ///< The name as the catalogue spells it.
+  Integer DataType = 0;  ///< The ODBC code of the type; some types share one.
+  /// How a value is written: 'S' string, 'N' integer, 'R' real, 'D' date, 'B' boolean, 'F' function
+  /// (unquoted), 'U' unknown.
   char Style = 'U';
-  bool Sized = false;  ///< Declared with a length.
+  bool Sized = false;  ///< Whether the declaration has a length, as in Varchar(20).
 
+  /// Compares all four members.
   friend bool operator==(const TSqlTypeStruct&, const TSqlTypeStruct&) = default;
 };
 
-/// What a look-up gives that found nothing: no name, code 0, style 'U', not sized.
+/// The type that a look-up returns if it finds none: no name, code 0, style 'U', not sized.
 QXTOOLS_API extern const TSqlTypeStruct SqlStructEmpty;
 
 /// The 25 types, indexed by TSqlTypes.
 ///
-/// On purpose: "Bitint" and the cut "Uniqueidentifie" are spelled so; look-ups by name depend on it.
+/// On purpose: two names are spelled "Bitint" and "Uniqueidentifie"; they are found by these spellings only.
 QXTOOLS_API extern const std::array<TSqlTypeStruct, 25> SqlStruct;
 
 }  // namespace qxTools::QXSqlDefine
