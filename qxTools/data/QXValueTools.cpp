@@ -1,5 +1,8 @@
-#include <qxTools/data/FoldedKey.h>
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/data/NameChanges.h>
 #include <qxTools/data/QXValueTools.h>
+#include <qxTools/data/UpperCaseKey.h>
+#include <qxTools/runtime/NamedList.h>
 
 #include <limits>
 
@@ -16,40 +19,40 @@ std::string_view Trimmed(std::string_view name) {
   return name;
 }
 
+struct NameInCapitals {
+  UpperCaseKey operator()(const TValueRecord& record) const { return UpperCaseKey(Trimmed(record.Name)); }
+};
+
 }  // namespace
 
-TQXValueList::TQXValueList() = default;
+struct TQXValueList::State {
+  NamePlaces::Places Find(std::string_view name) {
+    records.Names().Follow(NameChanges());
+    return records.Find(UpperCaseKey(Trimmed(name)));
+  }
+
+  NamedList<TValueRecord, NameInCapitals> records;
+};
+
+TQXValueList::TQXValueList() : state_(std::make_unique<State>()) {}
 TQXValueList::~TQXValueList() = default;
 
-// --- By place ----------------------------------------------------------------------------------------
+// --- By index ----------------------------------------------------------------------------------------
 
-TValueRecord* TQXValueList::Add() { return Append(std::make_unique<TValueRecord>()); }
+Integer TQXValueList::GetCount() const { return state_->records.GetCount(); }
 
-TValueRecord* TQXValueList::Append(std::unique_ptr<TValueRecord> record) {
-  TValueRecord* const added = records_.Add(std::move(record));
-  try {
-    index_.Append(FoldedKey(Trimmed(added->Name)), GetCount() - 1);
-  } catch (...) {
-    Delete(GetCount() - 1);
-    throw;
-  }
-  return added;
-}
+TValueRecord* TQXValueList::Add() { return state_->records.Add(std::make_unique<TValueRecord>()); }
 
 TValueRecord* TQXValueList::GetItem(Integer index) {
   if (autoCreate_ && index >= GetCount()) Grow(index);
-  return records_.GetItems(index);
+  return state_->records.GetItems(index);
 }
 
 void TQXValueList::Grow(Integer index) {
   if (index == std::numeric_limits<Integer>::max()) RaiseListIndex(index);  // no count could follow
-  const Integer before = GetCount();
-  try {
+  state_->records.AddAllOrNothing([&] {
     while (GetCount() <= index) Add();
-  } catch (...) {
-    while (GetCount() > before) Delete(GetCount() - 1);
-    throw;
-  }
+  });
 }
 
 void TQXValueList::SetItem(Integer index, const TValueRecord& record) {
@@ -58,56 +61,43 @@ void TQXValueList::SetItem(Integer index, const TValueRecord& record) {
 }
 
 void TQXValueList::Insert(Integer index, const TValueRecord* record) {
-  records_.Insert(index, std::make_unique<TValueRecord>(*record));
-  index_.Drop();
+  state_->records.Insert(index, std::make_unique<TValueRecord>(*record));
 }
 
-void TQXValueList::Delete(Integer index) {
-  records_.Delete(index);
-  index_.Drop();
-}
+void TQXValueList::Delete(Integer index) { state_->records.Delete(index); }
 
-void TQXValueList::Clear() {
-  records_.Clear();
-  index_.Drop();
-}
+void TQXValueList::Clear() { state_->records.Clear(); }
 
 void TQXValueList::Assign(TQXValueList* source) {
   if (source == nullptr) return;
-  OwnedList<TValueRecord> copies;
+  auto copies = std::make_unique<State>();  // on purpose: none of the list itself
   for (Integer i = 0; source != this && i < source->GetCount(); ++i)
-    copies.Add(std::make_unique<TValueRecord>(*source->records_.GetItems(i)));
-  Clear();
-  records_ = std::move(copies);
+    copies->records.Add(std::make_unique<TValueRecord>(*source->state_->records.GetItems(i)));
+  state_ = std::move(copies);
 }
 
 // --- By name -----------------------------------------------------------------------------------------
 
-RecordIndex::Places TQXValueList::Find(std::string_view name) {
-  return index_.Find(FoldedKey(Trimmed(name)), GetCount(),
-                     [this](Integer i) { return FoldedKey(Trimmed(records_.GetItems(i)->Name)); });
-}
-
-Integer TQXValueList::IndexOf(std::string_view name) { return Find(name).last; }
+Integer TQXValueList::IndexOf(std::string_view name) { return state_->Find(name).last; }
 
 void TQXValueList::Delete(std::string_view name) { Delete(IndexOf(name)); }
 
 void TQXValueList::AppendUnknown(std::string_view name, const Variant& value) {
   if (!autoCreate_) throw Exception("Index (" + std::string(name) + ") is not find.");
-  Append(std::make_unique<TValueRecord>(name, value));
+  state_->records.Add(std::make_unique<TValueRecord>(name, value));
 }
 
 Variant TQXValueList::GetValue(std::string_view name) {
-  const Integer place = Find(name).first;
-  if (place >= 0) return records_.GetItems(place)->Value;
+  const Integer index = state_->Find(name).first;
+  if (index >= 0) return state_->records.GetItems(index)->Value;
   AppendUnknown(name, Variant::Null());
   return Variant::Null();
 }
 
 void TQXValueList::SetValue(std::string_view name, const Variant& v) {
-  const Integer place = Find(name).last;
-  if (place >= 0)
-    records_.GetItems(place)->Value = v;
+  const Integer index = state_->Find(name).last;
+  if (index >= 0)
+    state_->records.GetItems(index)->Value = v;
   else
     AppendUnknown(name, v);
 }

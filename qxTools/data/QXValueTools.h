@@ -1,82 +1,107 @@
 /// @file
-/// A list of values with names; a value that is asked for by a name that is not there yet is made.
+/// A list of values with names. Asking for a name that the list does not have makes a value of that name.
 ///
-/// Names match without regard to the case of the ASCII letters, and to the bytes up to 32 at both ends.
-/// Look-ups by name take constant time on average; after a name was changed in a record that was handed out,
-/// or records were inserted or deleted, the next one takes a walk.
+/// Names match in any case of the ASCII letters, and without the bytes up to 32 at both ends. A look-up by
+/// name takes constant time on average. After a name was changed in a record, or records were inserted or
+/// deleted, the next look-up walks the list.
 #pragma once
 
-#include <qxTools/data/NamedRecord.h>
-#include <qxTools/data/RecordIndex.h>
-#include <qxTools/runtime/OwnedList.h>
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/data/BlockRecord.h>
+#include <qxTools/data/RecordName.h>
 #include <qxTools/runtime/Variant.h>
+
+#include <memory>
 
 namespace qxTools::QXValueTools {
 
-/// One value; a new one has an empty name and is unassigned.
+/// One value with its name.
 struct QXTOOLS_API TValueRecord : BlockRecord {
+  /// Makes a record with an empty name and an empty variant.
   TValueRecord() = default;
-  /// A record of that name and value.
+  /// Makes a record of that name (its first 100 bytes) and value.
   TValueRecord(std::string_view name, Variant value) : Name(name), Value(std::move(value)) {}
 
-  RecordName<100> Name;  ///< As given, cut to 100 bytes; it can be assigned.
-  Variant Value;         ///< Empty at first.
+  RecordName<100> Name;  ///< At most 100 bytes; callers may assign to it.
+  Variant Value;         ///< Callers may assign to it.
 };
 
-/// The list, which owns its records; they keep their address until they are deleted. A bad index raises
-/// EListError, "List index out of bounds (N)". When memory is short, std::bad_alloc is raised and the list
-/// stays as it was.
+/// The list. It owns its records; they keep their address until they are deleted. If memory runs out,
+/// std::bad_alloc is thrown and the list is unchanged.
+///
+///     TQXValueList list;
+///     list.SetValue("Port", 1433);
+///     list.GetValue(" port ");  // 1433
+///     list.GetValue("Host");    // null, and the list has a record "Host" now
 class QXTOOLS_API TQXValueList : public TObject {
  public:
+  /// Makes an empty list with auto create on.
   TQXValueList();
   TQXValueList(const TQXValueList&) = delete;
   TQXValueList& operator=(const TQXValueList&) = delete;
   ~TQXValueList() override;
 
-  /// Whether unknown names and places past the end make records; at first they do.
+  /// Returns whether unknown names and indexes past the end make records; true at first.
   bool GetAutoCreate() const { return autoCreate_; }
+  /// Sets whether unknown names and indexes past the end make records.
   void SetAutoCreate(bool value) { autoCreate_ = value; }
-  Integer GetCount() const { return records_.GetCount(); }
+  /// Returns the number of records.
+  Integer GetCount() const;
 
-  // --- By place, from 0 ------------------------------------------------------------------------------
-  /// Appends a blank record.
+  // --- By index, from 0 ------------------------------------------------------------------------------
+  /// Appends a record with an empty name and an empty variant, and returns it.
   TValueRecord* Add();
-  /// The record at `index`. With auto create a place past the end is reached by appending blank records.
+  /// Returns the record at `index` (0-based). With auto create on, records with an empty name are appended up
+  /// to an index past the end.
+  /// @throws EListError "List index out of bounds (N)"; with auto create on only for a negative index and for
+  /// 2147483647.
   TValueRecord* GetItem(Integer index);
-  /// Copies name and value of `record` over the record at `index`, which is reached as by GetItem.
+  /// Copies name and value of `record` into the record that GetItem(index) returns.
+  /// @throws EListError "List index out of bounds (N)", as GetItem.
   void SetItem(Integer index, const TValueRecord& record);
-  /// Inserts a copy of `*record` at `index`, 0 to the count; auto create makes no difference.
+  /// Inserts a copy of `*record` before the record at `index`, or at the end if `index` is the count. Auto
+  /// create makes no difference.
+  /// @throws EListError "List index out of bounds (N)" for any other index.
   void Insert(Integer index, const TValueRecord* record);
-  /// Deletes the record at `index`.
+  /// Deletes the record at `index` (0-based).
+  /// @throws EListError "List index out of bounds (N)".
   void Delete(Integer index);
   /// Deletes all records.
   void Clear();
-  /// Replaces the records by copies of those of `source`; nothing happens for null. Auto create stays.
-  /// On purpose: a list that is assigned to itself ends empty, being cleared first.
+  /// Replaces the records with copies of those of `source`. Does nothing if it is null. Auto create is
+  /// unchanged.
+  ///
+  /// On purpose: a list that is assigned to itself is empty afterwards.
   void Assign(TQXValueList* source);
 
   // --- By name ---------------------------------------------------------------------------------------
-  /// The place of the LAST record of that name, or -1.
+  /// Returns the index (0-based) of the LAST record of that name, or -1 if there is none.
   Integer IndexOf(std::string_view name);
-  /// Deletes the last record of that name. On purpose: an unknown name raises EListError for the index -1.
+  /// Deletes the LAST record of that name.
+  ///
+  /// On purpose: an unknown name throws EListError "List index out of bounds (-1)".
   void Delete(std::string_view name);
-  /// The value of the FIRST record of that name. An unknown one is appended, as given, with the value Null,
-  /// which is the result. On purpose: a name longer than 100 bytes is stored cut and never found again.
-  /// @throws Exception "Index (NAME) is not find." without auto create.
+  /// Returns the value of the FIRST record of that name. With auto create on, an unknown name is appended as
+  /// it was given, with the value null, which is returned.
+  /// @throws Exception "Index (NAME) is not find." for an unknown name with auto create off.
+  ///
+  /// On purpose: a name longer than 100 bytes is stored cut and is never found again.
   Variant GetValue(std::string_view name);
-  /// Sets the value of the LAST record of that name; an unknown one is appended as by GetValue.
-  /// @throws Exception "Index (NAME) is not find." without auto create.
+  /// Sets the value of the LAST record of that name. With auto create on, an unknown name is appended as it
+  /// was given, with this value.
+  /// @throws Exception "Index (NAME) is not find." for an unknown name with auto create off.
+  ///
+  /// On purpose: a name longer than 100 bytes is stored cut and is never found again.
   void SetValue(std::string_view name, const Variant& v);
 
  private:
-  RecordIndex::Places Find(std::string_view name);
-  TValueRecord* Append(std::unique_ptr<TValueRecord> record);
+  struct State;
+
   void AppendUnknown(std::string_view name, const Variant& value);
   void Grow(Integer index);
 
-  OwnedList<TValueRecord> records_;
+  std::unique_ptr<State> state_;
   bool autoCreate_ = true;
-  RecordIndex index_;
 };
 
 }  // namespace qxTools::QXValueTools

@@ -1,47 +1,58 @@
 #include <qxTools/base/CodePage950.h>
-#include <qxTools/data/FoldedKey.h>
-#include <qxTools/data/OleVariantFace.h>
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/data/ComAdapter.h>
+#include <qxTools/data/NameChanges.h>
+#include <qxTools/data/UpperCaseKey.h>
+#include <qxTools/runtime/NamedList.h>
 #include <qxTools/sql/QXSqlTools.h>
 
 namespace qxTools::qxOleVariant {
 
-TQXOleVariant::TQXOleVariant() : face_(std::make_unique<Face>(*this)) {}
+namespace {
+
+struct NameOf {
+  std::string_view operator()(const TOleVariantField& field) const { return field.Name; }
+};
+
+}  // namespace
+
+struct TQXOleVariant::State {
+  explicit State(TQXOleVariant& packet) : adapter(packet) {}
+
+  void Append(std::u16string_view name, Variant value) {
+    fields.Add(std::make_unique<TOleVariantField>(UpperCaseKey(name), std::move(value)));
+  }
+
+  NamedList<TOleVariantField, NameOf> fields;
+  ComAdapter adapter;
+};
+
+TQXOleVariant::TQXOleVariant() : state_(std::make_unique<State>(*this)) {}
 TQXOleVariant::~TQXOleVariant() = default;
 
 void* TQXOleVariant::FindInterface(const GUID& iid) {
-  if (iid == IQXOleVariant::IID) return static_cast<IQXOleVariant*>(face_.get());
+  if (iid == IQXOleVariant::IID) return static_cast<IQXOleVariant*>(&state_->adapter);
   return TSafeInterfacedObject::FindInterface(iid);
 }
 
-// --- By place ----------------------------------------------------------------------------------------
+// --- By index ----------------------------------------------------------------------------------------
 
-TOleVariantField* TQXOleVariant::Add() { return Append(std::make_unique<TOleVariantField>()); }
+Integer TQXOleVariant::GetCount() const { return state_->fields.GetCount(); }
 
-TOleVariantField* TQXOleVariant::Append(std::unique_ptr<TOleVariantField> field) {
-  TOleVariantField* const added = fields_.Add(std::move(field));
-  try {
-    index_.Append(added->Name, GetCount() - 1);
-  } catch (...) {
-    fields_.Delete(GetCount() - 1);
-    index_.Drop();
-    throw;
-  }
-  return added;
-}
+TOleVariantField* TQXOleVariant::GetFields(Integer index) const { return state_->fields.GetItems(index); }
+
+TOleVariantField* TQXOleVariant::Add() { return state_->fields.Add(std::make_unique<TOleVariantField>()); }
 
 void TQXOleVariant::AddValue(std::u16string_view, const Variant&) { Add(); }
 
-void TQXOleVariant::Clear() {
-  fields_.Clear();
-  index_.Drop();
-}
+void TQXOleVariant::Clear() { state_->fields.Clear(); }
 
 // --- By name -----------------------------------------------------------------------------------------
 
 TOleVariantField* TQXOleVariant::FindField(std::u16string_view name) {
-  const auto nameAt = [this](Integer i) { return fields_.GetItems(i)->Name.View(); };
-  const Integer place = index_.Find(FoldedKey(name), GetCount(), nameAt).last;
-  return place >= 0 ? fields_.GetItems(place) : nullptr;
+  state_->fields.Names().Follow(NameChanges());
+  const Integer index = state_->fields.Find(UpperCaseKey(name)).last;
+  return index >= 0 ? GetFields(index) : nullptr;
 }
 
 Variant TQXOleVariant::GetValue(std::u16string_view name) {
@@ -55,7 +66,7 @@ void TQXOleVariant::SetValue(std::u16string_view name, const Variant& value) {
   if (field != nullptr)
     field->Value = value;
   else
-    Append(std::make_unique<TOleVariantField>(FoldedKey(name), value));
+    state_->Append(name, value);
 }
 
 WideString TQXOleVariant::GetSqlValue(std::u16string_view name) {
@@ -88,7 +99,7 @@ void TQXOleVariant::LoadFromOle(const Variant& packet) {
   for (Integer i = 0; i < length / 2; ++i) {
     const Variant name = copy.GetElement(2 * i);
     Variant value = copy.GetElement(2 * i + 1);
-    Append(std::make_unique<TOleVariantField>(FoldedKey(name.AsWideString()), std::move(value)));
+    state_->Append(name.AsWideString(), std::move(value));
   }
 }
 

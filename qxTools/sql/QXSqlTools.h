@@ -1,245 +1,317 @@
 /// @file
 /// T-SQL text: literals, lists, conditions and serial numbers, and a command text with "@" parameters.
 ///
-/// Text is bytes (BIG5 where Chinese); only the apostrophe is escaped, by doubling. Nothing here touches a
-/// database. The builders are linear in their input.
+/// Text is bytes (BIG5 where Chinese). The apostrophe is the only character that is escaped: it is doubled.
+/// Nothing here talks to a database. The builders take time linear in their input.
 #pragma once
 
-#include <qxTools/runtime/OwnedList.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/Persistent.h>
 #include <qxTools/runtime/StringList.h>
 #include <qxTools/runtime/Variant.h>
-#include <qxTools/sql/NameIndex.h>
 #include <qxTools/sql/QXSqlDefine.h>
+
+#include <memory>
+
+namespace qxTools {
+
+class NamePlaces;
+
+}  // namespace qxTools
 
 namespace qxTools::QXSqlTools {
 
 using QXSqlDefine::TSqlTypeStruct;
 
-/// Letter cases of field names.
-enum TFieldNameType { fnDefault, fnUpperCase, fnLowerCase, fnSqlCase };
+/// The letter cases of FormatFieldName.
+enum TFieldNameType {
+  fnDefault,    ///< As it is.
+  fnUpperCase,  ///< Capitals.
+  fnLowerCase,  ///< Small letters.
+  fnSqlCase,    ///< Small letters and one capital: "Customer_name", "tb_Order".
+};
 
 // --- Literals ----------------------------------------------------------------------------------------
 
-/// "'" + S + "'" with every "'" inside doubled; "NULL" for an empty S. Blanks are not trimmed.
+/// Returns `s` between apostrophes, each apostrophe inside doubled: ToSQLStr("O'Neil") is "'O''Neil'".
+/// Returns "NULL" if `s` is empty. Blanks are not trimmed.
 QXTOOLS_API std::string ToSQLStr(std::string_view s);
 
-/// S as it stands, number or not; "NULL" for an empty S.
+/// Returns `s` unchanged, or "NULL" if it is empty. It is not checked to be a number.
 QXTOOLS_API std::string ToSQLint(std::string_view s);
 
-/// The values as literals joined with ",". The letter of `types` at a value's place decides, in either case:
-/// C, S, D and T quote it, F and N write it as it stands. A value without a letter, or with another one, is
-/// left out.
+/// Returns the values as literals, separated by ",". The letter of `types` at a value's place decides, in
+/// either case: C, S, D and T write it as ToSQLStr, F and N as ToSQLint. A value without a letter, or with
+/// another letter, is left out: ToSQLEx({"a", "5", ""}, "SNS") is "'a',5,NULL".
 QXTOOLS_API std::string ToSQLEx(std::span<const std::string> values, std::string_view types);
 
-/// A variant as a literal: null "NULL"; dates quoted in the short date format, the time of day dropped; text
-/// trimmed of spaces, then as ToSQLStr; booleans 1 and 0; everything else its text form, unquoted, so that an
-/// empty variant gives "".
-/// @throws EVariantError for a value without a text form, EConvertError for a date outside years 1 to 9999.
+/// Returns a variant as a literal. Null is "NULL". A date is quoted in the short date format, its time of day
+/// dropped. Text is trimmed of blanks and then written as by ToSQLStr. True is "1" and false is "0". Any
+/// other value is its text form without quotes, so an empty variant is "".
+/// @throws EVariantError for a value without a text form (an array, an object).
+/// @throws EConvertError for a date outside the years 1 to 9999.
 QXTOOLS_API std::string VarToSql(const Variant& value);
 
 // --- Lists and ranges --------------------------------------------------------------------------------
 
-/// The values between the commas as a list for IN: " ('a','b',NULL) ", an empty one as NULL.
+/// Returns the values between the commas of `list` as a list for IN: ToSQLinlist("a,b,") is
+/// " ('a','b',NULL) ".
 ///
-/// On purpose: without a comma there are no blanks around the parentheses, "('a')".
+/// On purpose: without a comma there are no blanks around the parentheses: "('a')".
 QXTOOLS_API std::string ToSQLinlist(std::string_view list);
 
-/// The two ends of "low~high" for BETWEEN, which the caller writes: "'low' and 'high'". A later "~" belongs
-/// to the high end; without one the value stands for both.
+/// Returns the two ends of "low~high" for BETWEEN: ToSQLBetween("1~9") is "'1' and '9'". The word BETWEEN is
+/// not part of it. Text after a second "~" belongs to the high end. Without a "~" the value is both ends.
 QXTOOLS_API std::string ToSQLBetween(std::string_view range);
 
-/// `more` joined to `condition` with " and ", or alone.
+/// Returns `condition`, " and " and `more`; only `more` if `condition` is empty.
 QXTOOLS_API std::string SQLAdd(std::string_view condition, std::string_view more);
 
 // --- Numbers and names -------------------------------------------------------------------------------
 
-/// The expression that prints the number `field` left-padded with zeros to `width` characters. A negative
-/// width writes none at all.
+/// Returns an SQL expression that pads the number in column `field` with zeros on the left to `width`
+/// characters. A negative `width` is written as nothing at all.
 QXTOOLS_API std::string SQLStrNO(std::string_view field, Integer width);
 
-/// SQLStrNO, a dash and `caption` (a column or expression, pasted as it stands).
+/// Returns an SQL expression for the padded number (SQLStrNO), " - " and `caption`. `caption` is a column or
+/// an expression and is not quoted.
 QXTOOLS_API std::string SQLNumCaption(std::string_view field, Integer width, std::string_view caption);
 
-/// `name` in a letter case. fnSqlCase: lower case with a capital first letter ("Customer_name"), or, behind a
-/// prefix whose "_" stands third, a capital fourth one ("tb_Order").
+/// Returns `name` in a letter case. fnSqlCase gives small letters with a capital first one
+/// ("CUSTOMER_NAME" gives "Customer_name"); if the first "_" is the third character, the fourth one is the
+/// capital instead ("TB_ORDER" gives "tb_Order").
 QXTOOLS_API std::string FormatFieldName(std::string_view name, TFieldNameType kind);
 
-/// `prefix` + "_" + the part of `field` behind its first "_", or all of it.
+/// Returns `prefix`, "_" and the part of `field` after its first "_", or all of `field` if it has none:
+/// FieldToParam("tb_Name", "@MM") is "@MM_Name".
 QXTOOLS_API std::string FieldToParam(std::string_view field, std::string_view prefix);
 
 // --- Types -------------------------------------------------------------------------------------------
 
-/// The first type of that name in any case, or SqlStructEmpty.
+/// Returns the first type of that name, in any letter case, or SqlStructEmpty if there is none.
 QXTOOLS_API TSqlTypeStruct FindSqlStructByName(std::string_view name);
 
-/// The first type with that ODBC code, or SqlStructEmpty: 3 is Decimal and never Money.
+/// Returns the first type with that ODBC code, or SqlStructEmpty if there is none. Some types share a code:
+/// 3 gives Decimal and never Money.
 QXTOOLS_API TSqlTypeStruct FindSqlStructByDataType(Integer dataType);
 
 // --- The command -------------------------------------------------------------------------------------
 
-/// How a parameter's value is written: text, dates and times quoted, the others as they stand.
-enum TSqlStyle { stString, stInteger, stReal, stDate, stTime, stBoolean, stFunction };
+/// How a parameter's text is written into the output.
+enum TSqlStyle {
+  stString,    ///< Quoted, as by ToSQLStr.
+  stInteger,   ///< Unquoted; NULL if empty.
+  stReal,      ///< Unquoted, also if empty.
+  stDate,      ///< Quoted, as by ToSQLStr.
+  stTime,      ///< Quoted, as by ToSQLStr.
+  stBoolean,   ///< Unquoted; NULL if empty.
+  stFunction,  ///< Unquoted, also if empty: an expression such as GETDATE().
+};
 
-/// The two characters with which a text value names its own style, by TSqlStyle: "@S" to "@F".
+/// The two characters with which a text value names its own style, by TSqlStyle: "@S", "@N", "@R", "@D",
+/// "@T",
+/// "@B" and "@F". Programs may change them.
 QXTOOLS_API extern std::array<std::string, 7> ParamStyleHeader;
 
-/// Which of the four.
-enum TSqlLanguage { slSelect, slInsert, slDelete, slUpdate };
+/// Selects one statement of a TSqlOperation.
+enum TSqlLanguage {
+  slSelect,  ///< SelectSql.
+  slInsert,  ///< InsertSql.
+  slDelete,  ///< DeleteSql.
+  slUpdate,  ///< UpdateSql.
+};
 
 /// The texts of the four statements of one table.
 struct TSqlOperation {
-  /// The statements.
-  AnsiString SelectSql;
-  AnsiString InsertSql;
-  AnsiString DeleteSql;
-  AnsiString UpdateSql;
+  AnsiString SelectSql;  ///< Reads records.
+  AnsiString InsertSql;  ///< Adds a record.
+  AnsiString DeleteSql;  ///< Deletes records.
+  AnsiString UpdateSql;  ///< Changes records.
 };
 
-/// Events for hosts; nothing here raises them.
+/// An event for programs that insert a record; nothing in this library fires it.
 using TOnSqlInsert = std::function<void(TObject* sender, Integer id)>;
+/// An event for programs that delete a record; nothing in this library fires it.
 using TOnSqlDelete = std::function<void(TObject* sender, Integer id)>;
+/// An event for programs that change a record; nothing in this library fires it.
 using TOnSqlUpdate = std::function<void(TObject* sender, Integer id)>;
 
 /// One parameter of a command.
 class QXTOOLS_API TQXSQLItem : public TPersistent {
  public:
+  /// Makes an item without a name, with an empty text as its value.
   TQXSQLItem() = default;
   ~TQXSQLItem() override;
 
-  /// Copies name, value, text and style of another TQXSQLItem.
-  /// @throws EConvertError for any other source.
+  /// Copies name, value, text and style of another TQXSQLItem. If memory runs out, std::bad_alloc is thrown
+  /// and this item is unchanged.
+  /// @throws EConvertError "Cannot assign a SOURCE to a TQXSQLItem" for any other source.
   void Assign(const TPersistent* source) override;
+  /// Returns "TQXSQLItem".
   std::string ClassName() const override { return "TQXSQLItem"; }
 
-  /// The marker as found in the text, "@" included.
+  /// Returns the name as it is in the text, "@" included.
   const AnsiString& GetName() const { return name_; }
+  /// Changes the name. It may be any text; an empty name replaces nothing. If memory runs out, std::bad_alloc
+  /// is thrown and the name is unchanged.
   void SetName(std::string_view name);
 
-  Variant Value = "";          ///< As set.
-  TSqlStyle Style = stString;  ///< How the text is written.
-  AnsiString Text;             ///< What will stand in the statement, before quoting.
+  Variant Value = "";          ///< The value as it was set.
+  TSqlStyle Style = stString;  ///< How Text is written into the output.
+  AnsiString Text;             ///< What is written into the output, before it is quoted.
 
  private:
   friend class TQXSQLItems;
 
   AnsiString name_;
   AnsiString upperName_;
-  NameIndex* index_ = nullptr;  // that of the list, told when the name changes
+  NamePlaces* names_ = nullptr;  // of the list, which must know when the name changes
 };
 
-/// The parameters of a command, owned, in the order in which their names first occur. Names match in any
-/// case; look-ups by name take constant time on average. A bad index raises EListError.
+/// The parameters of a command, in the order in which their names first occur. The list owns them. Names
+/// match in any letter case. A look-up by name takes constant time on average.
 class QXTOOLS_API TQXSQLItems {
  public:
-  TQXSQLItems() = default;
+  /// Makes an empty list.
+  TQXSQLItems();
+  ~TQXSQLItems();
   TQXSQLItems(const TQXSQLItems&) = delete;
   TQXSQLItems& operator=(const TQXSQLItems&) = delete;
 
-  /// Appends a new item; it lives until it is deleted or the list is cleared.
+  /// Appends an item without a name and returns it. It is valid until it is deleted or the list is cleared.
   TQXSQLItem* Add();
-  /// The same with a name, which keeps looking up and adding in turn linear.
+  /// Appends an item with this name and returns it. Adding and finding in turn stays linear.
   TQXSQLItem* Add(std::string_view name);
-  /// Adds an item for each "@" name in the text that has none yet.
+  /// Appends an item for each "@" name in `text` (see TQXSQL::FindParams) that the list does not have yet. A
+  /// name at the very end of `text`, with nothing after it, is ignored. If memory runs out, std::bad_alloc is
+  /// thrown and the list is unchanged.
   void AddNamesOf(std::string_view text);
-  /// Replaces the items by copies of those of `source`; nothing happens for null.
+  /// Replaces the items with copies of those of `source`. Does nothing if `source` is null. If memory runs
+  /// out, std::bad_alloc is thrown and the list is unchanged.
   ///
-  /// On purpose: a list assigned to itself ends empty.
+  /// On purpose: a list that is assigned to itself is empty afterwards.
   void Assign(const TQXSQLItems* source);
   /// Deletes all items.
   void Clear();
-  /// Deletes the item at `index`.
+  /// Deletes the item at `index` (0-based).
+  /// @throws EListError "List index out of bounds (N)".
   void Delete(Integer index);
 
-  Integer GetCount() const { return items_.GetCount(); }
-  TQXSQLItem* GetItems(Integer index) const { return items_.GetItems(index); }
-  /// Assigns `item` into the one that stands there.
+  /// Returns the number of items.
+  Integer GetCount() const;
+  /// Returns the item at `index` (0-based).
+  /// @throws EListError "List index out of bounds (N)".
+  TQXSQLItem* GetItems(Integer index) const;
+  /// Copies `item` into the item at `index` (0-based), as TQXSQLItem::Assign does.
+  /// @throws EListError "List index out of bounds (N)".
   void SetItems(Integer index, const TQXSQLItem& item);
 
-  /// The item of that name, the LAST when there are several, or null.
+  /// Returns the item of that name, the LAST one if there are several, or null if there is none.
   TQXSQLItem* FindByName(std::string_view name) const;
-  /// Its position, or -1.
+  /// Returns the index (0-based) of the LAST item of that name, or -1 if there is none.
   Integer GetItemsIndex(std::string_view name) const;
 
-  // Styles and values by name. All but FindAndModify raise Exception, "Parameters NAME is not found".
+  /// Returns the style of the item that FindByName finds.
+  /// @throws Exception "Parameters NAME is not found".
   TSqlStyle GetItemsStyle(std::string_view name) const;
+  /// Sets the style of the item that FindByName finds.
+  /// @throws Exception "Parameters NAME is not found".
   void SetItemsStyle(std::string_view name, TSqlStyle style);
+  /// Returns the value of the item that FindByName finds.
+  /// @throws Exception "Parameters NAME is not found".
   Variant GetItemsValue(std::string_view name) const;
-  /// Sets value, style and text by the variant's type. Null is written as NULL. A text that begins with one
-  /// of ParamStyleHeader, in any case, takes that style, and its value begins at the fourth byte ("@N:15" is
-  /// the integer 15); other text keeps the style.
-  /// @throws EConvertError for a date outside years 1 to 9999.
+  /// Sets value, style and text of the item that FindByName finds, by the type of `value`. Null is written as
+  /// NULL. A text that begins with one of ParamStyleHeader, in any letter case, takes that style, and its
+  /// value begins at the fourth byte: "@N:15" is the integer 15. Any other text keeps the item's style. After
+  /// an exception the item is unchanged.
+  /// @throws Exception "Parameters NAME is not found".
+  /// @throws EConvertError for a date outside the years 1 to 9999.
   ///
-  /// On purpose: values of other types than null, boolean, 16- and 32-bit integer, byte, single, double,
-  /// currency, date and text change nothing at all.
+  /// On purpose: a value of another type than null, boolean, 16- and 32-bit integer, byte, single, double,
+  /// currency, date and text changes nothing at all.
   void SetItemsValue(std::string_view name, const Variant& value);
 
-  /// Sets value and style of the item of that name. @return false when there is none.
+  /// Sets value and style of the item that FindByName finds. Returns false if there is none.
   ///
-  /// On purpose: the item's text stays, and with it the output, until SetItemsValue is called.
+  /// On purpose: Text is unchanged, and so is the output, until SetItemsValue is called.
   bool FindAndModify(std::string_view name, std::string_view value, TSqlStyle style);
 
  private:
+  struct State;
+
   TQXSQLItem& Existing(std::string_view name) const;
   Integer IndexOfUpper(std::string_view upperName) const;
-  std::string_view UpperNameAt(Integer index) const { return GetItems(index)->upperName_; }
 
-  OwnedList<TQXSQLItem> items_;
-  mutable NameIndex index_;
+  std::unique_ptr<State> state_;
 };
 
 /// A T-SQL command text with "@" parameters, and the text with their values in place.
 ///
-/// The parameters follow the text: any change of InLines rebuilds them and drops values set before. Every
-/// step is linear in the text; only where a value could make or lengthen a name in it, or a name was
-/// changed, does the output take a pass a parameter.
+///     TQXSQL command;
+///     command.GetInLines().SetText("select * from Goods where Name = @Name");
+///     command.GetParams().SetItemsValue("@Name", "O'Neil");
+///     command.GetOutLines().GetText();  // select * from Goods where Name = 'O''Neil'
+///
+/// The parameters follow the text: any change of InLines finds them anew and drops the values set before.
+/// Each step takes time linear in the text. Exception: if a value could make or lengthen a name in the text,
+/// or a name was changed to one that the text cannot hold, the output takes one pass for each parameter.
 class QXTOOLS_API TQXSQL : public TPersistent {
  public:
+  /// Makes a command without text.
   TQXSQL();
   TQXSQL(const TQXSQL&) = delete;
   TQXSQL& operator=(const TQXSQL&) = delete;
   ~TQXSQL() override;
+  /// Returns "TQXSQL".
   std::string ClassName() const override { return "TQXSQL"; }
 
-  /// The command text; changing it, also directly, finds the parameters anew.
+  /// Returns the lines of the command text. Any change of them finds the parameters anew.
   TStrings& GetInLines() { return inLines_; }
-  /// Takes these lines and finds their parameters, also while InLines holds its event back.
+  /// Replaces the command text and finds its parameters, also while InLines holds its change event back.
   void SetInLines(const TStrings& lines) {
     inLines_.Assign(lines);
     FindParams();
   }
-  /// Takes these lines; InLines' event finds the parameters.
+  /// Replaces the command text. Its parameters are found by the change event of InLines, so not while that is
+  /// held back.
   void LoadParamedCommand(const TStrings& lines) { inLines_.Assign(lines); }
-  /// Takes the statement of `operation` that `language` picks.
+  /// Replaces the command text with the statement of `operation` that `language` selects.
   void AssignSql(const TSqlOperation& operation, TSqlLanguage language);
 
+  /// Returns the parameters.
   TQXSQLItems& GetParams() { return params_; }
+  /// Replaces the parameters with copies of those of `params`. Does nothing if it is null.
   void SetParams(const TQXSQLItems* params) { params_.Assign(params); }
 
-  /// Rebuilds the parameters from the text. A name is "@" and ASCII letters, digits and "_", beginning with a
-  /// letter; quotes are not looked at.
+  /// Replaces the parameters with those of the text. A name is "@" and ASCII letters, digits and "_", a
+  /// letter first. Names inside quotes count. If memory runs out, std::bad_alloc is thrown and there are no
+  /// parameters.
   ///
-  /// On purpose: a lone "@" stays open (`@ x` is `@x`), and `@@ROWCOUNT` is the parameter `@ROWCOUNT`.
+  /// On purpose: a lone "@" waits for its name (`@ x` is `@x`), `@@ROWCOUNT` is the parameter `@ROWCOUNT`,
+  /// and a name that a further "@" follows at once is dropped (`@a@b` is `@b`).
   void FindParams();
+  /// Calls FindParams. It is the handler of the change event of InLines; `sender` is ignored.
   void OnInLinesChange(TObject* sender);
 
-  /// The text without `/* */` comments and without blank lines around it; a text without both marks comes
-  /// back as it is. Comments do not nest, and marks inside quotes count.
+  /// Returns the text without comments (`/* ... */`) and without blank lines at its start and end, each line
+  /// followed by CR LF. A text that does not hold both marks is returned unchanged. Comments do not nest, and
+  /// marks inside quotes count.
   ///
-  /// On purpose: outside a comment every "/" goes, with the character behind it, and a comment that ends in
-  /// an odd number of "*" more than one (`/* x **/`) never closes.
+  /// On purpose: outside a comment every "/" is removed together with the character after it, and a comment
+  /// that ends in an even number of "*" (`/* x **/`) never closes.
   static WideString ClearNote(std::u16string_view text);
 
-  /// The text without comments and with every parameter replaced by its value, in list order, in any case.
-  /// The list stays the command's own and holds this output until the next call.
+  /// Returns the text without comments and with each parameter replaced by its value, one parameter after the
+  /// other, in any letter case. The list belongs to the command and is replaced by the next call. If memory
+  /// runs out, std::bad_alloc is thrown and the list is empty.
   ///
-  /// On purpose: replacing is by plain substring, in the text as it stands by then. A name that begins a
-  /// longer one also replaces that part of it, and a value that holds a later parameter's name is replaced
-  /// inside its literal: values from outside belong into the stored-procedure set, whose call keeps them
-  /// apart from the statement.
+  /// On purpose: replacing is by plain substring, in the text as it is by then. A name that begins a longer
+  /// one also replaces that part of it, and a value that holds the name of a later parameter is replaced
+  /// inside its literal. Values from outside belong into the stored-procedure set
+  /// (qxTools/sql/qxSqlStoreProc.h), whose call keeps them apart from the statement.
   TStrings& GetOutLines();
 
-  /// Appends the letters of the seven styles, one a line, for pick lists.
+  /// Appends the letters of the seven styles (S, N, R, D, T, B, F) to `lines`, one a line, for pick lists.
   void FillCharType(TStrings& lines) const;
 
  private:
@@ -248,14 +320,16 @@ class QXTOOLS_API TQXSQL : public TPersistent {
   TQXSQLItems params_;
 };
 
-/// The command that SQL() made, or null. Shared and unguarded; freed at the last package stop.
+/// The command that SQL() made, or null. It is shared by all threads without a lock, and freed at the last
+/// stop of the package.
 QXTOOLS_API extern TQXSQL* FDefaultSQL;
 
-/// The shared default command, made at the first call.
+/// Returns the shared default command. The first call makes it.
 QXTOOLS_API TQXSQL* SQL();
 
-// For the package frame: the globals' first values, and giving back what they hold.
+/// Gives the globals of this unit their first values. Called by the package frame.
 void FillGlobals();
+/// Frees what the globals of this unit hold. Called by the package frame.
 void ReleaseGlobals();
 
 }  // namespace qxTools::QXSqlTools

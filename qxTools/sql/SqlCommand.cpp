@@ -1,6 +1,7 @@
 #include <qxTools/base/Ascii.h>
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/DateTime.h>
+#include <qxTools/runtime/NamedList.h>
 #include <qxTools/sql/NameScanner.h>
 #include <qxTools/sql/QXSqlTools.h>
 
@@ -36,22 +37,20 @@ namespace {
 constexpr std::size_t kHeaderSize = 2;
 constexpr std::size_t kHeaderAndSeparator = 3;
 
-/// Takes a text value, with or without a header that names its style.
-void TakeText(TQXSQLItem& item, const Variant& value) {
-  item.Value = value;
-  item.Text = value.AsString();
-  if (item.Text.size() < kHeaderSize) return;
-  const auto header = std::ranges::find(ParamStyleHeader, UpperCase(item.Text.substr(0, kHeaderSize)));
-  if (header == ParamStyleHeader.end()) return;
-  item.Style = static_cast<TSqlStyle>(header - ParamStyleHeader.begin());
-  item.Text.erase(0, kHeaderAndSeparator);
-  item.Value = item.Text;
-}
-
-void Take(TQXSQLItem& item, const Variant& value, TSqlStyle style, std::string text) {
-  item.Value = value;
+void Set(TQXSQLItem& item, Variant value, TSqlStyle style, std::string text) {
+  item.Value = std::move(value);
   item.Style = style;
   item.Text = std::move(text);
+}
+
+/// Sets a text value, with or without a header that names its style.
+void SetText(TQXSQLItem& item, const Variant& value) {
+  std::string text = value.AsString();
+  const auto header = std::ranges::find(ParamStyleHeader, UpperCase(text.substr(0, kHeaderSize)));
+  if (text.size() < kHeaderSize || header == ParamStyleHeader.end())
+    return Set(item, value, item.Style, std::move(text));
+  text.erase(0, kHeaderAndSeparator);
+  Set(item, text, static_cast<TSqlStyle>(header - ParamStyleHeader.begin()), text);
 }
 
 }  // namespace
@@ -63,55 +62,68 @@ TQXSQLItem::~TQXSQLItem() = default;
 void TQXSQLItem::Assign(const TPersistent* source) {
   const auto* item = dynamic_cast<const TQXSQLItem*>(source);
   if (item == nullptr) return TPersistent::Assign(source);
+  Variant value = item->Value;
+  std::string text = item->Text;
   SetName(item->name_);
-  Value = item->Value;
-  Text = item->Text;
-  Style = item->Style;
+  Set(*this, std::move(value), item->Style, std::move(text));
 }
 
 void TQXSQLItem::SetName(std::string_view name) {
-  if (index_ != nullptr) index_->Drop();
-  name_ = name;
-  upperName_ = UpperCase(name_);
+  std::string upperName = UpperCase(name);
+  name_ = std::string(name);  // a copy first: it may be a part of the old one
+  upperName_ = std::move(upperName);
+  if (names_ != nullptr) names_->Drop();
 }
 
 // --- TQXSQLItems -------------------------------------------------------------------------------------
 
+struct TQXSQLItems::State {
+  struct UpperName {
+    std::string_view operator()(const TQXSQLItem& item) const { return item.upperName_; }
+  };
+
+  NamedList<TQXSQLItem, UpperName> items;
+};
+
+TQXSQLItems::TQXSQLItems() : state_(std::make_unique<State>()) {}
+
+TQXSQLItems::~TQXSQLItems() = default;
+
 TQXSQLItem* TQXSQLItems::Add() { return Add(""); }
 
 TQXSQLItem* TQXSQLItems::Add(std::string_view name) {
-  TQXSQLItem* const item = items_.Add(std::make_unique<TQXSQLItem>());
+  auto item = std::make_unique<TQXSQLItem>();
   item->SetName(name);
-  item->index_ = &index_;
-  index_.Append(GetCount() - 1, [this](Integer i) { return UpperNameAt(i); });
-  return item;
+  item->names_ = &state_->items.Names();
+  return state_->items.Add(std::move(item));
 }
 
 void TQXSQLItems::AddNamesOf(std::string_view text) {
-  NameScanner scanner(text, Literals::kScan);
-  std::string upperName;
-  for (std::string_view name; scanner.Next(name);) {
-    SetUpperName(upperName, name);
-    if (IndexOfUpper(upperName) < 0) Add("@" + std::string(name));
-  }
+  state_->items.AddAllOrNothing([&] {
+    NameScanner scanner(text, Literals::kScan);
+    std::string upperName;
+    for (std::string_view name; scanner.Next(name);) {
+      SetUpperName(upperName, name);
+      if (IndexOfUpper(upperName) < 0) Add("@" + std::string(name));
+    }
+  });
 }
 
 void TQXSQLItems::Assign(const TQXSQLItems* source) {
   if (source == nullptr) return;
-  Clear();  // on purpose: also when it is the list itself
-  for (Integer i = 0; i < source->GetCount(); ++i) Add()->Assign(source->GetItems(i));
+  TQXSQLItems copies;  // on purpose: none of the list itself
+  for (Integer i = 0; source != this && i < source->GetCount(); ++i)
+    copies.Add()->Assign(source->GetItems(i));
+  state_.swap(copies.state_);
 }
 
-void TQXSQLItems::Clear() {
-  index_.Drop();
-  items_.Clear();
-}
+void TQXSQLItems::Clear() { state_->items.Clear(); }
 
-void TQXSQLItems::Delete(Integer index) {
-  items_.GetItems(index);  // raises for a bad index, before anything changes
-  index_.Drop();
-  items_.Delete(index);
-}
+void TQXSQLItems::Delete(Integer index) { state_->items.Delete(index); }
+
+Integer TQXSQLItems::GetCount() const { return state_->items.GetCount(); }
+
+TQXSQLItem* TQXSQLItems::GetItems(Integer index) const { return state_->items.GetItems(index); }
 
 void TQXSQLItems::SetItems(Integer index, const TQXSQLItem& item) { GetItems(index)->Assign(&item); }
 
@@ -123,7 +135,7 @@ TQXSQLItem* TQXSQLItems::FindByName(std::string_view name) const {
 Integer TQXSQLItems::GetItemsIndex(std::string_view name) const { return IndexOfUpper(UpperCase(name)); }
 
 Integer TQXSQLItems::IndexOfUpper(std::string_view upperName) const {
-  return index_.Find(upperName, GetCount(), [this](Integer i) { return UpperNameAt(i); });
+  return state_->items.Find(upperName).last;
 }
 
 TQXSQLItem& TQXSQLItems::Existing(std::string_view name) const {
@@ -140,22 +152,22 @@ Variant TQXSQLItems::GetItemsValue(std::string_view name) const { return Existin
 
 void TQXSQLItems::SetItemsValue(std::string_view name, const Variant& value) {
   TQXSQLItem& item = Existing(name);
-  if (value.IsString()) return TakeText(item, value);
+  if (value.IsString()) return SetText(item, value);
   switch (value.Type()) {
     case varNull:
-      return Take(item, value, stFunction, "NULL");
+      return Set(item, value, stFunction, "NULL");
     case varBoolean:
-      return Take(item, value, stBoolean, value.AsBoolean() ? "1" : "0");
+      return Set(item, value, stBoolean, value.AsBoolean() ? "1" : "0");
     case varSmallint:
     case varInteger:
     case varByte:
-      return Take(item, value, stInteger, value.AsString());
+      return Set(item, value, stInteger, value.AsString());
     case varSingle:
     case varDouble:
     case varCurrency:
-      return Take(item, value, stReal, value.AsString());
+      return Set(item, value, stReal, value.AsString());
     case varDate:
-      return Take(item, value, stDate, DateToStr(value.AsDouble()));
+      return Set(item, value, stDate, DateToStr(value.AsDouble()));
     default:
       return;  // on purpose: the others change nothing
   }
@@ -165,7 +177,7 @@ bool TQXSQLItems::FindAndModify(std::string_view name, std::string_view value, T
   TQXSQLItem* const item = FindByName(name);
   if (item == nullptr) return false;
   item->Value = value;
-  item->Style = style;  // on purpose: Text stays
+  item->Style = style;  // on purpose: Text is unchanged
   return true;
 }
 

@@ -98,12 +98,13 @@ std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros
   return expanded;
 }
 
-std::string DoubleQuotes(std::string_view text) {
+std::string DoubleQuotes(std::string_view text, std::string_view end) {
   // In two steps this is: every apostrophe becomes "[##]", then every "[##]" two apostrophes. No end of
   // "[##]" begins another one, so those that come in cannot join with what stands around them and one step
   // will do.
   std::string out;
-  out.reserve(text.size() + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\'')));
+  out.reserve(text.size() + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\'')) +
+              end.size());
   NearestOfTwo<char> marks(text, '\'', '[');
   std::size_t done = 0;
   for (std::size_t mark = marks.From(0); mark < text.size();) {
@@ -115,7 +116,7 @@ std::string DoubleQuotes(std::string_view text) {
     }
     mark = marks.From(next);
   }
-  return out.append(text, done);
+  return out.append(text, done).append(end);
 }
 
 }  // namespace qxTools::qxSqlStoreProc

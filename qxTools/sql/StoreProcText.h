@@ -17,7 +17,7 @@ bool RemoveComments(std::u16string& text);
 /// The text with macro after macro replaced, case counting.
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros);
 
-/// Two apostrophes for each one and for each "[##]".
-std::string DoubleQuotes(std::string_view text);
+/// Returns the text with two apostrophes for each one and for each "[##]", and `end` after it as it is.
+std::string DoubleQuotes(std::string_view text, std::string_view end);
 
 }  // namespace qxTools::qxSqlStoreProc

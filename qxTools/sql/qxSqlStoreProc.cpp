@@ -1,6 +1,7 @@
 #include <qxTools/base/Ascii.h>
 #include <qxTools/base/CodePage950.h>
 #include <qxTools/base/Exceptions.h>
+#include <qxTools/runtime/NamedList.h>
 #include <qxTools/runtime/Numbers.h>
 #include <qxTools/sql/NameScanner.h>
 #include <qxTools/sql/QXSqlTools.h>
@@ -133,23 +134,43 @@ Integer VarLength(const Variant& value) {
 TQXSqlStoreProcItem::~TQXSqlStoreProcItem() = default;
 
 void TQXSqlStoreProcItem::SetName(std::string_view name) {
-  if (index_ != nullptr) index_->Drop();
-  name_ = Trim(name);
-  upperName_ = UpperCase(name_);
+  std::string trimmed = Trim(name);
+  upperName_ = UpperCase(trimmed);
+  name_ = std::move(trimmed);
+  if (names_ != nullptr) names_->Drop();
 }
 
 void TQXSqlStoreProcItem::SetValue(const Variant& value) {
+  const TStoreProcParamType style = VarToParamType(value);
+  const Integer length = VarLength(value);
   value_ = value;
   if (!autoStyle_) return;
-  style_ = VarToParamType(value_);
-  length_ = VarLength(value_);
+  style_ = style;
+  length_ = length;
 }
 
 AnsiString TQXSqlStoreProcItem::GetSqlValue() const { return QXSqlTools::VarToSql(value_); }
 
 // --- The statement -----------------------------------------------------------------------------------
 
-TQXSqlStoreProc::TQXSqlStoreProc() {
+struct TQXSqlStoreProc::State {
+  struct UpperName {
+    std::string_view operator()(const TQXSqlStoreProcItem& item) const { return item.GetUpperName(); }
+  };
+  using Items = NamedList<TQXSqlStoreProcItem, UpperName>;
+
+  static TQXSqlStoreProcItem* Add(Items& items, std::string_view name) {
+    auto item = std::make_unique<TQXSqlStoreProcItem>();
+    item->SetName(name);
+    item->names_ = &items.Names();
+    return items.Add(std::move(item));
+  }
+
+  Items params;
+  Items macros;
+};
+
+TQXSqlStoreProc::TQXSqlStoreProc() : state_(std::make_unique<State>()) {
   statement_.SetOnChange([this](TObject* sender) { DoChange(sender); });
 }
 
@@ -162,9 +183,8 @@ void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) { Load(WideString(
 void TQXSqlStoreProc::Load(WideString text) {
   const std::string statement = Narrow(WithoutComments(std::move(text)));
   statement_.Clear();
-  statement_.BeginUpdate();
+  const StringsUpdate update(statement_);
   statement_.SetText(statement);
-  statement_.EndUpdate();
 }
 
 void TQXSqlStoreProc::SetSearchParamType(TSearchParamType mode) {
@@ -177,8 +197,10 @@ void TQXSqlStoreProc::DoChange(TObject*) { SearchAllParams(); }
 void TQXSqlStoreProc::SearchAllParams() {
   Clear();
   const std::string text = statement_.GetText();
-  FindNames(text);
-  FindMacros(text);
+  state_->params.AddAllOrNothing([&] {
+    FindNames(text);
+    state_->macros.AddAllOrNothing([&] { FindMacros(text); });
+  });
 }
 
 void TQXSqlStoreProc::FindNames(std::string_view text) {
@@ -186,7 +208,8 @@ void TQXSqlStoreProc::FindNames(std::string_view text) {
   std::string upperName;
   for (std::string_view name; scanner.Next(name);) {
     SetUpperName(upperName, name);
-    if (IsKept(upperName, searchMode_) && params_.Find(upperName) < 0) params_.Add("@" + std::string(name));
+    if (IsKept(upperName, searchMode_) && state_->params.Find(upperName).last < 0)
+      State::Add(state_->params, "@" + std::string(name));
   }
 }
 
@@ -196,7 +219,7 @@ void TQXSqlStoreProc::FindMacros(std::string_view text) {
     if (close < open) close = text.find(']', open);
     if (close == kNone) return;
     const std::string_view name = text.substr(open, close + 1 - open);
-    if (funcs_.Find(UpperCase(name)) < 0) funcs_.Add(name);
+    if (state_->macros.Find(UpperCase(name)).last < 0) State::Add(state_->macros, name);
   }
 }
 
@@ -204,40 +227,28 @@ WideString TQXSqlStoreProc::ClearNote(std::u16string_view text) { return Without
 
 // --- Parameters and macros ---------------------------------------------------------------------------
 
-TQXSqlStoreProcItem* TQXSqlStoreProc::NamedItems::Add(std::string_view name) {
-  TQXSqlStoreProcItem* const item = items.Add(std::make_unique<TQXSqlStoreProcItem>());
-  item->SetName(name);
-  item->index_ = &index;
-  index.Append(items.GetCount() - 1,
-               [this](Integer i) -> std::string_view { return items.GetItems(i)->upperName_; });
-  return item;
-}
-
-Integer TQXSqlStoreProc::NamedItems::Find(std::string_view upperName) const {
-  return index.Find(upperName, items.GetCount(),
-                    [this](Integer i) -> std::string_view { return items.GetItems(i)->upperName_; });
-}
-
-void TQXSqlStoreProc::NamedItems::Delete(Integer i) {
-  items.Delete(i);
-  index.Drop();
-}
-
-void TQXSqlStoreProc::NamedItems::Clear() {
-  items.Clear();
-  index.Drop();
-}
-
 void TQXSqlStoreProc::Clear() {
-  params_.Clear();
-  funcs_.Clear();
+  state_->params.Clear();
+  state_->macros.Clear();
+}
+
+Integer TQXSqlStoreProc::GetParamCount() const { return state_->params.GetCount(); }
+
+Integer TQXSqlStoreProc::GetFuncCount() const { return state_->macros.GetCount(); }
+
+TQXSqlStoreProcItem* TQXSqlStoreProc::GetItems(Integer index) const { return state_->params.GetItems(index); }
+
+TQXSqlStoreProcItem* TQXSqlStoreProc::GetFuncItems(Integer index) const {
+  return state_->macros.GetItems(index);
 }
 
 Integer TQXSqlStoreProc::FindParam(std::string_view name) const {
-  return params_.Find(Trim(UpperCase(name)));
+  return state_->params.Find(Trim(UpperCase(name))).last;
 }
 
-Integer TQXSqlStoreProc::FindFunc(std::string_view name) const { return funcs_.Find(Trim(UpperCase(name))); }
+Integer TQXSqlStoreProc::FindFunc(std::string_view name) const {
+  return state_->macros.Find(Trim(UpperCase(name))).last;
+}
 
 Variant TQXSqlStoreProc::GetValue(std::string_view name) const {
   const TQXSqlStoreProcItem* const item = ItemByName(name);
@@ -257,9 +268,9 @@ TQXSqlStoreProcItem* TQXSqlStoreProc::ItemByName(std::string_view name) const {
   throw Exception("Invalid Name " + std::string(name));
 }
 
-TQXSqlStoreProcItem* TQXSqlStoreProc::Add() { return params_.Add(""); }
+TQXSqlStoreProcItem* TQXSqlStoreProc::Add() { return State::Add(state_->params, ""); }
 
-void TQXSqlStoreProc::Delete(Integer index) { params_.Delete(index); }
+void TQXSqlStoreProc::Delete(Integer index) { state_->params.Delete(index); }
 
 void TQXSqlStoreProc::Delete(std::string_view name) {
   const Integer index = FindParam(name);
@@ -277,7 +288,7 @@ void TQXSqlStoreProc::LoadParams(const TStrings* lines) {
 void TQXSqlStoreProc::LoadParams(std::u16string_view declarations) {
   const std::string text = RemoveBreaks(WideToBytes(ClearNote(declarations)));
   if (text.find_first_not_of(' ') == kNone) return;
-  params_.Clear();
+  state_->params.Clear();
   for (std::size_t start = 0; start <= text.size();) {
     const std::size_t end = std::min(text.find(',', start), text.size());
     LoadDeclaration(Trim(std::string_view(text).substr(start, end - start)));
@@ -297,7 +308,7 @@ void TQXSqlStoreProc::LoadDeclaration(std::string_view piece) {
   }
   const TStoreProcParamType style = FindType(type);
   if (FindParam(name) >= 0) return;
-  TQXSqlStoreProcItem* const item = params_.Add(name);
+  TQXSqlStoreProcItem* const item = State::Add(state_->params, name);
   item->SetStyle(style);
   item->SetLength(length);
   item->SetAutoStyle(false);
@@ -321,25 +332,37 @@ void TQXSqlStoreProc::SaveParams(TStrings* lines) const { lines->SetText(Declara
 
 // --- The call ----------------------------------------------------------------------------------------
 
-TStrings* TQXSqlStoreProc::GetStoreProc() {
-  call_.Clear();
+AnsiString TQXSqlStoreProc::Values() const {
+  std::string list;
+  for (Integer i = 0; i < GetParamCount(); ++i) Append(list, GetItems(i)->GetSqlValue());
+  return list;
+}
+
+AnsiString TQXSqlStoreProc::ExpandedStatement() const {
   std::vector<Macro> macros;
   for (Integer i = 0; i < GetFuncCount(); ++i)
     macros.emplace_back(GetFuncItems(i)->GetName(), GetFuncItems(i)->GetValue().AsString());
-  std::string statement = statement_.GetText();
-  if (!macros.empty()) statement = ExpandMacros(statement, macros);
-  statement = DoubleQuotes(statement);
-  const std::string declarations = Declarations();
-  std::string values;
-  for (Integer i = 0; i < GetParamCount(); ++i) Append(values, GetItems(i)->GetSqlValue());
+  std::string text = statement_.GetText();
+  return macros.empty() ? text : ExpandMacros(text, macros);
+}
 
-  call_.Add("sp_executesql N'");
-  if (declarations.empty() || values.empty()) {
-    call_.Add(std::move(statement += "'"));
-  } else {
-    call_.Add(std::move(statement += "',"));
-    call_.Add("N'" + declarations + "', ");
-    call_.Add(std::move(values));
+TStrings* TQXSqlStoreProc::GetStoreProc() {
+  call_.Clear();
+  std::string statement = ExpandedStatement();
+  const std::string declarations = Declarations();
+  std::string values = Values();
+  const bool hasValues = !declarations.empty() && !values.empty();
+  statement = DoubleQuotes(statement, hasValues ? "'," : "'");
+  try {
+    call_.Add("sp_executesql N'");
+    call_.Add(std::move(statement));
+    if (hasValues) {
+      call_.Add("N'" + declarations + "', ");
+      call_.Add(std::move(values));
+    }
+  } catch (...) {
+    call_.Clear();
+    throw;
   }
   return &call_;
 }

@@ -2,7 +2,6 @@
 // the stated one. What leaks then is the leak checker's to tell.
 #include "faults/Faults.h"
 
-#include <qxTools/data/QXValueTools.h>
 #include <qxTools/data/qxOleVariant.h>
 #include <qxTools/data/qxStore.h>
 #include <qxTools/graphics/qxDrawTools.h>
@@ -294,33 +293,6 @@ TEST(Living, EndsWithoutMemory) {
       return outcome.reached;
     });
   }
-}
-
-// --- Assigning -----------------------------------------------------------------------------------------
-
-TEST(Assigning, TakesAllOrLeavesAllAsItWas) {
-  const QXValueTools::TValueRecord record("new", kLongText);
-  Variant value = 5;
-  RunFailing(Fault::kMemory, 1, [&] { value = record.Value; });
-  EXPECT_EQ(value, Variant(5));
-  QXValueTools::TQXValueList list;
-  qxOleVariant::TQXOleVariant packet;
-  const std::function<void()> calls[] = {[&] { list.SetItem(0, record); }, [&] { list.SetItem(2, record); },
-                                         [&] { list.SetValue("new", 5); },
-                                         [&] { packet.SetValue(u"new", 5); }};
-  for (const auto& call : calls)
-    ForEachCall([&](long n) {
-      list.Clear();
-      packet.Clear();
-      for (int i = 0; i < 3; ++i) {  // the third time by an index
-        list.SetValue("old", 5);
-        packet.SetValue(u"old", 5);
-      }
-      const Outcome outcome = RunFailing(Fault::kMemory, n, call);
-      const bool same = list.GetCount() == 1 && list.GetItem(0)->Name == "old" && packet.GetCount() == 1;
-      EXPECT_TRUE(same || !outcome.reached);
-      return outcome.reached;
-    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, Files, testing::ValuesIn(kFormats),

@@ -1,4 +1,4 @@
-#include <qxTools/data/OleVariantFace.h>
+#include <qxTools/data/ComAdapter.h>
 
 namespace qxTools::qxOleVariant {
 
@@ -24,93 +24,93 @@ HRESULT Guarded(Result& result, Call&& call) {
 
 }  // namespace
 
-HRESULT TQXOleVariant::Face::QueryInterface(const GUID& iid, void** result) {
+HRESULT TQXOleVariant::ComAdapter::QueryInterface(const GUID& iid, void** result) {
   return packet_.QueryInterface(iid, result);
 }
-Integer TQXOleVariant::Face::_AddRef() { return packet_._AddRef(); }
-Integer TQXOleVariant::Face::_Release() { return packet_._Release(); }
+Integer TQXOleVariant::ComAdapter::_AddRef() { return packet_._AddRef(); }
+Integer TQXOleVariant::ComAdapter::_Release() { return packet_._Release(); }
 
-HRESULT TQXOleVariant::Face::GetFields(Integer index, TOleVariantField*& result) {
+HRESULT TQXOleVariant::ComAdapter::GetFields(Integer index, TOleVariantField*& result) {
   return Guarded(result, [&] { return packet_.GetFields(index); });
 }
 
-HRESULT TQXOleVariant::Face::GetItems(Integer index, Variant& result) {
+HRESULT TQXOleVariant::ComAdapter::GetItems(Integer index, Variant& result) {
   return Guarded(result, [&] { return packet_.GetItems(index); });
 }
 
-HRESULT TQXOleVariant::Face::GetValue(std::u16string_view name, Variant& result) {
+HRESULT TQXOleVariant::ComAdapter::GetValue(std::u16string_view name, Variant& result) {
   return Guarded(result, [&] { return packet_.GetValue(name); });
 }
 
-HRESULT TQXOleVariant::Face::SetItems(Integer Index, const Variant& Value) {
+HRESULT TQXOleVariant::ComAdapter::SetItems(Integer Index, const Variant& Value) {
   return Guarded([&] { packet_.SetItems(Index, Value); });
 }
 
-HRESULT TQXOleVariant::Face::SetValue(std::u16string_view name, const Variant& value) {
+HRESULT TQXOleVariant::ComAdapter::SetValue(std::u16string_view name, const Variant& value) {
   return Guarded([&] { packet_.SetValue(name, value); });
 }
 
-HRESULT TQXOleVariant::Face::GetCount(Integer& result) {
+HRESULT TQXOleVariant::ComAdapter::GetCount(Integer& result) {
   return Guarded(result, [&] { return packet_.GetCount(); });
 }
 
-HRESULT TQXOleVariant::Face::GetSqlValue(std::u16string_view name, WideString& result) {
+HRESULT TQXOleVariant::ComAdapter::GetSqlValue(std::u16string_view name, WideString& result) {
   return Guarded(result, [&] { return packet_.GetSqlValue(name); });
 }
 
-HRESULT TQXOleVariant::Face::GetAction(Integer& result) {
+HRESULT TQXOleVariant::ComAdapter::GetAction(Integer& result) {
   return Guarded(result, [&] { return packet_.GetAction(); });
 }
 
-HRESULT TQXOleVariant::Face::GetOption(Integer& result) {
+HRESULT TQXOleVariant::ComAdapter::GetOption(Integer& result) {
   return Guarded(result, [&] { return packet_.GetOption(); });
 }
 
-HRESULT TQXOleVariant::Face::SetAction(Integer value) {
+HRESULT TQXOleVariant::ComAdapter::SetAction(Integer value) {
   return Guarded([&] { packet_.SetAction(value); });
 }
 
-HRESULT TQXOleVariant::Face::SetOption(Integer value) {
+HRESULT TQXOleVariant::ComAdapter::SetOption(Integer value) {
   return Guarded([&] { packet_.SetOption(value); });
 }
 
-HRESULT TQXOleVariant::Face::GetStoreProcIndex(Integer& result) {
+HRESULT TQXOleVariant::ComAdapter::GetStoreProcIndex(Integer& result) {
   return Guarded(result, [&] { return packet_.GetStoreProcIndex(); });
 }
 
-HRESULT TQXOleVariant::Face::GetViewIndex(Integer& result) {
+HRESULT TQXOleVariant::ComAdapter::GetViewIndex(Integer& result) {
   return Guarded(result, [&] { return packet_.GetViewIndex(); });
 }
 
-HRESULT TQXOleVariant::Face::SetStoreProcIndex(Integer value) {
+HRESULT TQXOleVariant::ComAdapter::SetStoreProcIndex(Integer value) {
   return Guarded([&] { packet_.SetStoreProcIndex(value); });
 }
 
-HRESULT TQXOleVariant::Face::SetViewIndex(Integer value) {
+HRESULT TQXOleVariant::ComAdapter::SetViewIndex(Integer value) {
   return Guarded([&] { packet_.SetViewIndex(value); });
 }
 
-HRESULT TQXOleVariant::Face::Add(TOleVariantField*& result) {
+HRESULT TQXOleVariant::ComAdapter::Add(TOleVariantField*& result) {
   return Guarded(result, [&] { return packet_.Add(); });
 }
 
-HRESULT TQXOleVariant::Face::AddValue(std::u16string_view name, const Variant& value) {
+HRESULT TQXOleVariant::ComAdapter::AddValue(std::u16string_view name, const Variant& value) {
   return Guarded([&] { packet_.AddValue(name, value); });
 }
 
-HRESULT TQXOleVariant::Face::Clear() {
+HRESULT TQXOleVariant::ComAdapter::Clear() {
   return Guarded([&] { packet_.Clear(); });
 }
 
-HRESULT TQXOleVariant::Face::SaveToOle(Variant& packet) {
+HRESULT TQXOleVariant::ComAdapter::SaveToOle(Variant& packet) {
   return Guarded([&] { packet_.SaveToOle(packet); });
 }
 
-HRESULT TQXOleVariant::Face::LoadFromOle(const Variant& packet) {
+HRESULT TQXOleVariant::ComAdapter::LoadFromOle(const Variant& packet) {
   return Guarded([&] { packet_.LoadFromOle(packet); });
 }
 
-HRESULT TQXOleVariant::Face::FindField(std::u16string_view name, TOleVariantField*& result) {
+HRESULT TQXOleVariant::ComAdapter::FindField(std::u16string_view name, TOleVariantField*& result) {
   return Guarded(result, [&] { return packet_.FindField(name); });
 }
 

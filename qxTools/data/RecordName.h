@@ -1,6 +1,6 @@
 /// @file
-/// What the records of packets and value lists are made of: a name of limited length that its list can still
-/// find by after a caller has changed it, and storage in zero-filled blocks.
+/// The name of a record of a packet or a value list: a text of limited length that a caller may change at any
+/// time, and that the list of the record can still find it by.
 #pragma once
 
 #include <qxTools/base/ShortString.h>
@@ -8,44 +8,42 @@
 
 namespace qxTools {
 
-/// Tells the lists that the name of some record was changed.
+/// Reports to all lists that the name of a record has changed. RecordName calls it.
 QXTOOLS_API void NoteNameChange();
 
-/// A byte with the length, then up to N bytes; a longer name is cut. Callers who hold a record may assign its
-/// name at any time.
+/// A byte with the length, then up to N bytes of text. A longer name is cut.
 template <std::size_t N>
 class RecordName {
  public:
+  /// Makes an empty name.
   RecordName() = default;
-  /// The name, cut.
+  /// Makes a name of the first N bytes of `name`.
   explicit RecordName(std::string_view name) : text_(name) {}
+  /// Copies a name.
   RecordName(const RecordName&) = default;
 
-  /// Assigns a name, cut, and tells the lists.
+  /// Copies a name and reports the change to the lists.
   RecordName& operator=(const RecordName& other) { return *this = other.View(); }
+  /// Takes the first N bytes of `name` and reports the change to the lists.
   RecordName& operator=(std::string_view name) {
     text_ = ShortString<N>(name);
     NoteNameChange();
     return *this;
   }
 
-  /// The bytes of the name.
+  /// Returns the bytes of the name. The view is valid until the name changes.
   std::string_view View() const { return text_.View(); }
-  /// The same.
+  /// Returns the bytes of the name. The view is valid until the name changes.
   operator std::string_view() const { return View(); }
+  /// Compares the bytes of two names.
   friend bool operator==(const RecordName& a, const RecordName& b) { return a.View() == b.View(); }
+  /// Compares the bytes of a name with a text.
   friend bool operator==(const RecordName& a, std::string_view b) { return a.View() == b; }
+  /// Writes the bytes of the name.
   friend std::ostream& operator<<(std::ostream& out, const RecordName& name) { return out << name.View(); }
 
  private:
   ShortString<N> text_;
-};
-
-/// The base of records that lie in zero-filled blocks of QXMemTools when they are made with `new`.
-struct QXTOOLS_API BlockRecord {
-  /// @throws std::bad_alloc
-  static void* operator new(std::size_t size);
-  static void operator delete(void* block);
 };
 
 }  // namespace qxTools

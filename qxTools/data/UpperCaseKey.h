@@ -12,9 +12,9 @@
 namespace qxTools {
 
 /// The ASCII letters of a name as capitals, as bytes. Short names need no memory.
-class FoldedKey {
+class UpperCaseKey {
  public:
-  explicit FoldedKey(std::string_view name) : size_(name.size()) {
+  explicit UpperCaseKey(std::string_view name) : size_(name.size()) {
     if (size_ > kRoom)
       Keep(UpperCase(name));
     else
@@ -22,12 +22,12 @@ class FoldedKey {
   }
 
   /// Letters are raised before the conversion to code page 950, so second bytes stay.
-  explicit FoldedKey(std::u16string_view name) : size_(name.size()) {
+  explicit UpperCaseKey(std::u16string_view name) : size_(name.size()) {
     if (size_ > kRoom || Fold(name) >= 0x80) Keep(WideToBytes(Capitals(name)));
   }
 
-  FoldedKey(const FoldedKey&) = delete;
-  FoldedKey& operator=(const FoldedKey&) = delete;
+  UpperCaseKey(const UpperCaseKey&) = delete;
+  UpperCaseKey& operator=(const UpperCaseKey&) = delete;
 
   operator std::string_view() const { return {start_, size_}; }
 

@@ -1,13 +1,13 @@
-// The packet as other modules see it: result codes in place of exceptions.
+// The packet as other modules see it: it returns result codes and throws nothing.
 #pragma once
 
 #include <qxTools/data/qxOleVariant.h>
 
 namespace qxTools::qxOleVariant {
 
-class TQXOleVariant::Face final : public IQXOleVariant {
+class TQXOleVariant::ComAdapter final : public IQXOleVariant {
  public:
-  explicit Face(TQXOleVariant& packet) : packet_(packet) {}
+  explicit ComAdapter(TQXOleVariant& packet) : packet_(packet) {}
 
   HRESULT QueryInterface(const GUID& iid, void** result) override;
   Integer _AddRef() override;

@@ -1,0 +1,103 @@
+/// @file
+/// Finding the items of a list by name, in constant time on average. For the library's own use.
+#pragma once
+
+#include <qxTools/base/Types.h>
+#include <qxTools/runtime/HashIndex.h>
+
+#include <new>
+
+namespace qxTools {
+
+/// The first and the last place of each name in a list. The names are not copied: `nameAt(place)` reads them
+/// from the list, as a view or as what converts to one.
+///
+/// After a change of the list or of a name, the first look-up walks the list and the second one builds the
+/// index, so that changing and looking up in turn costs a walk each time and never a new index. Without
+/// memory for the index, look-ups walk the list too: no function here throws.
+class NamePlaces {
+ public:
+  struct Places {
+    Integer first = -1;
+    Integer last = -1;
+
+    bool operator==(const Places&) const = default;
+  };
+
+  /// To be called after any change of the list or of a name, but for Append.
+  void Drop() {
+    index_.Clear();
+    state_ = State::kChanged;
+  }
+
+  /// Drops if `changes`, a count of changes of names, is not the number of the last call.
+  void Follow(std::uint64_t changes) {
+    if (changes != changes_) Drop();
+    changes_ = changes;
+  }
+
+  /// To be called after an item was appended at `place`.
+  template <class NameAt>
+  void Append(Integer place, NameAt nameAt) {
+    if (state_ != State::kIndexed) return;
+    try {
+      Put(place, nameAt);
+    } catch (const std::bad_alloc&) {
+      Drop();
+    }
+  }
+
+  /// Returns the places of `name` among the places from 0 to count - 1; -1 twice if it is at none.
+  template <class NameAt>
+  Places Find(std::string_view name, Integer count, NameAt nameAt) {
+    if (state_ != State::kIndexed && !(state_ == State::kWalked && Build(count, nameAt))) {
+      state_ = State::kWalked;
+      return Walk(name, count, nameAt);
+    }
+    const Places* const found = index_.Find(TagOf(name), Matching(name, nameAt));
+    return found != nullptr ? *found : Places();
+  }
+
+ private:
+  enum class State { kChanged, kWalked, kIndexed };
+
+  static HashTag TagOf(std::string_view name) { return {std::hash<std::string_view>()(name)}; }
+
+  template <class NameAt>
+  static auto Matching(std::string_view name, NameAt nameAt) {
+    return [=](const Places& places) { return std::string_view(nameAt(places.first)) == name; };
+  }
+
+  template <class NameAt>
+  static Places Walk(std::string_view name, Integer count, NameAt nameAt) {
+    Places places;
+    for (Integer i = 0; i < count; ++i)
+      if (std::string_view(nameAt(i)) == name) places = {places.first < 0 ? i : places.first, i};
+    return places;
+  }
+
+  template <class NameAt>
+  void Put(Integer place, NameAt nameAt) {
+    const auto& kept = nameAt(place);
+    const std::string_view name = kept;
+    index_.Insert({place, place}, TagOf(name), Matching(name, nameAt)).last = place;
+  }
+
+  template <class NameAt>
+  bool Build(Integer count, NameAt nameAt) {
+    try {
+      index_.Reserve(static_cast<std::size_t>(count));
+    } catch (const std::bad_alloc&) {
+      return false;
+    }
+    for (Integer i = 0; i < count; ++i) Put(i, nameAt);
+    state_ = State::kIndexed;
+    return true;
+  }
+
+  HashIndex<Places> index_;
+  State state_ = State::kChanged;
+  std::uint64_t changes_ = 0;
+};
+
+}  // namespace qxTools
