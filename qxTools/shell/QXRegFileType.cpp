@@ -1,4 +1,5 @@
 #include <qxTools/base/Ascii.h>
+#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Registry.h>
 #include <qxTools/shell/QXRegFileType.h>
 
@@ -40,6 +41,12 @@ std::vector<std::string> ExtensionsOf(std::string_view typeName) {
   return extensions;
 }
 
+/// Publishes what is stored of a type. If that cannot be read, the desktop keeps what it has.
+void Publish(std::string_view typeName) try {
+  PublishAssociation(GetFileType(typeName));
+} catch (const EStreamError&) {
+}
+
 /// The extension as its key has it, whatever the case; as it is when there is none.
 std::string StoredName(std::string_view ext) {
   const std::vector<std::string> keys = ReadClassesKeys();
@@ -65,24 +72,27 @@ void RegFileType(std::string_view ext, std::string_view typeName, std::string_vi
                  std::string_view description, Integer iconIndex) {
   // An extension that moves leaves its old type behind, which may be without any then.
   const std::optional<std::string> oldType = ReadClassesValue(KeyOf(ext));
+  bool isWhole = true;
   for (const TFileTypeValue& value : GetFileTypeValues(ext, typeName, appPath, description, iconIndex))
-    WriteClassesValue(value.Key, value.Value);
+    if (!WriteClassesValue(value.Key, value.Value)) isWhole = false;
   // A type that is called like the extension has its description where the extension has the type.
   const std::string newType = ReadClassesValue(KeyOf(ext)).value_or(std::string(typeName));
-  PublishAssociation(GetFileType(newType));
-  if (oldType && !SameText(*oldType, newType)) PublishAssociation(GetFileType(*oldType));
+  if (isWhole) Publish(newType);
+  if (oldType && !SameText(*oldType, newType)) Publish(*oldType);
 }
 
 bool UnregFileType(std::string_view ext) {
   const std::optional<std::string> type = ReadClassesValue(KeyOf(ext));
   if (!type) return false;
+  std::vector<std::string> extensions = ExtensionsOf(*type);
+  std::erase_if(extensions, [&](const auto& other) { return SameText(other, ext); });
   DeleteClassesValue(KeyOf(ext));
   if (ReadClassesValue(KeyOf(ext))) return false;
   DeleteClassesValue(KeyOf(ext, kOpenCommand));
-  if (ExtensionsOf(*type).empty())
+  if (extensions.empty())
     for (const std::string_view below : {std::string_view(), kDefaultIcon, kOpenCommand})
       DeleteClassesValue(KeyOf(*type, below));
-  PublishAssociation(GetFileType(*type));
+  Publish(*type);
   return true;
 }
 

@@ -1,5 +1,6 @@
 #include "faults/Faults.h"
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <qxTools/base/Exceptions.h>
@@ -124,6 +125,12 @@ int open64(const char* name, int flags, ...) {
   }
   return reinterpret_cast<int (*)(const char*, int, ...)>(dlsym(RTLD_NEXT, "open64"))(name, flags, mode);
 }
+
+int stat64(const char* name, struct stat64* info) noexcept {
+  return Fails(Fault::kSystem) ? -1 : Real<int>("stat64", name, info);
+}
+
+DIR* opendir(const char* name) { return Fails(Fault::kSystem) ? nullptr : Real<DIR*>("opendir", name); }
 
 ssize_t read(int fd, void* buffer, std::size_t count) {
   return Fails(Fault::kSystem) ? -1 : Real<ssize_t>("read", fd, buffer, count);

@@ -5,6 +5,7 @@
 #include <qxTools/data/qxOleVariant.h>
 #include <qxTools/data/qxStore.h>
 #include <qxTools/graphics/qxDrawTools.h>
+#include <qxTools/shell/QXRegFileType.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 #include <qxTools/stores/QXStringTable.h>
@@ -235,6 +236,56 @@ TEST_P(Files, AreLoadedOrLeaveTheOldContentsAndCanBeTriedAgain) {
       return outcome.reached;
     });
   EXPECT_EQ(FilesIn(folder.Path()), files);
+}
+
+// --- Publishing ----------------------------------------------------------------------------------------
+
+/// Every file below a folder, with its bytes.
+std::map<std::string, std::string> FilesBelow(const std::string& folder) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+    if (entry.is_regular_file()) files[entry.path().lexically_relative(folder)] = BytesOf(entry.path());
+  return files;
+}
+
+/// The folder of a user who has a default application, a picture for his program and a registered type.
+void MakeUser(const TemporaryFolder& folder) {
+  setenv("XDG_DATA_HOME", folder.File("data").c_str(), 1);
+  setenv("XDG_CONFIG_HOME", folder.File("config").c_str(), 1);
+  setenv("PATH", "", 1);  // nothing updates the desktop's databases
+  std::filesystem::create_directory(folder.File("config"));
+  folder.Make("config/mimeapps.list", "[Default Applications]\ntext/plain=mine.desktop\n");
+  folder.Make("program.svg", "<svg/>");
+  QXRegFileType::RegFileType(".old", "Old", "/opt/old", "Old", 0);
+}
+
+/// What the desktop sees of the user's files: all but the registry.
+std::map<std::string, std::string> Published(const TemporaryFolder& folder) {
+  auto files = FilesBelow(folder.Path());
+  std::erase_if(files, [](const auto& file) { return file.first.starts_with("data/qxTools"); });
+  return files;
+}
+
+TEST(Publishing, IsWholeOrNotAtAll) {
+  setenv("TMPDIR", "/dev/shm", 1);  // many saves, each with a flush
+  const auto call = [](const TemporaryFolder& folder) {
+    QXRegFileType::RegFileType(".new", "New", folder.File("program"), "New", 2);
+  };
+  ForEachCall([&](long n) {
+    const TemporaryFolder folder;
+    MakeUser(folder);
+    const auto before = Published(folder);
+    const Outcome outcome = RunFailing(Fault::kSystem, n, [&] { call(folder); });
+    const auto after = Published(folder);
+    const bool isWhole = IsAssociationPublished(QXRegFileType::GetFileType("New"));
+    EXPECT_TRUE(after == before || isWhole);
+    EXPECT_TRUE(outcome.error == Error::kNone || outcome.error == Error::kStream);
+    EXPECT_NE(after.at("config/mimeapps.list").find("text/plain=mine.desktop"), std::string::npos);
+    call(folder);
+    EXPECT_TRUE(IsAssociationPublished(QXRegFileType::GetFileType("New")));
+    EXPECT_EQ(Published(folder).size(), before.size() + 3);  // package, entry and picture
+    return outcome.reached;
+  });
 }
 
 // --- Living --------------------------------------------------------------------------------------------

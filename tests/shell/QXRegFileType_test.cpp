@@ -73,12 +73,12 @@ class QXRegFileType : public ::testing::Test {
 };
 
 TEST_F(QXRegFileType, FiveValuesStandUnderTheirKeys) {
-  RegFileType(".qxo", "QXOrder", "/opt/my orders/o", "\xAD\x71\xB3\xE6", 0);  // 訂單
+  RegFileType(".qxo", "QXOrder", "/opt/my orders/o", "\xAD\x71\xB3\xE6", -3);  // 訂單
   ExpectRows([this](const std::string& key) { return BytesOf(Class(key) + "/%default"); },
              {{".qxo", "QXOrder"},
               {".qxo/Shell/Open/Command", "/opt/my orders/o \"%1\""},
               {"QXOrder", "\xAD\x71\xB3\xE6"},
-              {"QXOrder/DefaultIcon", "/opt/my orders/o,0"},
+              {"QXOrder/DefaultIcon", "/opt/my orders/o,-3"},
               {"QXOrder/Shell/Open/Command", "/opt/my orders/o \"%1\""}});
 }
 
@@ -133,6 +133,41 @@ TEST_F(QXRegFileType, TheDesktopOpensAFileWithTheProgramWhateverTheNames) {
   const std::string quoted = "\"" + folder_.File("bin x/orders") + "\"";
   RegFileType(".qxo", "QXOrder", quoted, "", 0);
   EXPECT_EQ(NoteOfOpening(file), "1\n" + file + "\n");
+}
+
+TEST_F(QXRegFileType, AnExtensionThatTheDesktopKnowsIsOpenedWithTheProgram) {
+  const std::string program = folder_.File("mine");
+  MakeProgram(program);
+  const std::pair<const char*, const char*> files[] = {{".txt", "plain text\n"},
+                                                       {".sql", "select 1;\n"},
+                                                       {".csv", "a,b\n1,2\n"},
+                                                       {".log", "started\n"},
+                                                       {".xml", "<?xml version=\"1.0\"?><a/>"},
+                                                       {".html", "<!DOCTYPE html><p>a"}};
+  for (const auto& [ext, bytes] : files) {
+    const std::string name = std::string("my.") + (ext + 1);
+    RegFileType(ext, name, program, "Mine", 0);
+    const std::string file = folder_.Make(std::string("a") + ext, bytes);
+    EXPECT_EQ(NoteOfOpening(file), "1\n" + file + "\n") << ext;
+    setenv("TYPE", AssociationId(name).c_str(), 1);
+    EXPECT_EQ(std::system("gio info -a standard::content-type \"$OPENED\" | grep -q \": $TYPE\\$\""), 0)
+        << ext;
+  }
+  const auto once = FilesBelow("data/mime/packages");
+  RegFileType(".txt", "my.txt", program, "Mine", 0);
+  EXPECT_EQ(FilesBelow("data/mime/packages"), once);
+}
+
+TEST_F(QXRegFileType, ATypeThatIsNotStoredWholeIsNotPublished) {
+  const std::string name(300, 'n');  // too long for a key
+  RegFileType(".qxo", name, "/opt/o", "Order", 0);
+  EXPECT_EQ(ReadClassesValue("\\.qxo"), name);
+  EXPECT_FALSE(fs::exists(folder_.File("data/applications")) || fs::exists(folder_.File("config")));
+  EXPECT_FALSE(IsAssociationPublished(GetFileType(name)));
+  fs::create_directories(folder_.File("config/mimeapps.list"));  // a list that cannot be read
+  RegFileType(".t", "T", "/opt/t", "", 0);
+  EXPECT_FALSE(fs::exists(folder_.File("data/applications")));
+  EXPECT_THROW(PlannedChangesOf(GetFileType("T")), EFOpenError);
 }
 
 TEST_F(QXRegFileType, WhatIsPublishedFollowsWhatIsStored) {

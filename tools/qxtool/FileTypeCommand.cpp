@@ -49,6 +49,8 @@ void Register(const Options& options) {
   for (const TFileTypeValue& value : WithArguments(options, GetFileTypeValues))
     if (ReadClassesValue(value.Key) != value.Value)
       throw Failure(Visible(options.extension) + ": key " + Visible(value.Key) + " cannot be written");
+  if (!IsAssociationPublished(GetFileType(FromArgument(options.type))))
+    throw Failure(Visible(options.extension) + ": the desktop's files cannot be read or written");
 }
 
 TextRow RowOf(const std::string& extension) {

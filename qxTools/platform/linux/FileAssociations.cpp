@@ -5,6 +5,7 @@
 #include <qxTools/platform/FileAssociations.h>
 #include <qxTools/platform/Files.h>
 #include <qxTools/platform/linux/FreedesktopText.h>
+#include <qxTools/platform/linux/MimeTypes.h>
 #include <qxTools/platform/linux/UserFolders.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -23,6 +24,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr char kMimeTypePrefix[] = "application/x-qxtools-";
 constexpr std::size_t kLongestId = 100;
 constexpr char kOnlyHeader[] = "[Default Applications]\n";
 
@@ -54,19 +56,14 @@ std::string IdOf(std::string_view typeName) {
 
 // --- The icon ----------------------------------------------------------------
 
-/// The bytes of the first picture that stands beside `program`, or is it; "" when there is none.
-std::string PictureBeside(const fs::path& program) try {
+/// The bytes of the first picture that is beside `program`, or is it; "" if there is none.
+/// @throws EStreamError if it cannot be read.
+std::string PictureBeside(const fs::path& program) {
   if (!program.is_absolute()) return "";
-  for (const char* const extension : {".svg", ".png"}) {
-    for (const fs::path& picture :
-         {fs::path(program).replace_extension(extension), fs::path(program.string() + extension)}) {
-      std::error_code ignored;
-      if (!fs::is_regular_file(picture, ignored)) continue;
-      return ReadWholeFile(picture.string());
-    }
-  }
-  return "";
-} catch (const EStreamError&) {
+  for (const char* const extension : {".svg", ".png"})
+    for (const std::string& picture :
+         {fs::path(program).replace_extension(extension).string(), program.string() + extension})
+      if (FileExists(picture) && !FolderExists(picture)) return ReadWholeFile(picture);
   return "";
 }
 
@@ -103,15 +100,19 @@ bool IsPublishable(const std::string& extension) {
 }
 
 std::string PackageOf(const FileAssociation& type, const std::string& mimeType) {
+  std::vector<std::string> extensions;
+  for (const std::string& extension : type.extensions)
+    if (IsPublishable(extension)) extensions.push_back(BytesToUtf8(extension));
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
   text += "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n";
   text += "  <mime-type type=\"" + mimeType + "\">\n";
   text += "    <comment>" + XmlText(OneLine(BytesToUtf8(type.description))) + "</comment>\n";
-  for (const std::string& extension : type.extensions) {
-    if (!IsPublishable(extension)) continue;
+  // A desktop that looks into a file takes what it finds there, unless the type is a kind of that.
+  for (const std::string& parent : MimeTypesOf(extensions, kMimeTypePrefix))
+    text += "    <sub-class-of type=\"" + XmlText(parent) + "\"/>\n";
+  for (const std::string& extension : extensions)
     // Above 50, what other types of the same extension have.
-    text += "    <glob pattern=\"" + XmlText(GlobOf(BytesToUtf8(extension))) + "\" weight=\"80\"/>\n";
-  }
+    text += "    <glob pattern=\"" + XmlText(GlobOf(extension)) + "\" weight=\"80\"/>\n";
   return text + "  </mime-type>\n</mime-info>\n";
 }
 
@@ -124,34 +125,55 @@ std::string EntryOf(const FileAssociation& type, const std::string& mimeType, co
 
 // --- Files -------------------------------------------------------------------
 
-/// The list of default applications, when it changes; one that cannot be read stays.
+/// The bytes of a file, or none if it does not exist. @throws EStreamError if it cannot be read.
+std::optional<std::string> BytesIfThere(const std::string& path) {
+  return FileExists(path) ? std::optional(ReadWholeFile(path)) : std::nullopt;
+}
+
+/// The list of default applications, if it changes. @throws EStreamError if it cannot be read.
 std::vector<PlannedChange> DefaultsFiles(const std::string& mimeType, const std::string& entry) {
   const std::string folder = UserConfigFolder();
   if (folder.empty()) return {};
   const std::string path = folder + "/mimeapps.list";
-  std::error_code ignored;
-  try {
-    const std::string old = fs::exists(path, ignored) ? ReadWholeFile(path) : "";
-    const std::string list = WithDefault(old, mimeType, entry);
-    if (list == old) return {};
-    if (list == kOnlyHeader) return {{path, std::nullopt}};
-    return {{path, list}};
-  } catch (const EStreamError&) {
-    return {};
-  }
+  const std::string old = BytesIfThere(path).value_or("");
+  const std::string list = WithDefault(old, mimeType, entry);
+  if (list == old) return {};
+  if (list == kOnlyHeader) return {{path, std::nullopt}};
+  return {{path, list}};
 }
 
+/// @throws an exception if the file cannot be written or removed; it is as it was then.
 void Put(const PlannedChange& file) {
-  std::error_code ignored;
   if (!file.content) {
-    fs::remove(file.place, ignored);
+    fs::remove(file.place);
     return;
   }
-  fs::create_directories(fs::path(file.place).parent_path(), ignored);
+  fs::create_directories(fs::path(file.place).parent_path());
+  SaveWholeFile(file.place, *file.content);
+}
+
+void TakeBack(const std::vector<PlannedChange>& old) {
+  for (const PlannedChange& file : old) try {
+      Put(file);
+    } catch (const std::exception&) {
+      // The rest is taken back all the same.
+    }
+}
+
+/// Makes all the changes. @return false if one cannot be made; those before it are taken back then.
+bool MakeChanges(const std::vector<PlannedChange>& files) {
+  std::vector<PlannedChange> old;
   try {
-    SaveWholeFile(file.place, *file.content);
-  } catch (const EStreamError&) {
-    // The desktop does without it; what was there stays.
+    for (const PlannedChange& file : files) {
+      PlannedChange before{file.place, BytesIfThere(file.place)};
+      if (before.content == file.content) continue;
+      old.push_back(std::move(before));
+      Put(file);
+    }
+    return true;
+  } catch (const std::exception&) {
+    TakeBack(old);
+    return false;
   }
 }
 
@@ -175,7 +197,7 @@ void RunQuietly(const char* program, const std::string& folder) {
 
 }  // namespace
 
-std::string AssociationId(std::string_view typeName) { return "application/x-qxtools-" + IdOf(typeName); }
+std::string AssociationId(std::string_view typeName) { return kMimeTypePrefix + IdOf(typeName); }
 
 std::vector<PlannedChange> PlannedChangesOf(const FileAssociation& type) {
   const std::string data = UserDataFolder();
@@ -198,12 +220,26 @@ std::vector<PlannedChange> PlannedChangesOf(const FileAssociation& type) {
   return files;
 }
 
-void PublishAssociation(const FileAssociation& type) {
+bool IsAssociationPublished(const FileAssociation& type) try {
   const std::vector<PlannedChange> files = PlannedChangesOf(type);
-  std::ranges::for_each(files, Put);
-  if (files.empty()) return;
+  return std::ranges::all_of(
+      files, [](const PlannedChange& file) { return BytesIfThere(file.place) == file.content; });
+} catch (const EStreamError&) {
+  return false;
+}
+
+bool PublishAssociation(const FileAssociation& type) {
+  std::vector<PlannedChange> files;
+  try {
+    files = PlannedChangesOf(type);
+  } catch (const EStreamError&) {
+    return false;
+  }
+  if (!MakeChanges(files)) return false;
+  if (files.empty()) return true;
   RunQuietly("update-mime-database", UserDataFolder() + "/mime");
   RunQuietly("update-desktop-database", UserDataFolder() + "/applications");
+  return true;
 }
 
 }  // namespace qxTools

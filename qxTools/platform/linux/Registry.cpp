@@ -1,11 +1,12 @@
 #include <qxTools/base/Ascii.h>
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Files.h>
 #include <qxTools/platform/Registry.h>
+#include <qxTools/platform/linux/SystemFile.h>
 #include <qxTools/platform/linux/UserFolders.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 
@@ -56,15 +57,25 @@ std::string LevelOfName(std::string_view name) {
   return level;
 }
 
-std::vector<std::string> FoldersIn(const std::string& folder) {
+/// Names that are too long for the file system exist nowhere.
+bool IsMissing(const std::error_code& reason) {
+  using std::errc;
+  return reason == errc::no_such_file_or_directory || reason == errc::not_a_directory ||
+         reason == errc::filename_too_long;
+}
+
+/// @throws EFOpenError if there is such a folder and it cannot be read.
+std::vector<std::string> FoldersIn(const std::string& folder) try {
   std::vector<std::string> names;
-  std::error_code error;
-  fs::directory_iterator entry(folder, error);
-  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
     std::error_code ignored;
-    if (entry->is_directory(ignored)) names.push_back(entry->path().filename().string());
+    if (entry.is_directory(ignored)) names.push_back(entry.path().filename().string());
   }
   return names;
+} catch (const fs::filesystem_error& e) {
+  if (IsMissing(e.code())) return {};
+  errno = e.code().value();
+  RaiseCannotOpen(folder);
 }
 
 /// The folder of a level, in whatever case it was made; the one to be made when there is none.
@@ -109,11 +120,10 @@ bool WriteClassesValue(std::string_view key, std::string_view value) {
 std::optional<std::string> ReadClassesValue(std::string_view key) {
   const std::string folder = FolderOfKey(key);
   if (folder.empty()) return std::nullopt;
-  try {
-    return ReadWholeFile(folder + kValueFile);
-  } catch (const EStreamError&) {
-    return std::nullopt;
-  }
+  struct stat info {};
+  const bool isThere = ::stat((folder + kValueFile).c_str(), &info) == 0;
+  if (!isThere && IsMissing({errno, std::generic_category()})) return std::nullopt;
+  return ReadWholeFile(folder + kValueFile);
 }
 
 void DeleteClassesValue(std::string_view key) {
