@@ -82,6 +82,17 @@ for name in a:b //a ' a' $'a\nb' ''; do expect 2 "a name cannot be empty" ini a.
 for text in '[%rootkey%]' 'a ' $'a\rb' ''; do expect 2 "a text cannot be empty" ini a.ini add main "a=$text"; done
 expect 2 "a section cannot hold a colon" ini a.ini add a:b
 cmp -s a.ini before || { echo "a failed command changed a.ini"; bad=1; }
+# Four loops of adds lose nothing; a file that is held too long is named.
+touch held.ini
+flock held.ini sleep 12 &
+{ sleep 0.3; "$qxtool" ini held.ini add A b=c; } 2>held-message &
+for loop in 1 2 3 4; do
+  (for i in {1..10}; do "$qxtool" ini shared.ini add Main "$loop=$i"; done) &
+  loops[loop]=$!
+done
+wait "${loops[@]}"
+same 40 "$("$qxtool" ini shared.ini list | grep -c '[0-9] *[1-4] ')"
+
 printf 'S:[%%RootKey%%]\n[%%\n:\na:b\n[%%\n[%%\nEmpty:[%%RootKey%%]\n' >rows.ini
 expect 0 "S        1
                  a     b
@@ -334,6 +345,10 @@ same 2 $?
 "$qxtool" key -n 100000 2>message | head -1 >key
 same "141 0" "${PIPESTATUS[*]}"
 same "" "$(<message)"
+
+wait
+same 'qxtool: Cannot open file "held.ini". Resource temporarily unavailable. Another program has held it for 10 seconds' \
+  "$(<held-message)"
 
 "$qxtool" call "$statement" >/dev/full 2>message
 [ $? = 2 ] && grep -q "No space left" message || { echo "a full disk passed unseen"; bad=1; }

@@ -1,5 +1,4 @@
 // qxtool ini: look into a settings file and change it.
-#include <qxTools/platform/Files.h>
 #include <qxTools/stores/qxIniTools.h>
 
 #include <functional>
@@ -33,8 +32,7 @@ struct Options {
 
 std::string Text(const char* text) { return text != nullptr ? text : ""; }
 
-void Load(TQXIniFile& file, const std::string& fileName) {
-  const std::string text = ReadInput(fileName);
+void LoadText(TQXIniFile& file, const std::string& fileName, const std::string& text) {
   try {
     file.SetText(text);
   } catch (const EIniLoadError& e) {
@@ -42,14 +40,17 @@ void Load(TQXIniFile& file, const std::string& fileName) {
   }
 }
 
+void Load(TQXIniFile& file, const Options& options) { LoadText(file, options.file, ReadInput(options.file)); }
+
 /// Loads a file that is going to be saved. @throws Failure if that would lose something, unless it is forced.
-void LoadToChange(TQXIniFile& file, const Options& options) {
+void LoadToChange(TQXIniFile& file, const HeldText& held, const Options& options) {
   const auto refuse = [&](int line, const std::string& what) {
     throw Failure(Visible(options.file) + ": line " + std::to_string(line) + ": " + what +
                   "; nothing was changed (--force saves all the same)");
   };
-  if (!options.force) ForEachLoss(ReadInput(options.file), refuse);
-  Load(file, options.file);
+  const std::string text = held.Read();
+  if (!options.force) ForEachLoss(text, refuse);
+  LoadText(file, options.file, text);
 }
 
 /// Opens a record of an existing section. @return its number among records and values.
@@ -78,8 +79,6 @@ void RequireValue(const TQXIniFile& file, const Options& options) {
 void Require(const std::string& fault) {
   if (!fault.empty()) throw Failure(fault);
 }
-
-void Save(const TQXIniFile& file, const Options& options) { SaveText(options.file, file.GetText()); }
 
 // --- Actions -----------------------------------------------------------------------------------------
 
@@ -120,7 +119,7 @@ TextRows WithoutRepeats(const TextRows& rows) {
 
 void List(const Options& options) {
   TQXIniFile file;
-  Load(file, options.file);
+  Load(file, options);
   const TextRows rows = [&](const auto& visit) { ForEachRow(file, visit); };
   PrintList({{"Section", "Record", "Name", "Text"}, options.json ? rows : WithoutRepeats(rows), {1}},
             options.json);
@@ -128,7 +127,7 @@ void List(const Options& options) {
 
 ExitStatus Get(const Options& options) {
   TQXIniFile file;
-  Load(file, options.file);
+  Load(file, options);
   return Ask([&] {
     OpenRecord(file, options);
     RequireValue(file, options);
@@ -137,18 +136,20 @@ ExitStatus Get(const Options& options) {
 }
 
 void Set(const Options& options) {
+  HeldText held(options.file, IfMissing::kFail);
   TQXIniFile file;
-  LoadToChange(file, options);
+  LoadToChange(file, held, options);
   OpenRecord(file, options);
   Require(ValueFault(FromArgument(options.name), FromArgument(options.text)));
   file.SetValue(FromArgument(options.name), FromArgument(options.text));
-  Save(file, options);
+  held.Save(file.GetText());
 }
 
 /// Appends a record, in a new section and a new file where these are not there yet.
 void Add(const Options& options) {
+  HeldText held(options.file, IfMissing::kMake);
   TQXIniFile file;
-  if (FileExists(options.file)) LoadToChange(file, options);
+  if (!held.IsNew()) LoadToChange(file, held, options);
   Require(SectionFault(FromArgument(options.section)));
   file.SetRootKey(FromArgument(options.section));
   file.AppendKey();
@@ -159,12 +160,13 @@ void Add(const Options& options) {
     Require(ValueFault(pair.substr(0, equals), pair.substr(equals + 1)));
     file.SetValue(pair.substr(0, equals), pair.substr(equals + 1));
   }
-  Save(file, options);
+  held.Save(file.GetText());
 }
 
 void Delete(const Options& options) {
+  HeldText held(options.file, IfMissing::kFail);
   TQXIniFile file;
-  LoadToChange(file, options);
+  LoadToChange(file, held, options);
   if (options.record == 0) {
     WithSubject(options.file, [&] { file.DeleteRootKey(FromArgument(options.section)); });
   } else {
@@ -176,7 +178,7 @@ void Delete(const Options& options) {
       file.DeleteValue(FromArgument(options.name));
     }
   }
-  Save(file, options);
+  held.Save(file.GetText());
 }
 
 ExitStatus Check(const Options& options) {

@@ -38,15 +38,17 @@ TextRow FieldsOf(std::string_view line) {
   return fields;
 }
 
-void Load(TQXStringTable& table, const Options& options) {
-  table.SetText(ReadInput(options.file));
+void LoadText(TQXStringTable& table, const Options& options, const std::string& text) {
+  table.SetText(text);
   if (table.GetEmpty()) throw Failure(Visible(options.file) + ": no header line");
   if (table.GetFieldCount() == 0)
     throw Failure(Visible(options.file) +
                   ": this is no string table: its first line names no field, as in [#Name#]");
 }
 
-void Save(const TQXStringTable& table, const Options& options) { SaveText(options.file, table.GetText()); }
+void Load(TQXStringTable& table, const Options& options) {
+  LoadText(table, options, ReadInput(options.file));
+}
 
 void GoTo(TQXStringTable& table, const Options& options) {
   if (options.record > table.GetReccount())
@@ -94,8 +96,9 @@ ExitStatus Get(const Options& options) {
 }
 
 void Set(const Options& options) {
+  HeldText held(options.file, IfMissing::kFail);
   TQXStringTable table("#TEMP");
-  Load(table, options);
+  LoadText(table, options, held.Read());
   CheckField(table, options);
   GoTo(table, options);
   const auto number = QXStringTable::FieldIndex(table.GetStrings(0), FromArgument(options.field));
@@ -105,12 +108,13 @@ void Set(const Options& options) {
   const std::string value = FromArgument(options.text);
   CheckText("[#" + value + "#]");
   table.SetField(FromArgument(options.field), value);
-  Save(table, options);
+  held.Save(table.GetText());
 }
 
 void Append(const Options& options) {
+  HeldText held(options.file, IfMissing::kFail);
   TQXStringTable table("#TEMP");
-  Load(table, options);
+  LoadText(table, options, held.Read());
   if (options.values.size() > static_cast<std::size_t>(table.GetFieldCount()))
     throw Failure(Visible(options.file) + ": more values than fields");
   TextRow values;
@@ -119,7 +123,7 @@ void Append(const Options& options) {
     CheckText(GenField(values.back()));
   }
   table.AddRecord(values);
-  Save(table, options);
+  held.Save(table.GetText());
 }
 
 // --- CSV ---------------------------------------------------------------------------------------------
@@ -153,7 +157,7 @@ void FromCsv(const Options& options) {
     for (const std::string& cell : rows[i]) CheckText(GenField(cell));
     table.AddRecord(rows[i]);
   }
-  Save(table, options);
+  SaveText(options.file, table.GetText());
 }
 
 }  // namespace

@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <system_error>
 
 #include "System.h"
@@ -19,6 +21,16 @@ namespace qxtool {
 namespace {
 
 std::string Reason() { return std::generic_category().message(errno); }
+
+/// Runs `body`; what the library throws names the file itself.
+template <class Body>
+auto WithOwnWords(Body&& body) {
+  try {
+    return body();
+  } catch (const qxTools::Exception& e) {
+    throw Failure(Visible(e.what()));
+  }
+}
 
 std::string ReadStandardInput() {
   std::string bytes;
@@ -48,12 +60,8 @@ Encoding& GetEncoding() {
 }
 
 std::string ReadInput(const std::string& fileName) {
-  std::string bytes;
-  try {
-    bytes = fileName == "-" ? ReadStandardInput() : qxTools::ReadWholeFile(fileName);
-  } catch (const qxTools::Exception& e) {
-    throw Failure(Visible(e.what()));
-  }
+  const std::string bytes =
+      WithOwnWords([&] { return fileName == "-" ? ReadStandardInput() : qxTools::ReadWholeFile(fileName); });
   return GetEncoding().utf8Files ? Narrow(bytes, fileName) : bytes;
 }
 
@@ -102,12 +110,46 @@ void PrintReport(const std::string& line) {
   if (std::fprintf(stderr, "%s\n", line.c_str()) < 0) throw Failure("standard error: " + Reason());
 }
 
-void SaveText(const std::string& fileName, const std::string& text) {
-  const bool utf8 = GetEncoding().utf8Files;
-  const std::string bytes = utf8 ? qxTools::BytesToUtf8(text) : text;
-  if (utf8 && qxTools::Utf8ToBytes(bytes) != text)
+namespace {
+
+/// Text as the bytes of a file.
+std::string FileBytes(const std::string& fileName, const std::string& text) {
+  if (!GetEncoding().utf8Files) return text;
+  const std::string bytes = qxTools::BytesToUtf8(text);
+  if (qxTools::Utf8ToBytes(bytes) != text)
     throw Failure(Visible(fileName) + ": the text holds bytes that are no characters; nothing was saved");
-  WithSubject(fileName, [&] { qxTools::SaveWholeFile(fileName, bytes); });
+  return bytes;
+}
+
+}  // namespace
+
+void SaveText(const std::string& fileName, const std::string& text) {
+  std::error_code ignored;
+  const bool isOther =
+      std::filesystem::exists(fileName, ignored) && !std::filesystem::is_regular_file(fileName, ignored);
+  if (!isOther) return HeldText(fileName, qxTools::IfMissing::kMake).Save(text);
+  WithSubject(fileName, [&] { qxTools::SaveWholeFile(fileName, FileBytes(fileName, text)); });
+}
+
+HeldText::HeldText(const std::string& fileName, qxTools::IfMissing ifMissing) : fileName_(fileName) {
+  constexpr auto kPatience = std::chrono::seconds(10);
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  try {
+    const std::int64_t wait = std::chrono::milliseconds(kPatience).count();
+    hold_ = std::make_unique<qxTools::FileHold>(fileName, ifMissing, wait);
+  } catch (const qxTools::Exception& e) {
+    const bool waited = std::chrono::steady_clock::now() >= end;
+    throw Failure(Visible(e.what()) + (waited ? ". Another program has held it for 10 seconds" : ""));
+  }
+}
+
+std::string HeldText::Read() const {
+  const std::string bytes = WithSubject(fileName_, [&] { return hold_->Read(); });
+  return GetEncoding().utf8Files ? Narrow(bytes, fileName_) : bytes;
+}
+
+void HeldText::Save(const std::string& text) {
+  WithSubject(fileName_, [&] { hold_->Save(FileBytes(fileName_, text)); });
 }
 
 namespace {

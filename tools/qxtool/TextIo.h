@@ -4,7 +4,10 @@
 // without a counterpart is an error or is shown as such; none is lost silently.
 #pragma once
 
+#include <qxTools/platform/FileHold.h>
+
 #include <cstdio>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -70,8 +73,27 @@ void PrintError(const std::string& message);
 /// Writes a line of a report to standard error. @throws Failure if standard error does not take it.
 void PrintReport(const std::string& line);
 
-/// Saves text as a whole file, in the encoding of files. @throws Failure; the old file is unchanged then.
+/// Saves text as a whole file, in the encoding of files. Waits while another command changes the file, as
+/// HeldText does. @throws Failure; the old file is unchanged then.
 void SaveText(const std::string& fileName, const std::string& text);
+
+/// A file of text that nobody else changes between Read and Save. Waits up to 10 seconds for another command
+/// that changes the file.
+class HeldText {
+ public:
+  /// @throws Failure, naming the file, if it cannot be opened or the time is over.
+  HeldText(const std::string& fileName, qxTools::IfMissing ifMissing);
+
+  bool IsNew() const { return hold_->IsNew(); }
+  /// The bytes of the file as code page 950. @throws Failure, as ReadInput does.
+  std::string Read() const;
+  /// Saves text as the whole file. @throws Failure; the old file is unchanged then.
+  void Save(const std::string& text);
+
+ private:
+  std::string fileName_;
+  std::unique_ptr<qxTools::FileHold> hold_;
+};
 
 enum class Emphasis { kNone, kBold, kError };
 
