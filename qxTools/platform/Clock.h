@@ -11,16 +11,16 @@ namespace qxTools {
 class QXTOOLS_API ClockSource {
  public:
   virtual ~ClockSource();
-  /// The local date and time, to the microsecond or better where the system has it.
+  /// Returns the local date and time, to the microsecond or better if the system has it.
   virtual TDateTime Now() = 0;
 };
 
-/// Plugs in a clock, which the caller keeps; null brings the system's clock back.
-/// @return the clock plugged in before, or null.
+/// Plugs in a clock, which the caller owns and keeps alive. Null brings the system's clock back.
+/// @return the clock plugged in before, or null for the system's.
 QXTOOLS_API ClockSource* SetClockSource(ClockSource* source);
 
-/// The local date and time by the plugged-in clock, or by the system's. A program that changes its own time
-/// zone sees the new one from the next second on.
+/// Returns the local date and time by the plugged-in clock, or by the system's. A program that changes its
+/// own time zone sees the new one from the next second on.
 QXTOOLS_API TDateTime Now();
 
 }  // namespace qxTools

@@ -19,8 +19,8 @@ enum TFileNameEncoding {
   feUtf8          ///< UTF-8, which has a form for every name that the system allows.
 };
 
-/// Sets the encoding of all file names that the library is given from now on. Without effect on Linux. To be
-/// called before other threads use files.
+/// Sets the encoding of all file names that the library is given from now on. It has no effect on Linux. Call
+/// it before other threads use files.
 /// @return the encoding before; at first it is feCodePage950.
 QXTOOLS_API TFileNameEncoding SetFileNameEncoding(TFileNameEncoding encoding);
 

@@ -1,17 +1,18 @@
 /// @file
-/// What the locale in force says of dates and numbers.
+/// The forms of dates and numbers in the current locale.
 #pragma once
 
 #include <string>
 
 namespace qxTools {
 
+/// The forms of dates and numbers.
 struct LocaleFormats {
-  std::string DatePattern;   ///< As strftime takes it, "%m/%d/%y".
-  std::string DecimalPoint;  ///< May be more than one byte.
+  std::string DatePattern;   ///< The date as strftime takes it, "%m/%d/%y".
+  std::string DecimalPoint;  ///< The decimal separator, which may be more than one byte.
 };
 
-/// The formats of the C locale that setlocale has put in force.
+/// Returns the formats of the C locale that the program has set by setlocale.
 LocaleFormats CurrentLocaleFormats();
 
 }  // namespace qxTools

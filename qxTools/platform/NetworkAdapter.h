@@ -9,7 +9,7 @@
 
 namespace qxTools {
 
-/// Six bytes, as they are sent.
+/// The six bytes of an address, in the order in which they are sent.
 using AdapterAddress = std::array<std::uint8_t, 6>;
 
 /// How reading an address ended.
@@ -23,17 +23,18 @@ enum class AdapterStatus {
 class QXTOOLS_API AdapterSource {
  public:
   virtual ~AdapterSource();
-  /// Fills `address` when it gives kFound.
+  /// Reads an address. Fills `address` only if it returns kFound.
   virtual AdapterStatus Read(AdapterAddress& address) = 0;
 };
 
-/// Plugs in a source, which the caller keeps; null brings the system's adapters back.
-/// @return the source plugged in before, or null.
+/// Plugs in a source, which the caller owns and keeps alive. Null brings the system's adapters back.
+/// @return the source plugged in before, or null for the system's adapters.
 QXTOOLS_API AdapterSource* SetAdapterSource(AdapterSource* source);
 
-/// Reads the link-layer address of an adapter, of those that are no loopback and have a six-byte address
-/// which is not all zeros. A permanent address of an adapter with hardware behind it goes first, then a
-/// permanent one, then the rest; among equals the lowest interface index decides.
+/// Reads the address of an adapter from the plugged-in source, or from the system. The system's adapters that
+/// count have a six-byte address which is not all zeros, and are no loopback. A permanent address of an
+/// adapter with hardware behind it is chosen first, then a permanent one, then any other; among equals the
+/// adapter with the lowest interface index.
 QXTOOLS_API AdapterStatus ReadAdapterAddress(AdapterAddress& address);
 
 }  // namespace qxTools

@@ -1,4 +1,4 @@
-// Text as the desktop's files want it.
+// Text in the forms that the desktop's files have.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ namespace qxTools {
 /// Text with blanks for its control bytes.
 std::string OneLine(std::string_view text);
 
-/// A path as UTF-8: as it stands, or as code page 950 where it is no UTF-8.
+/// A path as UTF-8: unchanged if it is UTF-8, otherwise read as code page 950.
 std::string DesktopPath(std::string_view path);
 
 /// UTF-8 inside an XML element or attribute.
@@ -24,8 +24,8 @@ std::string GlobOf(std::string_view extension);
 /// The Exec line of a program that gets one file.
 std::string ExecLine(const std::string& program);
 
-/// A list of default applications with the one of `mimeType` set, or taken out when `entry` is "". Everything
-/// else stays byte for byte.
+/// A list of default applications with the one of `mimeType` set, or removed if `entry` is "". Every other
+/// byte is unchanged.
 std::string WithDefault(std::string_view list, std::string_view mimeType, std::string_view entry);
 
 }  // namespace qxTools
