@@ -154,6 +154,31 @@ printf '\xEF\xBB\xBF—·' >text.utf8
 "$qxtool" convert --from utf8 --to gb2312 text.utf8 -o text.gb
 expect 0 "" convert --from gb2312 --to utf8 text.gb -o back.utf8
 [ "$(<back.utf8)" = —· ] || { echo "a dash, a point or the mark in front of them changed"; bad=1; }
+
+# losses WANTED TEXT OPTION...: LINE:COLUMN and what follows of each loss in a text, and their number.
+losses() {
+  local wanted=$1 got
+  printf "$2" >loss.txt
+  got=$(LC_ALL=C.UTF-8 "$qxtool" convert "${@:3}" --report loss.txt 2>&1 >loss.out | sed 's/^loss.txt://; s/.*: \([0-9]*\) char.*/\1/')
+  same "$wanted" "$got"
+}
+losses $'2:2: E9 46, no character of gb2312 (if gbk has it, use --from gbk)\n2:3: A8 A1, ā, big5 lacks it\n2' \
+  'a\n\xb0\xa1\xe9\x46\xa8\xa1\n' --from EUC-CN --to cp950
+same "$(printf 'a\n\xb0\xda\xb7\xec  ')" "$(<loss.out)"
+losses $'1:2: E9 46, 镕, big5 lacks it\n1' '\x87\x4b\xe9\x46' --from cp936 --to big5
+same "$(printf '\xb9\xc9  ')" "$(<loss.out)"  # 嘖
+losses $'1:3: C3, no character of big5\n1' '\xa4\xa4(\xc3' --from big5 --to utf8
+losses $'1:1: E2 82 AC, €, gb2312 lacks it\n3:2: F0 9F 98 80, 😀, gb2312 lacks it\n3:3: E0 80, no character of utf8\n3' \
+  '€\n\n中😀\xe0\x80' --from UTF-8 --to gb2312
+expect 1 "was lost; --report lists them" convert --strict --from utf8 --to big5 -o loss.out < <(printf '😀')
+[ -s loss.out ] || fail "--strict replaced a file"
+expect 2 "gbk is for reading only" convert --from utf8 --to gbk
+expect 2 "unknown encoding latin1; known are big5" convert --from latin1 --to big5
+# A character cut by the end of a piece, at each of its bytes.
+for length in {65531..65536}; do
+  { head -c $length /dev/zero | tr '\0' a; printf '中文'; } >cut.utf8
+  "$qxtool" convert --from utf8 --to big5 cut.utf8 | "$qxtool" convert --from big5 --to utf8 | cmp - cut.utf8 || bad=1
+done
 expect 0 '"Code":9003,"Value":"unchanged"' date 2024/2/29 --json
 expect 0 "Gregorian  1999-01-02  a year of one or two digits is a ROC year" date --minguo 99/1/2
 expect 0 "mfNumerals  民國一百一十三年五月一日" --utf8-terminal date --minguo 2024-05-01

@@ -23,6 +23,11 @@ Option& Option::OneOf(const std::vector<std::string>& values) {
   return *this;
 }
 
+Option& Option::Suggests(const std::vector<std::string>& values) {
+  RememberChoices(option_, values);
+  return *this;
+}
+
 Option& Option::Between(int low, int high) {
   option_->check(CLI::Range(low, high));
   return *this;

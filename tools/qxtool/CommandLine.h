@@ -47,6 +47,8 @@ class Option {
   /// What the help shows in the value's place.
   Option& Placeholder(const std::string& text);
   Option& OneOf(const std::vector<std::string>& values);
+  /// Values for the completion; others are taken too.
+  Option& Suggests(const std::vector<std::string>& values);
   Option& Between(int low, int high);
   Option& Positive();
   Option& NotEmpty();

@@ -1,191 +1,207 @@
 #include "Transcoder.h"
 
-#include <iconv.h>
-#include <qxTools/base/CodePage950.h>
 #include <qxTools/encoding/CVCode.h>
 
 #include <algorithm>
-#include <unordered_map>
+#include <cstring>
 
 #include "TextIo.h"
-#include "database/Charset.h"
 
 namespace qxtool {
 
 namespace {
 
-using qxTools::CVCode::TConverter;
-using qxTools::CVCode::TDirection;
-
-constexpr std::string_view kMissing = "  ";
-
 unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 
-// --- Between BIG5 and GB2312 -------------------------------------------------------------------------
+// --- Where characters come from -----------------------------------------------------------------------
+// A source reads the character at `p`, whose first byte is not ASCII: the key in the map, or 0, and the
+// number of bytes. A length of 0 means that more bytes must be seen.
 
-class ScriptTranscoder : public Transcoder {
- public:
-  ScriptTranscoder(TDirection direction, OnMissing onMissing)
-      : converter_(direction, [tell = std::move(onMissing)](std::uint64_t offset, std::uint16_t code) {
-          const char bytes[] = {static_cast<char>(code >> 8), static_cast<char>(code & 0xFF)};
-          tell(offset, {bytes, 2});
-        }) {}
-
-  std::string Convert(std::string_view piece) override { return converter_.Convert(piece); }
-  std::string Finish() override { return converter_.Finish(); }
-
- private:
-  TConverter converter_;
+struct Character {
+  std::uint16_t key;
+  std::size_t length;
 };
 
-// --- To and from UTF-8 -------------------------------------------------------------------------------
-
-/// Both ways between GB2312 and UTF-8, by the C library's table.
-class GB2312Table {
- public:
-  GB2312Table() {
-    const iconv_t converter = iconv_open("UTF-8", "GB2312");
-    if (converter == iconv_t(-1)) throw Failure("this system's C library has no table of GB2312");
-    for (unsigned lead = 0xA1; lead <= 0xF7; ++lead)
-      for (unsigned trail = 0xA1; trail <= 0xFE; ++trail)
-        Add(converter, {static_cast<char>(lead), static_cast<char>(trail)});
-    iconv_close(converter);
-    // Two symbols that code page 936, and so nearly every text, reads otherwise; the other reading still
-    // comes in.
-    Prefer("\xA1\xA4", "\xC2\xB7");      // ·
-    Prefer("\xA1\xAA", "\xE2\x80\x94");  // —
+struct DoubleByteSource {
+  static Character Read(const char* p, const char* end, bool atEnd) {
+    if (Byte(*p) < 0x81) return {0, 1};
+    if (end - p == 1) return {0, std::size_t{atEnd}};
+    if (Byte(p[1]) < 0x40) return {0, 1};
+    return {static_cast<std::uint16_t>(Byte(p[0]) << 8 | Byte(p[1])), 2};
   }
-
-  std::string ToUtf8(std::string_view character) const { return Find(toUtf8_, character); }
-  std::string FromUtf8(std::string_view character) const { return Find(fromUtf8_, character); }
-
- private:
-  using Table = std::unordered_map<std::string, std::string>;
-
-  void Add(iconv_t converter, std::string code) {
-    char utf8[8];
-    char* in = code.data();
-    char* out = utf8;
-    std::size_t inLeft = code.size();
-    std::size_t outLeft = sizeof utf8;
-    iconv(converter, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(converter, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1)) return;
-    const std::string character(utf8, out);
-    toUtf8_.emplace(code, character);
-    fromUtf8_.emplace(character, code);
-  }
-
-  void Prefer(const std::string& code, const std::string& character) {
-    toUtf8_[code] = character;
-    fromUtf8_[character] = code;
-  }
-
-  static std::string Find(const Table& table, std::string_view character) {
-    const auto found = table.find(std::string(character));
-    return found != table.end() ? found->second : std::string();
-  }
-
-  Table toUtf8_;
-  Table fromUtf8_;
 };
 
-/// The bytes of a double-byte character, or 1 for a byte that begins none, or 0 when more must be seen.
-std::size_t DoubleByteLength(std::string_view text, bool atEnd) {
-  if (Byte(text[0]) < 0x81) return 1;
-  if (text.size() == 1) return atEnd ? 1 : 0;
-  return Byte(text[1]) < 0x40 ? 1 : 2;
+struct Utf8Source {
+  static std::size_t Wanted(unsigned lead) {
+    return lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 1;
+  }
+
+  static Character Read(const char* p, const char* end, bool atEnd) {
+    const std::size_t wanted = Wanted(Byte(*p));
+    const auto left = static_cast<std::size_t>(end - p);
+    std::size_t length = 1;
+    while (length < wanted && length < left && (Byte(p[length]) & 0xC0) == 0x80) ++length;
+    if (length < wanted) return {0, length == left && !atEnd ? 0 : length};
+    if (wanted == 2) return {static_cast<std::uint16_t>((Byte(p[0]) & 0x1F) << 6 | (Byte(p[1]) & 0x3F)), 2};
+    if (wanted == 3) return {ThreeBytes(p), 3};
+    return {0, wanted};
+  }
+
+ private:
+  /// 0 for a form that is longer than needed. Surrogates have no counterpart anyway.
+  static std::uint16_t ThreeBytes(const char* p) {
+    const unsigned unit = (Byte(p[0]) & 0x0F) << 12 | (Byte(p[1]) & 0x3F) << 6 | (Byte(p[2]) & 0x3F);
+    return unit < 0x800 ? std::uint16_t{0} : static_cast<std::uint16_t>(unit);
+  }
+};
+
+// --- Where they go ------------------------------------------------------------------------------------
+
+struct DoubleByteTarget {
+  static char* Write(std::uint16_t code, char* out) {
+    out[0] = static_cast<char>(code >> 8);
+    out[1] = static_cast<char>(code & 0xFF);
+    return out + 2;
+  }
+};
+
+struct Utf8Target {
+  static char* Write(std::uint16_t unit, char* out) {
+    if (unit < 0x800) {
+      out[0] = static_cast<char>(0xC0 | unit >> 6);
+      out[1] = static_cast<char>(0x80 | (unit & 0x3F));
+      return out + 2;
+    }
+    out[0] = static_cast<char>(0xE0 | unit >> 12);
+    out[1] = static_cast<char>(0x80 | (unit >> 6 & 0x3F));
+    out[2] = static_cast<char>(0x80 | (unit & 0x3F));
+    return out + 3;
+  }
+};
+
+// --- The way between them -----------------------------------------------------------------------------
+
+/// Copies ASCII up to the first other byte.
+void CopyAscii(const char*& p, const char* end, char*& out) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  for (std::uint64_t word; end - p >= 8; p += 8, out += 8) {
+    std::memcpy(&word, p, sizeof word);
+    if ((word & kHighBits) != 0) break;
+    std::memcpy(out, &word, sizeof word);
+  }
+  while (p < end && Byte(*p) < 0x80) *out++ = *p++;
 }
 
-std::size_t Utf8Length(std::string_view text, bool atEnd) {
-  const unsigned lead = Byte(text[0]);
-  const std::size_t wanted = lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 1;
-  std::size_t length = 1;
-  while (length < wanted && length < text.size() && (Byte(text[length]) & 0xC0) == 0x80) ++length;
-  return length < wanted && length == text.size() && !atEnd ? 0 : length;
-}
-
-/// Character by character; ASCII is copied in runs.
-class CharacterTranscoder : public Transcoder {
+/// Where a text was read to, as people count. It moves only when it is asked for and at the end of a piece.
+template <class Source>
+class Position {
  public:
-  using Length = std::size_t (*)(std::string_view text, bool atEnd);
-  using Translate = std::function<std::string(std::string_view character)>;  // "" when there is none
+  std::uint64_t Line() const { return line_; }
+  std::uint64_t Column() const { return column_; }
 
-  CharacterTranscoder(Length length, Translate translate, OnMissing onMissing)
-      : length_(length), translate_(std::move(translate)), onMissing_(std::move(onMissing)) {}
+  void Advance(const char* begin, const char* end) {
+    line_ += static_cast<std::uint64_t>(std::count(begin, end, '\n'));
+    const std::string_view text(begin, static_cast<std::size_t>(end - begin));
+    const std::size_t lastBreak = text.rfind('\n');
+    if (lastBreak != std::string_view::npos) column_ = 1;
+    column_ += CountCharacters(begin + lastBreak + 1, end);  // npos + 1 is 0
+  }
 
-  std::string Convert(std::string_view piece) override {
-    pending_ += piece;
+ private:
+  static std::uint64_t CountCharacters(const char* p, const char* end) {
+    std::uint64_t count = 0;
+    for (; p < end; ++count) p += Byte(*p) < 0x80 ? 1 : Source::Read(p, end, true).length;
+    return count;
+  }
+
+  std::uint64_t line_ = 1;
+  std::uint64_t column_ = 1;
+};
+
+/// How the library converts bytes between two scripts; null where two spaces stand for what is lost.
+using ScriptConversion = std::string (*)(std::string_view bytes);
+
+template <class Source, class Target>
+class MapTranscoder : public Transcoder {
+ public:
+  MapTranscoder(CodeMap map, ScriptConversion script, OnLoss onLoss)
+      : map_(std::move(map)), script_(script), onLoss_(std::move(onLoss)) {}
+
+  std::string_view Convert(std::string_view piece) override {
+    text_ += piece;
     return Run(false);
   }
 
-  std::string Finish() override { return Run(true); }
+  std::string_view Finish() override { return Run(true); }
 
  private:
-  std::string Run(bool atEnd) {
-    std::string out;
-    std::string_view rest = pending_;
-    while (!rest.empty()) {
-      const auto run = std::ranges::find_if(rest, [](char c) { return Byte(c) >= 0x80; });
-      std::size_t length = static_cast<std::size_t>(run - rest.begin());
-      if (length > 0) {
-        out += rest.substr(0, length);
+  std::string_view Run(bool atEnd) {
+    if (result_.size() < 2 * text_.size() + 2)
+      result_.resize(2 * text_.size() + 2);  // a byte makes two at most
+    char* out = result_.data();
+    const char* p = known_ = text_.data();
+    const char* const end = p + text_.size();
+    for (CopyAscii(p, end, out); p < end; CopyAscii(p, end, out)) {
+      const Character character = Source::Read(p, end, atEnd);
+      if (character.length == 0) break;
+      const std::uint16_t counterpart = map_[character.key];
+      if (counterpart != 0) {
+        out = Target::Write(counterpart, out);
+        p += character.length;
       } else {
-        length = length_(rest, atEnd);
-        if (length == 0) break;
-        out += Character(rest.substr(0, length));
+        p += Lose({p, static_cast<std::size_t>(end - p)}, character.length, out);
       }
-      rest.remove_prefix(length);
-      offset_ += length;
     }
-    pending_.erase(0, pending_.size() - rest.size());
-    return out;
+    position_.Advance(known_, p);
+    started_ = started_ || p > text_.data();
+    text_.erase(0, static_cast<std::size_t>(p - text_.data()));
+    return {result_.data(), static_cast<std::size_t>(out - result_.data())};
   }
 
-  std::string Character(std::string_view character) {
-    if (offset_ == 0 && character == kByteOrderMark) return {};
-    std::string translated = translate_(character);
-    if (!translated.empty()) return translated;
-    onMissing_(offset_, character);
-    return std::string(kMissing);
+  /// Writes what takes the place of a character that has no counterpart. @return its length.
+  std::size_t Lose(std::string_view rest, std::size_t length, char*& out) {
+    if (!started_ && rest.data() == text_.data() && rest.starts_with(kByteOrderMark)) return length;
+    std::string output = "  ";
+    if (script_ != nullptr) length = ConvertOdd(rest.substr(0, 2), output);
+    out = std::copy(output.begin(), output.end(), out);
+    position_.Advance(known_, rest.data());
+    known_ = rest.data();
+    onLoss_({position_.Line(), position_.Column(), rest.substr(0, length)});
+    return length;
   }
 
-  Length length_;
-  Translate translate_;
-  OnMissing onMissing_;
-  std::string pending_;
-  std::uint64_t offset_ = 0;
+  /// Bytes outside of the map are converted as the library does: as a pair, or the first one is copied.
+  std::size_t ConvertOdd(std::string_view bytes, std::string& output) const {
+    output = script_(bytes);
+    const bool isPair = bytes.size() == 1 || (output.size() == 2 && output != bytes);
+    if (!isPair) output = bytes.substr(0, 1);
+    return isPair ? bytes.size() : 1;
+  }
+
+  CodeMap map_;
+  ScriptConversion script_;
+  OnLoss onLoss_;
+  std::string text_;  // a piece behind what is left of the one before
+  std::vector<char> result_;
+  Position<Source> position_;
+  const char* known_ = nullptr;  // where position_ is in text_
+  bool started_ = false;
 };
-
-std::string Big5ToUtf8(std::string_view character) {
-  using database::Charset;
-  return database::Convert(character, Charset::kCodePage950, Charset::kUtf8).value_or("");
-}
-
-std::string Utf8ToBig5(std::string_view character) {
-  std::string bytes = qxTools::Utf8ToBytes(character);
-  return bytes != "?" ? bytes : std::string();
-}
 
 }  // namespace
 
-std::unique_ptr<Transcoder> MakeTranscoder(const std::string& from, const std::string& to,
-                                           OnMissing onMissing) {
-  using qxTools::CVCode::drBIG5toGB;
-  using qxTools::CVCode::drGBtoBIG5;
-  const std::string way = from + " " + to;
-  if (way == "gb2312 big5") return std::make_unique<ScriptTranscoder>(drGBtoBIG5, std::move(onMissing));
-  if (way == "big5 gb2312") return std::make_unique<ScriptTranscoder>(drBIG5toGB, std::move(onMissing));
-  const auto byCharacter = [&](CharacterTranscoder::Length length, CharacterTranscoder::Translate translate) {
-    return std::make_unique<CharacterTranscoder>(length, std::move(translate), std::move(onMissing));
+std::unique_ptr<Transcoder> MakeTranscoder(TextEncoding from, TextEncoding to, OnLoss onLoss) {
+  using enum TextEncoding;
+  CodeMap map = MakeCodeMap(from, to);
+  const auto make = [&]<class Source, class Target>(ScriptConversion script) -> std::unique_ptr<Transcoder> {
+    return std::make_unique<MapTranscoder<Source, Target>>(std::move(map), script, std::move(onLoss));
   };
-  if (way == "big5 utf8") return byCharacter(DoubleByteLength, Big5ToUtf8);
-  if (way == "utf8 big5") return byCharacter(Utf8Length, Utf8ToBig5);
-  const auto table = std::make_shared<GB2312Table>();
-  if (way == "gb2312 utf8")
-    return byCharacter(DoubleByteLength, [table](std::string_view c) { return table->ToUtf8(c); });
-  if (way == "utf8 gb2312")
-    return byCharacter(Utf8Length, [table](std::string_view c) { return table->FromUtf8(c); });
-  throw Failure("convert: nothing to do from " + Visible(from) + " to " + Visible(to));
+  if (from == kUtf8) return make.operator()<Utf8Source, DoubleByteTarget>(nullptr);
+  if (to == kUtf8) return make.operator()<DoubleByteSource, Utf8Target>(nullptr);
+  const ScriptConversion script = from == kGb2312 ? qxTools::CVCode::GBtoBIG5
+                                  : from == kBig5 ? qxTools::CVCode::BIG5toGB
+                                                  : nullptr;
+  return make.operator()<DoubleByteSource, DoubleByteTarget>(script);
 }
 
 }  // namespace qxtool

@@ -1,4 +1,4 @@
-// Conversion of Chinese text between encodings, piece by piece.
+// Conversion of Chinese text between encodings, piece by piece, in constant memory.
 #pragma once
 
 #include <cstdint>
@@ -7,24 +7,31 @@
 #include <string>
 #include <string_view>
 
+#include "TextEncoding.h"
+
 namespace qxtool {
 
-/// Told of each character that became two spaces: its offset in the input, in bytes from 0, and its bytes.
-using OnMissing = std::function<void(std::uint64_t offset, std::string_view character)>;
+/// A character without a counterpart, or bytes that are no character.
+struct Loss {
+  std::uint64_t line;    // from 1
+  std::uint64_t column;  // in characters, from 1
+  std::string_view bytes;
+};
+using OnLoss = std::function<void(const Loss& loss)>;
 
-/// Converts a text that comes in pieces, cut anywhere, in constant memory.
+/// Converts a text that comes in pieces, cut anywhere. What is lost becomes two spaces and is reported;
+/// between big5 and gb2312 bytes that are no character are converted as the library does, and reported as
+/// well. A byte-order mark in front of UTF-8 is left out.
 class Transcoder {
  public:
   virtual ~Transcoder() = default;
-  virtual std::string Convert(std::string_view piece) = 0;
-  /// What was still held back at the end of the text.
-  virtual std::string Finish() = 0;
+  /// The piece, converted, but for a last character that may be incomplete. Valid until the next call.
+  virtual std::string_view Convert(std::string_view piece) = 0;
+  /// What was held back at the end of the text. Valid until the next call.
+  virtual std::string_view Finish() = 0;
 };
 
-/// From and to one of "big5", "gb2312" and "utf8". Between BIG5 and GB2312 characters change script; to and
-/// from UTF-8 they stay the same ones.
-/// @throws Failure for other names, and for twice the same.
-std::unique_ptr<Transcoder> MakeTranscoder(const std::string& from, const std::string& to,
-                                           OnMissing onMissing);
+/// @throws Failure if there is no way from one to the other.
+std::unique_ptr<Transcoder> MakeTranscoder(TextEncoding from, TextEncoding to, OnLoss onLoss);
 
 }  // namespace qxtool
