@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 #include <qxTools/calendar/QXDateTools.h>
 #include <qxTools/calendar/QXMinguoDate.h>
+#include <qxTools/calendar/QXTimeTools.h>
 
 #include <ctime>
 #include <random>
@@ -21,6 +22,7 @@ struct Sample {
   TDateTime date;
   std::string text;
   std::string minguo;
+  std::string time;  // of the day, HH:MM
   std::tm parts;
   absl::CivilDay day;
 };
@@ -36,6 +38,7 @@ std::vector<Sample> Samples(std::int64_t count) {
     sample.parts.tm_mday = Day(sample.date);
     sample.day = absl::CivilDay(Year(sample.date), Month(sample.date), Day(sample.date));
     sample.text = absl::FormatCivilTime(sample.day);
+    sample.time = qxTools::QXTimeTools::MintoTime(static_cast<Integer>(random() % 1440), 24);
     sample.minguo = qxTools::QXMinguoDate::MinguoToStr(sample.date, qxTools::QXMinguoDate::mfSlash, true);
     if (CheckStrDate(sample.text)) samples.push_back(sample);  // all but most of the 29 Februaries
   }
@@ -85,6 +88,36 @@ void Run(benchmark::State& state, Work work, Want want) {
   add("date.parse/qxTools", parse, date);
   add("date.parse/strptime", parseParts, dayOfMonth);
   add("date.parse/absl", parseCivil, day);
+
+  // The text of a time of day, 90 minutes later.
+  const auto later = [](const Sample& sample) { return qxTools::QXTimeTools::AddTime(sample.time, 90, 24); };
+  const auto laterWanted = [](const Sample& sample) {
+    const int minutes = (std::stoi(sample.time) * 60 + std::stoi(sample.time.substr(3)) + 90) % 1440;
+    return qxTools::QXTimeTools::MintoTime(minutes == 0 ? 1440 : minutes, 24);  // midnight stays 24:00
+  };
+  const auto laterParts = [](const Sample& sample) {
+    std::tm parts{};
+    strptime(sample.time.c_str(), "%H:%M", &parts);
+    const int minutes = (parts.tm_hour * 60 + parts.tm_min + 90) % 1440;
+    parts.tm_hour = minutes / 60;
+    parts.tm_min = minutes % 60;
+    std::string result(5, '\0');
+    std::strftime(result.data(), 6, "%H:%M", &parts);
+    return result == "00:00" ? std::string("24:00") : result;
+  };
+  // Only reading, beside strptime alone.
+  const auto minutesOf = [](const Sample& sample) {
+    return qxTools::QXTimeTools::TimetoMin(sample.time, 24);
+  };
+  const auto minutesParts = [](const Sample& sample) {
+    std::tm parts{};
+    strptime(sample.time.c_str(), "%H:%M", &parts);
+    return parts.tm_hour * 60 + parts.tm_min;
+  };
+  add("time.add/qxTools", later, laterWanted);
+  add("time.add/strptime+strftime", laterParts, laterWanted);
+  add("time.minutes/qxTools", minutesOf, minutesParts);
+  add("time.minutes/strptime", minutesParts, minutesOf);
 
   const auto parseMinguo = [](const Sample& sample) {
     return qxTools::QXMinguoDate::MinguoToDate(sample.minguo);

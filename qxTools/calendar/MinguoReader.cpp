@@ -1,10 +1,13 @@
 // Reading a date of the ROC calendar.
 #include <qxTools/base/Ascii.h>
+#include <qxTools/base/AsciiFastPath.h>
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/calendar/ChineseNumerals.h>
 #include <qxTools/calendar/QXMinguoDate.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/runtime/FormatSettings.h>
+
+#include <chrono>
 
 namespace qxTools::QXMinguoDate {
 
@@ -23,7 +26,7 @@ constexpr char kNoForm[] = "the form is not one of 113/5/1, 113.5.1, 113-5-1, 11
 constexpr char kGregorianYear[] = "a ROC year has at most three digits";
 constexpr char kYearZero[] = "there is no year 0";
 constexpr char kBadMonth[] = "the month is not 1 to 12";
-constexpr char kDayZero[] = "there is no day 0";
+constexpr char kNoDayZero[] = "there is no day 0";
 constexpr const char* kShortMonth[] = {"the month has only 28 days", "the month has only 29 days",
                                        "the month has only 30 days", "the month has only 31 days"};
 constexpr char kRule[] = "a year of one or two digits is a ROC year";
@@ -59,27 +62,29 @@ char Narrow(char lead, char trail) {
   return second == 0xFE ? '/' : second == 0x44 ? '.' : second == 0xD0 ? '-' : '\0';  // ／ ． －
 }
 
-/// Takes the character at the front if `wanted` accepts its ASCII form, which is returned; otherwise NUL.
-template <class Wanted>
-char TakeIf(std::string_view& text, Wanted wanted) {
-  if (text.empty()) return '\0';
-  const bool wide = static_cast<unsigned char>(text[0]) >= 0x80;
-  const char c = !wide ? text[0] : text.size() > 1 ? Narrow(text[0], text[1]) : '\0';
-  if (c == '\0' || !wanted(c)) return '\0';
-  text.remove_prefix(wide ? 2 : 1);
-  return c;
+/// The text with ASCII digits and separators in place of full-width ones.
+std::string Narrowed(std::string_view text) {
+  std::string narrow;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool pair = static_cast<unsigned char>(text[i]) >= 0x80 && i + 1 < text.size();
+    const char c = pair ? Narrow(text[i], text[i + 1]) : text[i];
+    if (c != '\0' || !pair)
+      narrow += c;
+    else
+      narrow.append(text, i, 2);
+    if (pair) ++i;
+  }
+  return narrow;
 }
 
 /// Nine digits are more than any form has, so the value does not overflow.
 Number TakeDigits(std::string_view& text) {
   Number number;
-  std::string_view rest = text;  // a local, which the compiler keeps in registers
-  for (; number.digits < 9; ++number.digits) {
-    const char digit = TakeIf(rest, [](char c) { return IsDigit(c); });
-    if (digit == '\0') break;
-    number.value = number.value * 10 + (digit - '0');
-  }
-  text = rest;
+  std::size_t i = 0;
+  for (; i < text.size() && i < 9 && IsDigit(text[i]); ++i)
+    number.value = number.value * 10 + (text[i] - '0');
+  number.digits = static_cast<int>(i);
+  text.remove_prefix(i);
   return number;
 }
 
@@ -92,8 +97,12 @@ Number TakeNumber(std::string_view& text) {
 
 Number TakeYear(std::string_view& text) { return Take(text, kFirst) ? Number{1, 2, true} : TakeNumber(text); }
 
+/// The separator at the front, or NUL.
 char TakeSeparator(std::string_view& text) {
-  return TakeIf(text, [](char c) { return c == '/' || c == '.' || c == '-'; });
+  const char c = text.empty() ? '\0' : text[0];
+  if (c != '/' && c != '.' && c != '-') return '\0';
+  text.remove_prefix(1);
+  return c;
 }
 
 /// The rest of 113年5月1日 after 年.
@@ -139,13 +148,17 @@ bool TakeParts(std::string_view text, Parts& parts) {
   return split && parts.year.digits > 0 && fits(parts.month) && fits(parts.day);
 }
 
+constexpr std::chrono::year_month_day CalendarDate(int year, const Parts& parts) {
+  return std::chrono::year{year} / parts.month.value / parts.day.value;
+}
+
 /// Why the calendar does not have the date; "" if it has.
 const char* ErrorOf(const Parts& parts, int year) {
   if (parts.year.digits > 3) return kGregorianYear;
   if (parts.year.value == 0) return kYearZero;
   if (parts.month.value < 1 || parts.month.value > 12) return kBadMonth;
-  if (parts.day.value < 1) return kDayZero;
-  if (IsValidDate(year, parts.month.value, parts.day.value)) return "";
+  if (parts.day.value < 1) return kNoDayZero;
+  if (CalendarDate(year, parts).ok()) return "";
   return kShortMonth[DaysInMonth(year, parts.month.value) - 28];
 }
 
@@ -169,14 +182,16 @@ void ReportOther(const Parts& parts, TMinguoReading& reading) {
 TMinguoReading ReadMinguo(std::string_view text) {
   TMinguoReading reading;
   Parts parts;
-  if (!TakeParts(text, parts)) {
+  const bool ascii = IsAllAscii(text.data(), text.data() + text.size());
+  if (!(ascii ? TakeParts(text, parts) : TakeParts(Narrowed(text), parts))) {
     reading.Error = kNoForm;
     return reading;
   }
   const int year = parts.before ? 1912 - parts.year.value : 1911 + parts.year.value;
   reading.Error = ErrorOf(parts, year);
   if (*reading.Error != '\0') return reading;
-  reading.Date = EncodeDate(year, parts.month.value, parts.day.value);
+  reading.Date =
+      static_cast<TDateTime>((std::chrono::sys_days{CalendarDate(year, parts)} - kDayZero).count());
   ReportOther(parts, reading);
   return reading;
 }

@@ -95,8 +95,6 @@ std::string YearMonthCn(const DateParts& date) {
   return std::to_string(date.Year) + kYearMark + std::to_string(date.Month) + kMonthMark;
 }
 
-Integer Week(const DateParts& date) { return QXDateTools::Week(date.Year, date.Month, date.Day); }
-
 }  // namespace
 
 Integer EnCodeDateEx(TDateTime& date, std::uint16_t year, std::uint8_t month, std::uint8_t day) {
@@ -195,12 +193,18 @@ Integer Week(Integer year, Integer month, Integer day) {
   return week < 0 ? week + 7 : week;
 }
 
-Integer Week(TDateTime date) { return Week(DecodeDate(date)); }
+Integer Week(TDateTime date) {
+  constexpr Integer kWholeWeeks = 700000;          // makes the sum positive, from the year 1 on
+  return (DayNumber(date) + kWholeWeeks + 6) % 7;  // day 0 is a Saturday
+}
 
 Integer Week(std::string_view text) { return Week(StrToDate(text)); }
 
 Integer DaysOfBetween(TDateTime first, TDateTime second) {
-  const double days = std::rint(second - first);
+  const double distance = second - first;
+  if (std::abs(distance) < 1e9 && distance == static_cast<Integer>(distance))  // whole days, as nearly always
+    return static_cast<Integer>(distance) + 1;
+  const double days = std::rint(distance);
   return RoundToInteger(std::isnan(days) ? 1 : days + 1);
 }
 

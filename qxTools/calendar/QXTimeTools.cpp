@@ -21,16 +21,38 @@ std::string HourText(std::string_view text) { return QXStrTools::substr(text, 1,
 
 std::string MinuteText(std::string_view text) { return QXStrTools::substr(text, 4, 2); }
 
-Integer HourOf(std::string_view text) { return QXStrTools::IntEx(HourText(text)); }
+/// What IntEx reads of two characters, which are two digits nearly always.
+Integer Number(char tens, char ones) {
+  if (IsDigit(tens) && IsDigit(ones)) return (tens - '0') * 10 + (ones - '0');
+  const char text[] = {tens, ones};
+  return QXStrTools::IntEx(std::string_view(text, 2));
+}
 
-Integer MinuteOf(std::string_view text) { return QXStrTools::IntEx(MinuteText(text)); }
+Integer HourOf(std::string_view text) {
+  return text.size() == kLength ? Number(text[0], text[1]) : QXStrTools::IntEx(HourText(text));
+}
 
-std::string TimeText(Integer hour, Integer minute) {
-  return QXStrTools::SerialNO("00", hour) + ":" + QXStrTools::SerialNO("00", minute);
+Integer MinuteOf(std::string_view text) {
+  return text.size() == kLength ? Number(text[3], text[4]) : QXStrTools::IntEx(MinuteText(text));
+}
+
+/// A time that CheckTime or MintoTime has normalised: neither number is negative.
+struct Time {
+  Integer hour;
+  Integer minute;
+};
+
+std::string ToText(const Time& time) {
+  std::string text = "00:00";
+  text[0] = static_cast<char>('0' + time.hour / 10 % 10);
+  text[1] = static_cast<char>('0' + time.hour % 10);
+  text[3] = static_cast<char>('0' + time.minute / 10);
+  text[4] = static_cast<char>('0' + time.minute % 10);
+  return time.hour < 100 ? text : std::to_string(time.hour) + text.substr(2);
 }
 
 bool HasShape(std::string_view text) {
-  return text.size() == kLength && text.find(':') != std::string_view::npos;
+  return text.size() == kLength && (text[2] == ':' || text.find(':') != std::string_view::npos);
 }
 
 Integer WrapHour(Integer hour, Integer maxHour) {
@@ -58,6 +80,21 @@ Integer Borrowed(Integer minutes, Integer maxHour) {
   return Product(Sum(minutes / day, 1), day);
 }
 
+/// Hour and minute with the last hour's rule: 24:00 stays, 24:05 is 00:05.
+Time Wrapped(Integer hour, Integer minute, Integer maxHour) {
+  hour = WrapHour(hour, maxHour);
+  return {hour == maxHour && minute >= 1 ? 0 : std::max(hour, 0), minute};
+}
+
+/// The time of a text that is not empty, normalised.
+Time Checked(std::string_view text, Integer maxHour) {
+  if (!HasShape(text)) throw Exception("'" + std::string(text) + "' is invalid TSTime format.");
+  const Integer hour = HourOf(text);
+  const Integer minute = MinuteOf(text);
+  const bool carries = minute > 60;
+  return Wrapped(carries ? hour + 1 : hour, std::max(carries ? minute % 60 : minute, 0), maxHour);
+}
+
 }  // namespace
 
 QXTOOLS_GLOBAL std::string BaseTime = kFirstTime;
@@ -74,39 +111,29 @@ bool CheckTimeFormat(std::string_view text, Integer maxHour) {
 }
 
 std::string CheckTime(std::string_view text, Integer maxHour) {
-  if (text.empty()) return BaseTime;
-  if (!HasShape(text)) throw Exception("'" + std::string(text) + "' is invalid TSTime format.");
-  Integer hour = HourOf(text);
-  Integer minute = MinuteOf(text);
-  if (minute > 60) {
-    ++hour;
-    minute %= 60;
-  }
-  minute = std::max(minute, 0);
-  hour = WrapHour(hour, maxHour);
-  if (hour == maxHour && minute >= 1) hour = 0;
-  return TimeText(std::max(hour, 0), minute);
+  return text.empty() ? BaseTime : ToText(Checked(text, maxHour));
 }
 
 Integer TimetoMin(std::string_view text, Integer maxHour) {
-  const std::string time = CheckTime(text, maxHour);
-  return HourOf(time) * 60 + MinuteOf(time);
+  if (text.empty()) return HourOf(BaseTime) * 60 + MinuteOf(BaseTime);
+  const Time time = Checked(text, maxHour);
+  if (time.hour < 100) return time.hour * 60 + time.minute;
+  // On purpose: the canonical text is read by position, so 100:15 is 10 hours.
+  const std::string canonical = ToText(time);
+  return HourOf(canonical) * 60 + MinuteOf(canonical);
 }
 
 std::string MintoTime(Integer minutes, Integer maxHour) {
-  const Integer minute = std::max(minutes % 60, 0);
-  Integer hour = WrapHour(minutes / 60, maxHour);
-  if (hour == maxHour && minute > 0) hour = 0;
-  return TimeText(std::max(hour, 0), minute);
+  return ToText(Wrapped(minutes / 60, std::max(minutes % 60, 0), maxHour));
 }
 
 Integer Hour(std::string_view text, Integer maxHour) {
-  CheckTime(text, maxHour);
+  if (!text.empty()) Checked(text, maxHour);
   return HourOf(text);
 }
 
 Integer Minute(std::string_view text, Integer maxHour) {
-  CheckTime(text, maxHour);
+  if (!text.empty()) Checked(text, maxHour);
   return MinuteOf(text);
 }
 

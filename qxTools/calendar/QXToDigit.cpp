@@ -34,11 +34,12 @@ std::string ToDigit(std::string_view text) {
 std::string ToKiloBit(std::string_view text) {
   const std::size_t sign = text.starts_with('-') ? 1 : 0;
   const std::size_t point = std::min(text.find('.'), text.size());
-  std::string grouped(text.substr(0, sign));
-  for (std::size_t i = sign; i < point; ++i) {
-    if (i > sign && (point - i) % 3 == 0) grouped += ',';
-    grouped += text[i];
-  }
+  std::size_t next =
+      point - sign > 3 ? sign + (point - sign - 1) % 3 + 1 : point;  // where the next "," belongs
+  std::string grouped;
+  grouped.reserve(text.size() + (point - sign) / 3);
+  grouped += text.substr(0, next);
+  for (; next < point; next += 3) (grouped += ',').append(text, next, 3);
   return grouped += text.substr(point);
 }
 

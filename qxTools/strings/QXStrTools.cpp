@@ -4,7 +4,9 @@
 #include <qxTools/strings/QXStrTools.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstring>
+#include <iterator>
 
 namespace qxTools::QXStrTools {
 
@@ -80,9 +82,12 @@ bool InList(std::string_view s, const TArrayString& list, bool caseSensitive) {
 }
 
 std::string StrEx(Integer value, Integer width) {
-  const std::string digits = value < 0 ? std::string() : std::to_string(value);
-  const std::size_t size = static_cast<std::size_t>(std::max(width, 0));
-  return std::string(size - std::min(size, digits.size()), '0') + digits;
+  char digits[10];
+  const auto end = value < 0 ? digits : std::to_chars(digits, std::end(digits), value).ptr;
+  const auto count = static_cast<std::size_t>(end - digits);
+  std::string text(std::max(static_cast<std::size_t>(std::max(width, 0)), count), '0');
+  std::copy(digits, end, text.end() - (end - digits));
+  return text;
 }
 
 Integer IntEx(std::string_view s) {

@@ -9,6 +9,7 @@ need chromium python3
 # A word, and words of a title that must be among the results.
 cases='settings Settings file (INI)
 ini Settings file (INI)
+ini Settings file (INI): to the Windows INI format
 csv String table (CSV)
 odbc Statements on a database (ODBC)
 odbc ODBC: connect to SQL Server
