@@ -7,6 +7,7 @@ namespace qxtool {
 
 void AddCallCommand(Command program);
 void AddFillCommand(Command program);
+void AddCheckCommand(Command program);
 void AddConvertCommand(Command program);
 void AddDateCommand(Command program);
 void AddFileTypeCommand(Command program);

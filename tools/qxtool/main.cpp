@@ -29,6 +29,7 @@ void AddCommands(qxtool::Command program) {
       "Arguments, output and files are code page 950, whatever the locale says");
   qxtool::AddCallCommand(program);
   qxtool::AddFillCommand(program);
+  qxtool::AddCheckCommand(program);
   qxtool::AddConvertCommand(program);
   qxtool::AddDateCommand(program);
   qxtool::AddFileTypeCommand(program);
