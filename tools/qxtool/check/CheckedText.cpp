@@ -77,7 +77,7 @@ CheckedText::CheckedText(std::string bytes, bool utf8) {
   const bool mark = bytes.starts_with(kUtf8Mark);
   const std::size_t invalid = FindInvalidUtf8(bytes);
   coding_.markSize = mark ? kUtf8Mark.size() : 0;
-  coding_.firstOdd = utf8 && invalid != kNowhere ? invalid : 0;
+  if (utf8 && invalid != kNowhere) coding_.firstInvalid = invalid - coding_.markSize;
   if (HasUtf16Mark(bytes)) {
     coding_.coding = TextCoding::kOther;
   } else if (invalid == kNowhere && (mark || !IsAscii(bytes))) {

@@ -42,9 +42,9 @@ enum class TextCoding { kCodePage950, kGb2312, kUtf8, kOther };
 struct CodingFacts {
   TextCoding coding = TextCoding::kCodePage950;
   bool expectedUtf8 = false;
-  std::size_t markSize = 0;          // of the byte-order mark, which is no part of the text
-  std::size_t firstOdd = 0;          // the first byte that shows that it is not the expected one
-  std::vector<std::size_t> lacking;  // where a "?" is in the place of a character that the page lacks
+  std::size_t markSize = 0;             // of the byte-order mark, which is no part of the text
+  std::size_t firstInvalid = kNowhere;  // the first byte that is no UTF-8, where that is expected
+  std::vector<std::size_t> lacking;     // where a "?" is in the place of a character that the page lacks
 };
 
 class Context {

@@ -29,8 +29,8 @@ void OtherEncoding(const Event&, Context& context) {
     return context.Report(0, 0,
                           facts.markSize != 0 ? "the file is UTF-8, with a byte-order mark"
                                               : "the file is UTF-8, not code page 950");
-  if (facts.expectedUtf8 && facts.firstOdd != 0)
-    context.Report(facts.firstOdd, facts.firstOdd + 1, "this byte is no UTF-8");
+  if (facts.firstInvalid != kNowhere)
+    context.Report(facts.firstInvalid, facts.firstInvalid + 1, "this byte is no UTF-8");
 }
 
 void Simplified(const Event&, Context& context) {

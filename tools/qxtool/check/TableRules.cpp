@@ -58,7 +58,7 @@ void OddHeader(std::string_view line, Context& context) {
   for (std::size_t i = 0; i < marks.Count(); ++i) {
     const std::string_view name = marks.Text(line, i);
     const std::size_t begin = PlaceOf(line, context) + marks.Begins()[i];
-    const std::size_t end = begin + 4 + name.size();
+    const std::size_t end = std::min(begin + 4 + name.size(), PlaceOf(line, context) + line.size());
     if (!names.insert(UpperCase(name)).second)
       context.Report(begin, end, "a field of the same name: only the first is read");
     else if (name.size() == 1)
