@@ -26,7 +26,18 @@ void FirstByName::Build(pQXTreeNodeLink parent) {
   parent_ = parent;
 }
 
-pQXTreeNodeLink FirstByName::Find(std::string_view name) const {
+pQXTreeNodeLink FirstByName::Find(pQXTreeNodeLink parent, std::string_view name) {
+  if (parent_ != parent) {
+    try {
+      Build(parent);
+    } catch (const std::bad_alloc&) {
+      return Walk(parent, name);
+    }
+  }
+  return FindIndexed(name);
+}
+
+pQXTreeNodeLink FirstByName::FindIndexed(std::string_view name) const {
   const pQXTreeNodeLink* const found = links_.Find(TagOf(name), HasName(name));
   return found != nullptr ? *found : nullptr;
 }
@@ -41,7 +52,7 @@ void FirstByName::Append(pQXTreeNodeLink link) {
   try {
     Put(link);
   } catch (const std::bad_alloc&) {
-    Drop();  // the link is there, the index is only an aid
+    Invalidate();  // the link is there, the index is only an aid
   }
 }
 
@@ -54,14 +65,14 @@ void FirstByName::Put(pQXTreeNodeLink link) {
 void FirstByName::Remove(pQXTreeNodeLink link) {
   if (parent_ == nullptr || PairOf(link) == nullptr) return;
   const std::string_view name = NameOf(link);
-  if (Find(name) != link) return;
+  if (FindIndexed(name) != link) return;
   links_.Erase(TagOf(name), HasName(name));
-  if (shared_) Drop();
+  if (shared_) Invalidate();
 }
 
 // --- By number ---------------------------------------------------------------
 
-pQXTreeNodeLink NumberedNodes::Find(pQXTreeNodeLink section, Integer number) {
+pQXTreeNodeLink IndexCursor::Find(pQXTreeNodeLink section, Integer number) {
   if (number < 1) return nullptr;
   if (section != section_ || number < number_ / 2) {
     section_ = place_ = section;
@@ -76,12 +87,12 @@ pQXTreeNodeLink NumberedNodes::Find(pQXTreeNodeLink section, Integer number) {
   return link;
 }
 
-void NumberedNodes::Added(pQXTreeNodeLink parent) {
-  // The new node stands behind the place when that is its parent, or when it is the section's last.
+void IndexCursor::Added(pQXTreeNodeLink parent) {
+  // The new node is after the place if that is its parent, or if it is the section's last.
   if (parent != place_ && parent != section_) Forget();
 }
 
-void NumberedNodes::Deleting(pQXTreeNodeLink link) {
+void IndexCursor::Deleting(pQXTreeNodeLink link) {
   if (link->Parent == place_) return;
   if (link == place_ && link != section_) {
     place_ = Predecessor(link);
@@ -94,32 +105,31 @@ void NumberedNodes::Deleting(pQXTreeNodeLink link) {
 // --- Both --------------------------------------------------------------------
 
 // An index is built for a long record that is searched twice in a row.
-pQXTreeNodeLink TQXIniFile::Lookup::FindField(pQXTreeNodeLink record, std::string_view name) {
-  const bool again = record == walked;
-  walked = record;
+pQXTreeNodeLink Lookup::FindField(pQXTreeNodeLink record, std::string_view name) {
+  const bool again = record == lastWalkedRecord;
+  lastWalkedRecord = record;
   if (record->Count <= kShortRecord || (!again && fields.GetParent() != record))
     return fields.Walk(record, name);
-  if (fields.GetParent() != record) fields.Build(record);
-  return fields.Find(name);
+  return fields.Find(record, name);
 }
 
-void TQXIniFile::Lookup::Added(pQXTreeNodeLink link) {
+void Lookup::Added(pQXTreeNodeLink link) {
   if (link->Parent == sections.GetParent()) sections.Append(link);
   if (link->Parent == fields.GetParent()) fields.Append(link);
   numbers.Added(link->Parent);
 }
 
-void TQXIniFile::Lookup::Deleting(pQXTreeNodeLink link) {
+void Lookup::Deleting(pQXTreeNodeLink link) {
   sections.Remove(link);
   fields.Remove(link);
-  if (fields.GetParent() != nullptr && IsInSubtree(fields.GetParent(), link)) fields.Drop();
+  if (fields.GetParent() != nullptr && IsInSubtree(fields.GetParent(), link)) fields.Invalidate();
   numbers.Deleting(link);
 }
 
-void TQXIniFile::Lookup::Clear() {
-  sections.Drop();
-  fields.Drop();
-  walked = nullptr;
+void Lookup::Clear() {
+  sections.Invalidate();
+  fields.Invalidate();
+  lastWalkedRecord = nullptr;
   numbers.Forget();
 }
 

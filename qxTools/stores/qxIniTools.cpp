@@ -2,16 +2,11 @@
 #include <qxTools/platform/Files.h>
 #include <qxTools/stores/IniLines.h>
 #include <qxTools/stores/IniLookup.h>
-#include <qxTools/stores/ZeroedBlock.h>
-
-#include <cstring>
 
 namespace qxTools::qxIniTools {
 
-using QXMemTools::MemFree;
 using qxTreeList::IsInSubtree;
 using qxTreeList::LastChildOf;
-using stores::MakeZeroedBlock;
 using stores::ZeroedBlock;
 
 namespace {
@@ -19,212 +14,240 @@ namespace {
 constexpr char kSectionNotOpen[] = "RootKey not Open.";
 constexpr char kRecordNotOpen[] = "Item Key not open.";
 
-// The text with a NUL behind it; null for an empty one.
-ZeroedBlock CopyOf(std::string_view text) {
-  if (text.empty()) return nullptr;
-  ZeroedBlock copy = MakeZeroedBlock(text.size() + 1);
-  std::memcpy(copy.get(), text.data(), text.size());
-  return copy;
-}
-
-void FreeBlocks(pQXIniPair pair) {
-  MemFree(pair->Name);
-  MemFree(pair->Value);
-  MemFree(pair);
-}
-
-// Sets `node` to that of `link` when there is one.
-bool Give(pQXTreeNodeLink link, pQXTreeNode& node) {
+bool SetIfFound(pQXTreeNodeLink link, pQXTreeNode& node) {
   if (link != nullptr) node = link->Node;
   return link != nullptr;
+}
+
+// On purpose: only pairs of sections and of values in records are freed. Others come about when a value was
+// opened as a record, or something was added to a record that was deleted.
+bool IsFreed(pQXTreeNode node) { return node->Level == 1 || node->Level == 3; }
+
+void FreePairOf(pQXTreeNode node) {
+  if (PairOf(node) != nullptr) FreePair(PairOf(node));
+  node->Data = nullptr;
 }
 
 }  // namespace
 
 EIniLoadError::~EIniLoadError() = default;
 
-TQXIniFile::TQXIniFile() : lookup_(std::make_unique<Lookup>()) {}
+struct TQXIniFile::State {
+  qxTreeList::TQXTreeNodes tree{};
+  std::string rootKeyName{};
+  bool rootOpened = false;
+  bool itemOpened = false;
+  bool loaded = false;
+  pQXTreeNodeLink section = nullptr;  // the open ones, null once they are deleted
+  pQXTreeNodeLink record = nullptr;
+  KeptPairs kept{};
+  Lookup lookup{};
 
-// Not by Clear, which asks for memory to keep pairs in.
-TQXIniFile::~TQXIniFile() {
-  tree_.EnumAllTreeNode([](pQXTreeNode node) {
-    if (PairOf(node) != nullptr) FreeBlocks(PairOf(node));
-  });
-  for (const pQXIniPair pair : kept_) FreeBlocks(pair);
-}
+  pQXTreeNodeLink FindSection(std::string_view name) {
+    return lookup.sections.Find(tree.GetRootLink(), name);
+  }
+  pQXTreeNodeLink FindNumber(Integer index);
+  pQXTreeNodeLink FindValue(std::string_view name);
+  pQXTreeNodeLink OrRoot(pQXTreeNodeLink link) const { return link != nullptr ? link : tree.GetRootLink(); }
+  bool CanMove() const { return loaded && rootOpened && itemOpened && record != nullptr; }
+  void RequireSection() const;
+  void RequireRecord() const;
+  void OpenRecord(pQXTreeNodeLink link);
+  pQXTreeNodeLink AddNode(pQXTreeNodeLink parent, std::string_view name, std::string_view value);
+  void AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value);
+  void ReserveFor(pQXTreeNodeLink link);
+  void FreeOrKeepBelow(pQXTreeNodeLink link);
+  void DeleteBranch(pQXTreeNodeLink link);
+  void RemoveNode(pQXTreeNodeLink link);
+};
+
+TQXIniFile::TQXIniFile() : state_(std::make_unique<State>()) {}
+
+TQXIniFile::~TQXIniFile() { state_->tree.EnumAllTreeNode(FreePairOf); }
 
 // --- Nodes and pairs ---------------------------------------------------------
 
-pQXTreeNodeLink TQXIniFile::OrRoot(pQXTreeNodeLink link) const {
-  return link != nullptr ? link : tree_.GetRootLink();
-}
-
-pQXTreeNodeLink TQXIniFile::AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value) {
-  ZeroedBlock pair = MakeZeroedBlock(sizeof(TQXIniPair));
-  ZeroedBlock nameCopy = CopyOf(name);
-  ZeroedBlock valueCopy = CopyOf(value);
-  const pQXTreeNodeLink link = tree_.AddLink(parent);
-  auto* const made = new (pair.release()) TQXIniPair();
-  made->Name = static_cast<char*>(nameCopy.release());
-  made->Value = static_cast<char*>(valueCopy.release());
-  link->Node->Data = made;
-  lookup_->Added(link);
+// The look-ups do not know of the node yet.
+pQXTreeNodeLink TQXIniFile::State::AddNode(pQXTreeNodeLink parent, std::string_view name,
+                                           std::string_view value) {
+  ZeroedBlock pair = MakePair(name, value);
+  const pQXTreeNodeLink link = tree.AddLink(parent);
+  link->Node->Data = pair.release();
   return link;
 }
 
-void TQXIniFile::FreePair(pQXTreeNode node) {
-  FreeBlocks(PairOf(node));
-  node->Data = nullptr;
+void TQXIniFile::State::AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value) {
+  lookup.Added(AddNode(parent, name, value));
 }
 
-void TQXIniFile::KeepPair(pQXTreeNode node) {
-  if (PairOf(node) == nullptr) return;
-  kept_.push_back(PairOf(node));
-  node->Data = nullptr;
+// Makes room to keep what a delete of `link` keeps, so that nothing fails halfway.
+void TQXIniFile::State::ReserveFor(pQXTreeNodeLink link) {
+  std::size_t count = 1;
+  tree.EnumTreeNodeLink(link, true, [&count](pQXTreeNode node) { count += IsFreed(node) ? 0 : 1; });
+  kept.Reserve(count);
 }
 
-// On purpose: only pairs of sections and of values in records are freed. Others come about when a value was
-// opened as a record, or something was added to a record that is gone.
-void TQXIniFile::FreeOrKeepPair(pQXTreeNode node) {
-  if (PairOf(node) != nullptr && (node->Level == 1 || node->Level == 3)) return FreePair(node);
-  KeepPair(node);
+void TQXIniFile::State::FreeOrKeepBelow(pQXTreeNodeLink link) {
+  tree.EnumTreeNodeLink(link, true,
+                        [this](pQXTreeNode node) { IsFreed(node) ? FreePairOf(node) : kept.Keep(node); });
 }
 
-// On purpose: the pair of the node itself stays in memory, those below it go.
-void TQXIniFile::DeleteBranch(pQXTreeNodeLink link) {
-  lookup_->Deleting(link);
-  for (pQXTreeNodeLink* const opened : {&section_, &record_})
-    if (*opened != nullptr && IsInSubtree(*opened, link)) *opened = nullptr;
-  tree_.EnumTreeNodeLink(link, true, [this](pQXTreeNode node) { FreeOrKeepPair(node); });
-  KeepPair(link->Node);
-  tree_.DeleteLink(link);
+// On purpose: the pair of the node itself stays in memory, those below it are freed.
+void TQXIniFile::State::DeleteBranch(pQXTreeNodeLink link) {
+  ReserveFor(link);
+  RemoveNode(link);
+}
+
+// Nothing here asks for memory.
+void TQXIniFile::State::RemoveNode(pQXTreeNodeLink link) {
+  lookup.Deleting(link);
+  for (pQXTreeNodeLink* const open : {&section, &record})
+    if (*open != nullptr && IsInSubtree(*open, link)) *open = nullptr;
+  FreeOrKeepBelow(link);
+  kept.Keep(link->Node);
+  tree.DeleteLink(link);
 }
 
 void TQXIniFile::Clear() {
-  lookup_->Clear();
-  section_ = record_ = nullptr;
-  tree_.EnumAllTreeNode([this](pQXTreeNode node) { FreeOrKeepPair(node); });
-  tree_.Clear();
+  State& state = *state_;
+  state.ReserveFor(state.tree.GetRootLink());
+  state.lookup.Clear();
+  state.section = state.record = nullptr;
+  state.FreeOrKeepBelow(state.tree.GetRootLink());
+  state.tree.Clear();
 }
+
+void TQXIniFile::EnumTreeNode(const TEnumTreeNodeProc& proc) const { state_->tree.EnumAllTreeNode(proc); }
 
 // --- Sections ----------------------------------------------------------------
 
-pQXTreeNodeLink TQXIniFile::FindSection(std::string_view name) const {
-  FirstByName& sections = lookup_->sections;
-  if (sections.GetParent() == nullptr) sections.Build(tree_.GetRootLink());
-  return sections.Find(name);
-}
-
 bool TQXIniFile::FindRootKey(std::string_view name, pQXTreeNode& node) const {
-  return Give(FindSection(name), node);
+  return SetIfFound(state_->FindSection(name), node);
 }
 
 void TQXIniFile::SetRootKey(std::string_view name) {
-  rootKeyName_ = name;
-  const pQXTreeNodeLink found = FindSection(name);
-  section_ = found != nullptr ? found : AddPair(tree_.GetRootLink(), "RootKey", name);
-  rootOpened_ = true;
-  itemOpened_ = false;
+  State& state = *state_;
+  std::string copy(name);
+  pQXTreeNodeLink section = state.FindSection(name);
+  if (section == nullptr) {
+    section = state.AddNode(state.tree.GetRootLink(), "RootKey", name);
+    state.lookup.Added(section);
+  }
+  state.rootKeyName = std::move(copy);
+  state.section = section;
+  state.rootOpened = true;
+  state.itemOpened = false;
 }
 
 void TQXIniFile::DeleteRootKey(std::string_view name) {
-  const pQXTreeNodeLink section = FindSection(name);
+  const pQXTreeNodeLink section = state_->FindSection(name);
   if (section == nullptr) throw Exception("RootKey not Find.");
-  DeleteBranch(section);
+  state_->DeleteBranch(section);
 }
 
+// The new section is made first, since that may fail.
 void TQXIniFile::ClearKeys() {
-  RequireSection();
-  if (!loaded_ || section_ == nullptr) return;
-  DeleteBranch(section_);
-  SetRootKey(std::string(rootKeyName_));
+  State& state = *state_;
+  state.RequireSection();
+  if (!state.loaded || state.section == nullptr) return;
+  state.ReserveFor(state.section);
+  const pQXTreeNodeLink made = state.AddNode(state.tree.GetRootLink(), "RootKey", state.rootKeyName);
+  state.RemoveNode(state.section);
+  state.section = state.FindSection(state.rootKeyName);
+  if (state.section == nullptr || state.section == made) {
+    state.section = made;
+    state.lookup.Added(made);
+  } else {  // another one of that name
+    FreePairOf(made->Node);
+    state.tree.DeleteLink(made);
+  }
+  state.itemOpened = false;
 }
 
-void TQXIniFile::RequireSection() const {
-  if (!rootOpened_) throw Exception(kSectionNotOpen);
+void TQXIniFile::State::RequireSection() const {
+  if (!rootOpened) throw Exception(kSectionNotOpen);
 }
 
 // --- Records -----------------------------------------------------------------
 
 void TQXIniFile::AppendKey() {
-  RequireSection();
-  OpenRecord(tree_.AddLink(OrRoot(section_)));
+  state_->RequireSection();
+  state_->OpenRecord(state_->tree.AddLink(state_->OrRoot(state_->section)));
 }
 
-void TQXIniFile::CloseKey() { OpenRecord(nullptr); }
+void TQXIniFile::CloseKey() { state_->OpenRecord(nullptr); }
 
-void TQXIniFile::OpenRecord(pQXTreeNodeLink link) {
-  record_ = link;
-  itemOpened_ = link != nullptr;
+void TQXIniFile::State::OpenRecord(pQXTreeNodeLink link) {
+  record = link;
+  itemOpened = link != nullptr;
 }
 
-void TQXIniFile::OpenKey(Integer index) { OpenRecord(FindNumber(index)); }
+void TQXIniFile::OpenKey(Integer index) { state_->OpenRecord(state_->FindNumber(index)); }
 
 void TQXIniFile::OpenFirstKey() {
-  OpenRecord(rootOpened_ && section_ != nullptr ? section_->FirstChild : nullptr);
+  State& state = *state_;
+  state.OpenRecord(state.rootOpened && state.section != nullptr ? state.section->FirstChild : nullptr);
 }
 
-void TQXIniFile::OpenPrevKey() { OpenRecord(CanMove() ? record_->Prior : nullptr); }
+void TQXIniFile::OpenPrevKey() { state_->OpenRecord(state_->CanMove() ? state_->record->Prior : nullptr); }
 
-void TQXIniFile::OpenNextKey() { OpenRecord(CanMove() ? record_->Next : nullptr); }
+void TQXIniFile::OpenNextKey() { state_->OpenRecord(state_->CanMove() ? state_->record->Next : nullptr); }
 
-void TQXIniFile::OpenLastKey() { OpenRecord(CanMove() ? LastChildOf(record_->Parent) : nullptr); }
+void TQXIniFile::OpenLastKey() {
+  state_->OpenRecord(state_->CanMove() ? LastChildOf(state_->record->Parent) : nullptr);
+}
 
-bool TQXIniFile::CanMove() const { return loaded_ && rootOpened_ && itemOpened_ && record_ != nullptr; }
-
-pQXTreeNodeLink TQXIniFile::FindNumber(Integer index) const {
-  return rootOpened_ && section_ != nullptr ? lookup_->numbers.Find(section_, index) : nullptr;
+pQXTreeNodeLink TQXIniFile::State::FindNumber(Integer index) {
+  return rootOpened && section != nullptr ? lookup.numbers.Find(section, index) : nullptr;
 }
 
 bool TQXIniFile::FindKeyIndex(Integer index, pQXTreeNode& node) const {
-  return Give(FindNumber(index), node);
+  return SetIfFound(state_->FindNumber(index), node);
 }
 
 void TQXIniFile::DeleteKey(Integer index) {
-  RequireSection();
-  const pQXTreeNodeLink link = FindNumber(index);
-  if (link != nullptr) DeleteBranch(link);
+  state_->RequireSection();
+  const pQXTreeNodeLink link = state_->FindNumber(index);
+  if (link != nullptr) state_->DeleteBranch(link);
 }
 
 // --- Values ------------------------------------------------------------------
 
-pQXTreeNodeLink TQXIniFile::FindValue(std::string_view name) const {
-  return record_ != nullptr ? lookup_->FindField(record_, name) : nullptr;
+pQXTreeNodeLink TQXIniFile::State::FindValue(std::string_view name) {
+  return record != nullptr ? lookup.FindField(record, name) : nullptr;
 }
 
 bool TQXIniFile::FindField(std::string_view name, pQXTreeNode& node) const {
-  if (!itemOpened_) throw Exception("ItemKey not opend");
-  return Give(FindValue(name), node);
+  if (!state_->itemOpened) throw Exception("ItemKey not opend");
+  return SetIfFound(state_->FindValue(name), node);
 }
 
 std::string TQXIniFile::GetValue(std::string_view name) const {
-  RequireRecord();
-  const pQXTreeNodeLink found = FindValue(name);
+  state_->RequireRecord();
+  const pQXTreeNodeLink found = state_->FindValue(name);
   return found != nullptr ? std::string(View(PairOf(found)->Value)) : std::string();
 }
 
 void TQXIniFile::SetValue(std::string_view name, std::string_view value) {
-  RequireRecord();
-  const pQXTreeNodeLink found = FindValue(name);
-  if (found == nullptr) {
-    AddPair(OrRoot(record_), name, value);
-    return;
-  }
-  ZeroedBlock copy = CopyOf(value);
-  MemFree(PairOf(found)->Value);
-  PairOf(found)->Value = static_cast<char*>(copy.release());
+  state_->RequireRecord();
+  const pQXTreeNodeLink found = state_->FindValue(name);
+  if (found != nullptr)
+    SetPairValue(PairOf(found), value);
+  else
+    state_->AddPair(state_->OrRoot(state_->record), name, value);
 }
 
 void TQXIniFile::DeleteValue(std::string_view name) {
-  const pQXTreeNodeLink found = itemOpened_ ? FindValue(name) : nullptr;
+  const pQXTreeNodeLink found = state_->itemOpened ? state_->FindValue(name) : nullptr;
   if (found == nullptr) return;
-  lookup_->fields.Remove(found);
-  FreePair(found->Node);
-  DeleteBranch(found);
+  state_->ReserveFor(found);
+  state_->lookup.fields.Remove(found);
+  FreePairOf(found->Node);
+  state_->RemoveNode(found);
 }
 
-void TQXIniFile::RequireRecord() const {
-  if (!itemOpened_) throw Exception(kRecordNotOpen);
+void TQXIniFile::State::RequireRecord() const {
+  if (!itemOpened) throw Exception(kRecordNotOpen);
 }
 
 // --- Whole files -------------------------------------------------------------
@@ -237,7 +260,8 @@ void TQXIniFile::SaveToFile(const std::string& fileName) const { SaveWholeFile(f
 
 void TQXIniFile::SetText(std::string_view text) {
   Clear();
-  loaded_ = true;
+  State& state = *state_;
+  state.loaded = true;
   bool inRecord = false;
   Integer number = 0;
   ForEachLine(text, [&](std::string_view line) {
@@ -248,7 +272,7 @@ void TQXIniFile::SetText(std::string_view text) {
         SetRootKey(parts.name);
         break;
       case IniLineKind::RecordBegin:
-        if (!rootOpened_) throw EIniLoadError(kSectionNotOpen, number);
+        if (!state.rootOpened) throw EIniLoadError(kSectionNotOpen, number);
         AppendKey();
         inRecord = true;
         break;
@@ -258,7 +282,7 @@ void TQXIniFile::SetText(std::string_view text) {
         break;
       case IniLineKind::Value:
         // On purpose: after a section line inside an open record, values still go to that record.
-        if (inRecord) AddPair(record_, parts.name, parts.text);
+        if (inRecord) state.AddPair(state.record, parts.name, parts.text);
         break;
       case IniLineKind::Blank:
       case IniLineKind::Other:
@@ -274,7 +298,7 @@ std::string TQXIniFile::GetText() const {
     for (const std::string_view piece : pieces) text += piece;
     text += "\r\n";
   };
-  tree_.EnumAllTreeNode([&](pQXTreeNode node) {
+  state_->tree.EnumAllTreeNode([&](pQXTreeNode node) {
     const pQXIniPair pair = PairOf(node);
     if (node->Level == 1 && pair != nullptr) {
       if (inRecord) add({kRecordEnd, "\r\n"});

@@ -1,0 +1,129 @@
+// An operation of the stores or of the banks that runs out of memory leaves its object as it was.
+#include <qxTools/base/Exceptions.h>
+#include <qxTools/memory/QXMemTools.h>
+#include <qxTools/stores/QXStringTable.h>
+#include <qxTools/stores/qxIniTools.h>
+
+#include <memory>
+#include <optional>
+
+#include "faults/Faults.h"
+#include "support/Testing.h"
+
+namespace {
+
+using namespace qxTools;
+using namespace qxTools::test;
+using qxIniTools::TQXIniFile;
+using QXStringTable::TQXStringTable;
+using qxTreeList::TQXTreeNodes;
+
+const std::string kLong(100, 'l');  // longer than what a string holds without memory
+
+TEST(StoresFaults, Trees) {
+  struct Tree {
+    std::unique_ptr<TQXTreeNodes> tree = std::make_unique<TQXTreeNodes>();
+    std::vector<qxTreeList::TNodeKey> keys;
+  };
+  const auto make = [] {
+    Tree made;
+    made.tree->OpenRootNode();
+    for (int i = 0; i < 12; ++i)
+      made.keys.push_back(made.tree->Add()->Key);  // the next one lets the index grow
+    return made;
+  };
+  ExpectAllOrNothing(
+      make, [](Tree& made) { made.tree->Add(made.keys[2]); },
+      [](const Tree& made) {
+        std::size_t count = 0;
+        made.tree->EnumAllTreeNode([&](qxTreeList::pQXTreeNode) { ++count; });
+        return std::pair(count, made.tree->GetItem(made.keys[2])->Key.Text().size());
+      });
+}
+
+/// The text, the sections that are found, and what is open.
+std::string StateOf(const TQXIniFile& settings) {
+  std::string state = settings.GetText();
+  qxTreeList::pQXTreeNode node = nullptr;
+  for (const char* name : {"One", "Two", "New"}) state += settings.FindRootKey(name, node) ? name : "-";
+  int nodes = 0;
+  settings.EnumTreeNode([&](qxTreeList::pQXTreeNode each) {
+    ++nodes;
+    state += each->Data != nullptr ? '+' : '-';
+  });
+  state += MessageOf([&] { state += settings.GetValue("a"); });
+  return state;
+}
+
+TEST(StoresFaults, Settings) {
+  const auto make = [] {
+    auto settings = std::make_unique<TQXIniFile>();
+    settings->SetText("One:[%RootKey%]\n[%\na:" + kLong + "\nb:2\n%]\n\nTwo:[%RootKey%]\n[%\na:1\nb:2\n%]\n");
+    settings->SetRootKey("One");
+    settings->OpenKey(2);  // a value as a record
+    settings->SetValue("below", kLong);
+    settings->OpenFirstKey();
+    return settings;
+  };
+  const std::function<void(TQXIniFile&)> changes[] = {
+      [](TQXIniFile& settings) { settings.SetValue("a", kLong + "1"); },
+      [](TQXIniFile& settings) { settings.SetValue("c", kLong); },
+      [](TQXIniFile& settings) { settings.SetRootKey("New" + kLong); },
+      [](TQXIniFile& settings) { settings.DeleteRootKey("one"); },
+      [](TQXIniFile& settings) { settings.ClearKeys(); },
+      [](TQXIniFile& settings) { settings.DeleteKey(1); },
+      [](TQXIniFile& settings) { settings.DeleteValue("a"); },
+      [](TQXIniFile& settings) { settings.Clear(); },
+  };
+  for (std::size_t i = 0; i < std::size(changes); ++i) {
+    SCOPED_TRACE(i);
+    ExpectAllOrNothing(
+        make, [&](const auto& settings) { changes[i](*settings); },
+        [](const auto& settings) { return StateOf(*settings); });
+  }
+}
+
+TEST(StoresFaults, Tables) {
+  const auto make = [] {
+    auto table = std::make_unique<TQXStringTable>("");
+    table->AddField("Name");
+    table->AddField("Phone");
+    table->AddRecord({kLong, "1"});
+    table->Top();
+    return table;
+  };
+  const std::function<void(TQXStringTable&)> changes[] = {
+      [](TQXStringTable& table) { table.AddField(kLong); },
+      [](TQXStringTable& table) { table.RemoveField("Phone"); },
+      [](TQXStringTable& table) {
+        table.AddRecord({kLong, kLong});
+      },
+      [](TQXStringTable& table) { table.SetField("Phone", kLong); },
+  };
+  for (std::size_t i = 0; i < std::size(changes); ++i) {
+    SCOPED_TRACE(i);
+    ExpectAllOrNothing(
+        make, [&](const auto& table) { changes[i](*table); },
+        [](const auto& table) {
+          return table->GetText() + table->GetField("name") + table->GetField("phone") +
+                 std::to_string(table->GetRecNo());
+        });
+  }
+}
+
+TEST(StoresFaults, BanksWithoutMemoryHaveNoIndex) {
+  std::optional<QXMemTools::TInt64Bank> bank;
+  const QXMemTools::TInt64Bank source;
+  const std::function<void()> changes[] = {[&] { bank.emplace(); }, [&] { bank->SetCount(1); },
+                                           [&] { bank->Assign(source); }};
+  for (const auto& change : changes) {
+    EXPECT_TRUE(RunFailing(Fault::kMemory, 1, change).reached);
+    EXPECT_EQ(bank->GetAddress(), nullptr);
+    EXPECT_EQ(MessageOf([&] { bank->SetValue(0, 1); }), "Index outbound");
+    bank->SetCount(1000);
+    bank->SetValue(999, 5);
+    EXPECT_EQ(bank->GetValue(999), 5);
+  }
+}
+
+}  // namespace
