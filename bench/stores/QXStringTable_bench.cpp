@@ -56,6 +56,7 @@ class Ours {
   explicit Ours(const std::string& name) : table_(name) {}
   void Save(const std::string&) const { table_.UpdateTable(); }
   Integer Records() const { return table_.GetReccount(); }
+  void Append(const std::vector<std::string>& values) { table_.AddRecord(values); }
   // The bytes of all fields of all records.
   std::size_t ReadFields(const std::vector<std::string>& names) {
     std::size_t bytes = 0;
@@ -83,6 +84,14 @@ class Streams {
     for (const std::string& line : lines_) file << line << "\r\n";
   }
   Integer Records() const { return static_cast<Integer>(lines_.size()) - 1; }
+  void Append(const std::vector<std::string>& values) {
+    std::size_t size = 0;
+    for (const std::string& value : values) size += value.size() + 4;
+    std::string line;
+    line.reserve(size);
+    for (const std::string& value : values) line.append("[#").append(value).append("#]");
+    lines_.push_back(std::move(line));
+  }
   std::size_t ReadFields(const std::vector<std::string>&) const {
     std::size_t bytes = 0;
     for (std::size_t i = 1; i < lines_.size(); ++i) {
@@ -130,6 +139,24 @@ void Save(benchmark::State& state) {
   SetProcessed(state, text);
 }
 
+// Records appended to a table that has its header alone.
+template <class Table>
+void Append(benchmark::State& state) {
+  const auto records = static_cast<Integer>(state.range(0));
+  const TemporaryFile disk(TableOf(0));
+  std::vector<std::string> values;
+  for (int field = 0; field < kFields; ++field) values.push_back(TextOf(records, field));
+  for (auto _ : state) {
+    auto table = std::make_unique<Table>(disk.Name());
+    for (Integer i = 0; i < records; ++i) table->Append(values);
+    if (table->Records() != records) return state.SkipWithError("wrong count");
+    state.PauseTiming();
+    table.reset();
+    state.ResumeTiming();
+  }
+  state.SetItemsProcessed(state.iterations() * records);
+}
+
 template <class Table>
 void ReadFields(benchmark::State& state) {
   const auto records = static_cast<Integer>(state.range(0));
@@ -172,6 +199,7 @@ void Register(const std::string& who) {
   };
   add("table.load", Load<Table>);
   add("table.save", Save<Table>);
+  add("table.append", Append<Table>);
   add("table.read_fields", ReadFields<Table>);
 }
 

@@ -1,11 +1,12 @@
 #include <qxTools/base/Ascii.h>
 #include <qxTools/platform/Files.h>
+#include <qxTools/runtime/HashIndex.h>
+#include <qxTools/stores/Caseless.h>
 #include <qxTools/stores/FieldMarks.h>
 #include <qxTools/stores/QXStringTable.h>
 #include <qxTools/strings/QXStrTools.h>
 
 #include <limits>
-#include <unordered_map>
 
 namespace qxTools::QXStringTable {
 
@@ -21,7 +22,17 @@ std::size_t FindField(std::string_view line, const FieldMarks& marks, std::strin
   return kNoField;
 }
 
-// What At gives for the n-th "[#" or "#]" of the line, where `offsets` holds the places of all of them.
+std::string_view TrimSpaces(std::string_view s) {
+  const std::size_t first = s.find_first_not_of(' ');
+  return first == std::string_view::npos ? std::string_view()
+                                         : s.substr(first, s.find_last_not_of(' ') + 1 - first);
+}
+
+void AppendField(std::string& line, std::string_view text) {
+  line.append(kFieldBegin).append(TrimSpaces(text)).append(kFieldEnd);
+}
+
+// What At returns for the n-th "[#" or "#]" of the line, where `offsets` holds the places of all of them.
 Integer Position(const std::vector<std::size_t>& offsets, Integer n, std::string_view mark,
                  std::string_view line) {
   const auto i = static_cast<std::size_t>(n) - 1;
@@ -34,7 +45,9 @@ Integer Position(const std::vector<std::size_t>& offsets, Integer n, std::string
 // --- Lines -------------------------------------------------------------------
 
 std::string GenField(std::string_view s) {
-  return std::string(kFieldBegin).append(QXStrTools::Trim(s, 0)).append(kFieldEnd);
+  std::string field;
+  AppendField(field, s);
+  return field;
 }
 
 Integer FieldIndex(std::string_view rec, std::string_view field) {
@@ -64,47 +77,93 @@ std::string ReplaceField(std::string_view rec, Integer index, std::string_view n
 
 // --- The table ---------------------------------------------------------------
 
-// What was worked out from the lines, and after how many changes that was.
-struct TQXStringTable::Cache {
-  static constexpr std::uint64_t kNever = std::numeric_limits<std::uint64_t>::max();
+namespace {
 
-  std::uint64_t headerChanges = kNever;
-  std::string header;
-  std::unordered_map<std::string, Integer> numbers;  // by names in capitals, the first of equal ones
+// A header's fields and their numbers, from 1, by name: the first of equal names.
+struct Header {
+  std::string line{};
+  FieldMarks fields{};
+  HashIndex<Integer> numbers{};
 
-  std::uint64_t recordChanges = kNever;
-  Integer recordNumber = 0;
-  FieldMarks record;
-
-  void ReadHeader(const std::string& line);
+  Header() = default;
+  explicit Header(const std::string& text);
+  auto HasName(std::string_view name) const {
+    return [this, name](Integer number) {
+      return SameText(fields.Text(line, static_cast<std::size_t>(number) - 1), name);
+    };
+  }
 };
 
-void TQXStringTable::Cache::ReadHeader(const std::string& line) {
-  header = line;
-  numbers.clear();
-  const FieldMarks marks(line);
-  for (std::size_t i = 0; i < marks.Count(); ++i)
-    numbers.emplace(UpperCase(marks.Text(line, i)), static_cast<Integer>(i) + 1);
+HashTag TagOf(std::string_view name) { return {stores::CaselessHash(name)}; }
+
+Header::Header(const std::string& text) : line(text), fields(text) {
+  for (std::size_t i = 0; i < fields.Count(); ++i) {
+    const std::string_view name = fields.Text(line, i);
+    numbers.Insert(static_cast<Integer>(i) + 1, TagOf(name), HasName(name));
+  }
+}
+
+constexpr std::uint64_t kNever = std::numeric_limits<std::uint64_t>::max();
+
+}  // namespace
+
+struct TQXStringTable::State {
+  std::string fileName;
+  bool inMemory;
+  Integer recNo = 0;
+
+  // What was worked out from the lines, and after how many of their changes.
+  Header header{};
+  std::uint64_t headerChanges = kNever;
+  FieldMarks record{};
+  Integer recordNumber = 0;
+  std::uint64_t recordChanges = kNever;
+
+  const Header& HeaderOf(const TQXStringTable& table);
+  Integer NumberOf(const TQXStringTable& table, std::string_view name);
+  const FieldMarks& RecordOf(const TQXStringTable& table, const std::string& line);
+};
+
+// The table has a line.
+const Header& TQXStringTable::State::HeaderOf(const TQXStringTable& table) {
+  if (headerChanges == table.GetChanges()) return header;
+  if (header.line != table.GetStrings(0)) header = Header(table.GetStrings(0));
+  headerChanges = table.GetChanges();
+  return header;
+}
+
+Integer TQXStringTable::State::NumberOf(const TQXStringTable& table, std::string_view name) {
+  const Header& known = HeaderOf(table);
+  const Integer* const found = known.numbers.Find(TagOf(name), known.HasName(name));
+  return found != nullptr ? *found : 0;
+}
+
+const FieldMarks& TQXStringTable::State::RecordOf(const TQXStringTable& table, const std::string& line) {
+  if (recordChanges != table.GetChanges() || recordNumber != recNo) {
+    recordChanges = kNever;  // until they are read
+    record.Read(line);
+    recordChanges = table.GetChanges();
+    recordNumber = recNo;
+  }
+  return record;
 }
 
 TQXStringTable::TQXStringTable(const std::string& fileName)
-    : fileName_(fileName),
-      temp_(fileName.empty() || SameText(fileName, "#TEMP")),
-      cache_(std::make_unique<Cache>()) {
-  if (temp_) return;
-  if (!FileExists(fileName_)) CreateFileIfMissing(fileName_);
-  LoadFromFile(fileName_);
+    : state_(new State{fileName, fileName.empty() || SameText(fileName, "#TEMP")}) {
+  if (state_->inMemory) return;
+  if (!FileExists(fileName)) CreateFileIfMissing(fileName);
+  LoadFromFile(fileName);
   Top();
 }
 
 TQXStringTable::~TQXStringTable() = default;
 
 void TQXStringTable::UpdateTable() const {
-  if (!temp_) SaveToFile(fileName_);
+  if (!state_->inMemory) SaveToFile(state_->fileName);
 }
 
 void TQXStringTable::RevertTable() {
-  if (FileExists(fileName_)) LoadFromFile(fileName_);
+  if (FileExists(state_->fileName)) LoadFromFile(state_->fileName);
 }
 
 // --- Fields ------------------------------------------------------------------
@@ -130,27 +189,20 @@ void TQXStringTable::RemoveField(std::string_view name) {
 }
 
 Integer TQXStringTable::GetFieldCount() const {
-  return GetEmpty() ? 0 : static_cast<Integer>(FieldMarks(GetStrings(0)).Count());
-}
-
-Integer TQXStringTable::NumberOf(std::string_view name) const {
-  Cache& cache = *cache_;
-  if (cache.headerChanges != GetChanges()) {
-    if (cache.headerChanges == Cache::kNever || cache.header != GetStrings(0))
-      cache.ReadHeader(GetStrings(0));
-    cache.headerChanges = GetChanges();
-  }
-  const auto found = cache.numbers.find(UpperCase(name));
-  return found != cache.numbers.end() ? found->second : 0;
+  return GetEmpty() ? 0 : static_cast<Integer>(state_->HeaderOf(*this).fields.Count());
 }
 
 // --- Records -----------------------------------------------------------------
 
 void TQXStringTable::AddRecord(const std::vector<std::string>& values) {
   if (GetEmpty()) return;
-  std::string line;
   const auto count = static_cast<std::size_t>(GetFieldCount());
-  for (std::size_t i = 0; i < count; ++i) line += GenField(i < values.size() ? values[i] : "");
+  std::size_t size = count * (kFieldBegin.size() + kFieldEnd.size());
+  for (const std::string& value : values) size += value.size();
+  std::string line;
+  line.reserve(size);
+  for (std::size_t i = 0; i < count; ++i)
+    AppendField(line, i < values.size() ? values[i] : std::string_view());
   Add(std::move(line));
 }
 
@@ -160,39 +212,39 @@ Integer TQXStringTable::GetReccount() const { return GetEmpty() ? 0 : GetCount()
 
 // --- The cursor --------------------------------------------------------------
 
-void TQXStringTable::Top() { recNo_ = GetReccount() > 0 ? 1 : 0; }
+Integer TQXStringTable::GetRecNo() const { return state_->recNo; }
 
-void TQXStringTable::Bottom() { recNo_ = GetReccount(); }
+void TQXStringTable::Top() { state_->recNo = GetReccount() > 0 ? 1 : 0; }
+
+void TQXStringTable::Bottom() { state_->recNo = GetReccount(); }
 
 void TQXStringTable::Previous() {
-  if (GetReccount() >= 1 && recNo_ >= 2) --recNo_;
+  if (GetReccount() >= 1 && state_->recNo >= 2) --state_->recNo;
 }
 
 void TQXStringTable::Next() {
-  if (GetReccount() >= 1 && recNo_ < GetReccount()) ++recNo_;
+  if (GetReccount() >= 1 && state_->recNo < GetReccount()) ++state_->recNo;
 }
 
 // --- The current record ------------------------------------------------------
 
 std::string TQXStringTable::GetField(std::string_view name) const {
-  const Integer number = GetEmpty() ? 0 : NumberOf(name);
+  const Integer number = GetEmpty() ? 0 : state_->NumberOf(*this, name);
   if (number < 1) return {};
-  const std::string& line = GetStrings(recNo_);
-  Cache& cache = *cache_;
-  if (cache.recordChanges != GetChanges() || cache.recordNumber != recNo_) {
-    cache.record = FieldMarks(line);
-    cache.recordChanges = GetChanges();
-    cache.recordNumber = recNo_;
-  }
+  const std::string& line = GetStrings(state_->recNo);
+  const FieldMarks& record = state_->RecordOf(*this, line);
+  const std::size_t i = static_cast<std::size_t>(number) - 1;
+  if (i < record.Count()) return std::string(record.Text(line, i));
   // On purpose: a record with fewer fields is cut by the same sum, with 0 or -1 for the mark that is missing.
-  const Integer start = Position(cache.record.Begins(), number, kFieldBegin, line) + 2;
-  const Integer end = Position(cache.record.Ends(), number, kFieldEnd, line);
+  const Integer start = Position(record.Begins(), number, kFieldBegin, line) + 2;
+  const Integer end = Position(record.Ends(), number, kFieldEnd, line);
   return QXStrTools::substr(line, start, end - start);
 }
 
 void TQXStringTable::SetField(std::string_view name, std::string_view value) {
   if (GetEmpty()) return;
-  SetStrings(recNo_, ReplaceField(GetStrings(recNo_), NumberOf(name), value));
+  const Integer recNo = state_->recNo;
+  SetStrings(recNo, ReplaceField(GetStrings(recNo), state_->NumberOf(*this, name), value));
 }
 
 }  // namespace qxTools::QXStringTable

@@ -10,9 +10,11 @@
 ///     people.UpdateTable();
 ///
 /// Line 0 names the fields, each further line is a record. A field is its text between "[#" and "#]":
-/// `[#Name#][#Phone#]`. Texts hold neither, nor do they begin with "]" or end with "[", which would make one
-/// with the mark beside it; nothing checks that. Field names ignore the case of ASCII letters, and of equal
-/// ones the first counts. The file's form is described in docs/table-format.md. For one thread at a time.
+/// `[#Name#][#Phone#]`. A text must not hold one of these, begin with "]" or end with "[", which would make
+/// one with the mark beside it; nothing checks that. Field names ignore the case of ASCII letters, and of
+/// equal names the first one counts. docs/table-format.md describes the file.
+///
+/// Not thread-safe. If memory runs out, std::bad_alloc is thrown and the table is unchanged.
 #pragma once
 
 #include <qxTools/runtime/StringList.h>
@@ -22,30 +24,33 @@
 namespace qxTools::QXStringTable {
 
 // --- Lines -------------------------------------------------------------------
-// A line's field i, from 1, stands between its i-th "[#" and its i-th "#]". It has as many fields as it has
-// of the rarer one.
+// Field i (1-based) is the text between the i-th "[#" and the i-th "#]". The number of fields is the smaller
+// of the two counts.
 
-/// "[#" + `s` without the spaces at both ends + "#]".
+/// Returns "[#", `s` without the spaces at both ends, and "#]".
 QXTOOLS_API std::string GenField(std::string_view s);
 
-/// The number of the first field of `rec` whose text is `Field`, letter case aside; 0 when there is none.
+/// Returns the number of the first field of `rec` whose text is `field`, letter case ignored; 0 if there is
+/// none.
 QXTOOLS_API Integer FieldIndex(std::string_view rec, std::string_view field);
 
-/// Sets `pos` to the position of that field's text, from 1, and `len`, on purpose, to one less than its
-/// length. Both are 0 when `rec` is empty, and left alone when there is no such field.
+/// Sets `pos` to the 1-based position of the text of the first field of `rec` whose text is `field`, letter
+/// case ignored. On purpose: sets `len` to one less than its length. Sets both to 0 if `rec` is empty; leaves
+/// them unchanged if there is no such field.
 QXTOOLS_API void AtField(std::string_view rec, std::string_view field, Integer& pos, Integer& len);
 
-/// `rec` with `newText`, as it stands, for the text of field `index`.
-/// On purpose: where `rec` has no "[#" of that number its first character stays in front, and where it has no
-/// "#]" all of it follows behind: ReplaceField("abc", 0, "X") is "aXabc".
+/// Returns `rec` with `newText`, as it is, instead of the text of field `index`.
+/// On purpose: if `rec` has no "[#" of that number, its first character stays in front, and if it has no
+/// "#]", all of it follows: ReplaceField("abc", 0, "X") is "aXabc".
 QXTOOLS_API std::string ReplaceField(std::string_view rec, Integer index, std::string_view newText);
 
 // --- The table ---------------------------------------------------------------
 
-/// The list's own calls work too; the cursor does not follow them.
+/// The table, a list of its lines. The list's own functions can be used too; the cursor does not follow them.
 class QXTOOLS_API TQXStringTable : public TStrings {
  public:
-  /// Loads the file, the cursor on its first record; a file that does not exist is made, empty. With "" or
+  /// Loads the file and moves the cursor to its first record. A file that does not exist is made, empty. With
+  /// "" or
   /// "#TEMP", in any case, the table is in memory only.
   /// @throws EFOpenError, EReadError or EFCreateError.
   explicit TQXStringTable(const std::string& fileName);
@@ -54,67 +59,65 @@ class QXTOOLS_API TQXStringTable : public TStrings {
   /// Saves nothing.
   ~TQXStringTable() override;
 
-  /// Saves to the file, whole or not at all; nothing for a table in memory.
-  /// @throws EFCreateError or EWriteError; the old file stays then.
+  /// Saves to the file, whole or not at all. Does nothing for a table in memory.
+  /// @throws EFCreateError or EWriteError; the old file is unchanged then.
   void UpdateTable() const;
-  /// Loads the file again, if it exists. The cursor stays, even behind the last record.
+  /// Loads the file again, if it exists. The cursor does not move, even if it is then behind the last record.
+  /// @throws EFOpenError or EReadError; the table is unchanged then.
   void RevertTable();
 
-  // Fields. Records are left as they are when the header changes.
+  // --- Fields. Records are unchanged when the header changes -------------------
 
   /// Appends a field to the header, unless there is one of that name.
   void AddField(std::string_view name);
-  /// Takes a field out of the header. On purpose: one whose name has a single character stays.
+  /// Removes a field from the header. On purpose: one whose name has a single character is not removed.
   void RemoveField(std::string_view name);
-  /// The number of fields in the header.
+  /// Returns the number of fields in the header; 0 for a table without a line.
   Integer GetFieldCount() const;
 
-  // Records. Nothing is added to a table without a header, and the cursor stays.
+  // --- Records. The cursor does not move ---------------------------------------
 
-  /// Appends a record with a field for each of the header's: values are trimmed, missing ones empty, and
-  /// those beyond left out.
+  /// Appends a record with a field for each of the header's: values are trimmed, missing ones are empty, and
+  /// further ones are ignored. Does nothing if there is no header.
   void AddRecord(const std::vector<std::string>& values);
-  /// The same without values.
+  /// Appends a record of empty fields. Does nothing if there is no header.
   void NewEmptyRecord();
   /// Deletes a line. On purpose: 0 is the header's.
-  /// @throws EListError
+  /// @throws EListError "List index out of bounds (N)".
   void RemoveRecord(Integer index) { Delete(index); }
-  /// The number of lines behind the header.
+  /// Returns the number of records, which is that of the lines after the header.
   Integer GetReccount() const;
-  /// Whether there is no line at all.
+  /// Returns true if there is no line at all.
   bool GetEmpty() const { return GetCount() == 0; }
 
-  // The cursor: the number of the current record from 1, or 0 for none.
+  // --- The cursor --------------------------------------------------------------
 
-  Integer GetRecNo() const { return recNo_; }
-  /// To the first record.
+  /// Returns the number of the current record, counted from 1; 0 if there is none.
+  Integer GetRecNo() const;
+  /// Moves the cursor to the first record.
   void Top();
-  /// To the last record.
+  /// Moves the cursor to the last record.
   void Bottom();
-  /// To the record before; the first one stays.
+  /// Moves the cursor to the record before; at the first one it does not move.
   void Previous();
-  /// To the next record; the last one stays.
+  /// Moves the cursor to the next record; at the last one it does not move.
   void Next();
 
-  // The current record. With the cursor at 0 it is the header.
+  // --- The current record. With the cursor at 0 it is the header ---------------
 
-  /// The text of the first field of that name, "" when the header has none. Reading all fields of a record is
-  /// linear in its line.
-  /// @throws EListError when the cursor is behind the last record.
+  /// Returns the text of the first field of that name, or "" if the header has none. Reading all fields of a
+  /// record is linear in its line.
+  /// @throws EListError "List index out of bounds (N)" if the cursor is behind the last record.
   std::string GetField(std::string_view name) const;
-  /// Replaces that text by ReplaceField, whose number for an unknown name is 0.
-  /// @throws EListError when the cursor is behind the last record.
+  /// Replaces the text of the first field of that name. On purpose: for an unknown name the record becomes
+  /// what ReplaceField returns for field 0.
+  /// @throws EListError "List index out of bounds (N)" if the cursor is behind the last record.
   void SetField(std::string_view name, std::string_view value);
 
  private:
-  struct Cache;
+  struct State;
 
-  Integer NumberOf(std::string_view name) const;
-
-  std::string fileName_;
-  Integer recNo_ = 0;
-  bool temp_ = false;
-  std::unique_ptr<Cache> cache_;
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace qxTools::QXStringTable

@@ -109,6 +109,12 @@ TEST(StoresFaults, Tables) {
                  std::to_string(table->GetRecNo());
         });
   }
+  ForEachCall([&](long n) {
+    const auto table = make();  // whose header and record were not read yet
+    const Outcome outcome = RunFailing(Fault::kMemory, n, [&] { table->GetField("phone"); });
+    EXPECT_EQ(table->GetField("phone"), "1");
+    return outcome.reached;
+  });
 }
 
 TEST(StoresFaults, BanksWithoutMemoryHaveNoIndex) {
