@@ -1,10 +1,15 @@
-// Banks beside the standard vector: checked access to each element, and growth by one element a time.
+// Banks beside the standard vector: checked access to each element, and growth by one element a time. Blocks
+// beside calloc, and their cursor beside that of a stream in memory.
 #include <benchmark/benchmark.h>
 #include <qxTools/memory/QXMemTools.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <numeric>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace {
@@ -12,6 +17,7 @@ namespace {
 using qxTools::Integer;
 using qxTools::QXMemTools::TInt64Bank;
 using qxTools::QXMemTools::TIntegerBank;
+using qxTools::QXMemTools::TMemoryOperation;
 
 template <class T>
 class Vector {
@@ -87,6 +93,54 @@ void Grow(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * count);
 }
 
+// --- Blocks ------------------------------------------------------------------
+
+template <class Make>
+void CreateBlock(benchmark::State& state, Make make) {
+  for (auto _ : state) make(state.range(0));
+}
+
+void MakeOurs(std::int64_t size) {
+  TMemoryOperation block(static_cast<Integer>(size));
+  benchmark::DoNotOptimize(block.GetAddress());
+}
+
+void MakeByCalloc(std::int64_t size) {
+  void* const block = std::calloc(1, static_cast<std::size_t>(size));
+  benchmark::DoNotOptimize(block);
+  std::free(block);
+}
+
+// Writes a block full in pieces of 16 bytes, and reads it back.
+template <class Rewind, class Write, class Read>
+void MoveCursor(benchmark::State& state, Rewind rewind, Write write, Read read) {
+  std::array<char, 16> piece{"sixteen bytes.."};
+  for (auto _ : state) {
+    rewind();
+    for (std::int64_t i = 0; i < state.range(0); i += 16) write(piece.data());
+    rewind();
+    piece.fill(0);
+    for (std::int64_t i = 0; i < state.range(0); i += 16) read(piece.data());
+    if (piece[0] != 's') return state.SkipWithError("wrong bytes");
+  }
+  state.SetBytesProcessed(state.iterations() * state.range(0) * 2);
+}
+
+void OurCursor(benchmark::State& state) {
+  TMemoryOperation block(static_cast<Integer>(state.range(0)));
+  MoveCursor(
+      state, [&] { block.SetPosition(0); }, [&](const char* piece) { block.Write(piece, 16); },
+      [&](char* piece) { block.Read(piece, 16); });
+}
+
+void StreamCursor(benchmark::State& state) {
+  std::FILE* const file = fmemopen(nullptr, static_cast<std::size_t>(state.range(0)), "w+");
+  MoveCursor(
+      state, [&] { std::rewind(file); }, [&](const char* piece) { std::fwrite(piece, 16, 1, file); },
+      [&](char* piece) { benchmark::DoNotOptimize(std::fread(piece, 16, 1, file)); });
+  std::fclose(file);
+}
+
 [[maybe_unused]] const bool registered = [] {
   const auto add = [](const char* name, auto run) {
     benchmark::RegisterBenchmark(name, run)->Arg(10000)->Arg(100000)->Arg(1000000);
@@ -103,6 +157,16 @@ void Grow(benchmark::State& state) {
   add("bank.set_integer/vector_at", Set<Vector<Integer>>);
   add("bank.grow_by_one/qxTools", Grow<TIntegerBank>);
   add("bank.grow_by_one/vector_resize", Grow<Vector<Integer>>);
+  for (const char* who : {"qxTools", "calloc"})
+    benchmark::RegisterBenchmark((std::string("block.create/") + who).c_str(),
+                                 [ours = who[0] == 'q'](benchmark::State& state) {
+                                   CreateBlock(state, ours ? MakeOurs : MakeByCalloc);
+                                 })
+        ->Arg(100)
+        ->Arg(10000)
+        ->Arg(1000000);
+  add("block.cursor/qxTools", OurCursor);
+  add("block.cursor/fmemopen", StreamCursor);
   return true;
 }();
 
