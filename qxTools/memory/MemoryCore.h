@@ -47,9 +47,9 @@ class QXTOOLS_API IMemoryOperation : public IInterface {
   virtual void GetMemory(void* dest, std::uint32_t offset, std::uint32_t count) const = 0;
   /// Copies `count` bytes from `source` to `offset` of the block. Nothing is checked.
   virtual void SetMemory(const void* source, std::uint32_t offset, std::uint32_t count) = 0;
-  /// Copies up to `count` bytes from the cursor to `buffer` and moves the cursor behind them.
+  /// Copies up to `count` bytes from the cursor to `buffer` and moves the cursor after them.
   virtual void Read(void* buffer, Integer count) = 0;
-  /// Copies up to `count` bytes from `buffer` to the cursor and moves the cursor behind them.
+  /// Copies up to `count` bytes from `buffer` to the cursor and moves the cursor after them.
   virtual void Write(const void* buffer, Integer count) = 0;
   /// Returns the block's address as a number.
   virtual THandle GetHandle() const = 0;
@@ -124,11 +124,11 @@ class QXTOOLS_API TMemoryOperation : public TInterfacedObject, public virtual IM
   /// Copies `count` bytes from `source` to `offset` of the block. Nothing is checked.
   void SetMemory(const void* source, std::uint32_t offset, std::uint32_t count) override;
 
-  /// Copies `count` bytes (fewer at the end) from the cursor to `buffer` and moves the cursor behind them. On
+  /// Copies `count` bytes (fewer at the end) from the cursor to `buffer` and moves the cursor after them. On
   /// purpose: a count of 0 or less reads all that is left. With the cursor beyond the end nothing happens.
   void Read(void* buffer, Integer count) override;
 
-  /// Copies `count` bytes from `buffer` to the cursor and moves the cursor behind them. The block never
+  /// Copies `count` bytes from `buffer` to the cursor and moves the cursor after them. The block never
   /// grows: bytes that do not fit are dropped. On purpose: a count of 0 or less writes nothing.
   void Write(const void* buffer, Integer count) override;
 

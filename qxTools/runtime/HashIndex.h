@@ -88,7 +88,7 @@ class HashIndex {
     return slot;
   }
 
-  // Moves up what a search would no longer reach behind the gap.
+  // Moves up what a search would no longer reach after the gap.
   void Free(std::size_t gap) {
     for (std::size_t slot = Next(gap); !IsFree(slots_[slot]); slot = Next(slot)) {
       const std::size_t fromHome = (slot - HomeOf(slots_[slot].tag)) & Mask();

@@ -1,5 +1,5 @@
 /// @file
-/// What a line of a settings file is, by itself. For the settings file and its checker.
+/// What a line of a settings file means without the lines around it. For the settings file and its checker.
 #pragma once
 
 #include <qxTools/base/Ascii.h>
@@ -20,7 +20,7 @@ struct IniLine {
   bool operator==(const IniLine&) const = default;
 };
 
-/// `s` without the bytes up to 32 at both ends.
+/// Returns `s` without the bytes up to 32 at both ends.
 inline std::string_view TrimBlanks(std::string_view s) {
   const auto isBlank = [](char c) { return static_cast<unsigned char>(c) <= 32; };
   while (!s.empty() && isBlank(s.front())) s.remove_prefix(1);

@@ -9,7 +9,7 @@
 
 namespace qxTools::qxTreeList {
 
-/// A link of a tree and behind it its node.
+/// A link of a tree, followed by its node.
 struct LinkAndNode : LinkWithLastChild {
   TQXTreeNode node;
 

@@ -1,5 +1,5 @@
 /// @file
-/// A small table of text: records with named fields in a list of lines, with a cursor, and a file behind it.
+/// A small table of text: records with named fields in a list of lines, with a cursor, and a file for them.
 ///
 ///     TQXStringTable people("people.tbl");
 ///     people.AddField("Name");
@@ -62,7 +62,7 @@ class QXTOOLS_API TQXStringTable : public TStrings {
   /// Saves to the file, whole or not at all. Does nothing for a table in memory.
   /// @throws EFCreateError or EWriteError; the old file is unchanged then.
   void UpdateTable() const;
-  /// Loads the file again, if it exists. The cursor does not move, even if it is then behind the last record.
+  /// Loads the file again, if it exists. The cursor does not move, even if it is then after the last record.
   /// @throws EFOpenError or EReadError; the table is unchanged then.
   void RevertTable();
 
@@ -107,11 +107,11 @@ class QXTOOLS_API TQXStringTable : public TStrings {
 
   /// Returns the text of the first field of that name, or "" if the header has none. Reading all fields of a
   /// record is linear in its line.
-  /// @throws EListError "List index out of bounds (N)" if the cursor is behind the last record.
+  /// @throws EListError "List index out of bounds (N)" if the cursor is after the last record.
   std::string GetField(std::string_view name) const;
   /// Replaces the text of the first field of that name. On purpose: for an unknown name the record becomes
   /// what ReplaceField returns for field 0.
-  /// @throws EListError "List index out of bounds (N)" if the cursor is behind the last record.
+  /// @throws EListError "List index out of bounds (N)" if the cursor is after the last record.
   void SetField(std::string_view name, std::string_view value);
 
  private:

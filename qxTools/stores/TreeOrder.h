@@ -16,15 +16,15 @@ inline pQXTreeNodeLink& LastChildOf(pQXTreeNodeLink link) {
   return static_cast<LinkWithLastChild*>(link)->LastChild;
 }
 
-/// The link after `link` inside the subtree of `top`, past what is below `link` unless `descend`; null behind
-/// the last.
+/// Returns the link after `link` inside the subtree of `top`, without `descend` the one after what is below
+/// `link`; null after the last.
 inline pQXTreeNodeLink Successor(pQXTreeNodeLink link, pQXTreeNodeLink top, bool descend) {
   if (descend && link->FirstChild != nullptr) return link->FirstChild;
   while (link != top && link->Next == nullptr) link = link->Parent;
   return link == top ? nullptr : link->Next;
 }
 
-/// The link before `link`, null for the root.
+/// Returns the link before `link`; null for the root.
 inline pQXTreeNodeLink Predecessor(pQXTreeNodeLink link) {
   if (link->Prior == nullptr) return link->Parent;
   link = link->Prior;
@@ -32,7 +32,7 @@ inline pQXTreeNodeLink Predecessor(pQXTreeNodeLink link) {
   return link;
 }
 
-/// Whether `link` is `top` or below it.
+/// Returns true if `link` is `top` or below it.
 inline bool IsInSubtree(pQXTreeNodeLink link, pQXTreeNodeLink top) {
   for (Integer n = link->Node->Level - top->Node->Level; n > 0; --n) link = link->Parent;
   return link == top;

@@ -101,7 +101,7 @@ class QXTOOLS_API TQXIniFile : public TObject {
   /// Deletes the first section of that name. On purpose: if it is the open one it counts as open still.
   /// @throws Exception "RootKey not Find." if there is none.
   void DeleteRootKey(std::string_view name);
-  /// Replaces the open section by a new empty one of its name, behind all others. On purpose: does nothing
+  /// Replaces the open section by a new empty one of its name, after all others. On purpose: does nothing
   /// unless a file was loaded before.
   /// @throws Exception "RootKey not Open."
   void ClearKeys();

@@ -85,7 +85,7 @@ QXTOOLS_API void FreeTreeNode(Integer dataSize, pQXTreeNodeLink link);
 // --- Blocks in reserved address space ----------------------------------------
 
 /// Commits `size` + 4 bytes at `p`, which must point into address space that was reserved by ReserveMem
-/// (qxTools/platform/VirtualMemory.h) or by the system's own means. Writes `size` there and moves `p` behind
+/// (qxTools/platform/VirtualMemory.h) or by the system's own means. Writes `size` there and moves `p` after
 /// it. Does not check whether the commit succeeded.
 QXTOOLS_API void vGetMem(void*& p, Integer size);
 
