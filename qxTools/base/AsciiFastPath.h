@@ -25,6 +25,15 @@ bool IsAllAscii(const Unit* p, const Unit* end) {
   return std::all_of(p, end, [](Unit unit) { return IsAsciiBlock<1>(&unit); });
 }
 
+/// Returns the end of the run of ASCII at the front of [p, end).
+template <class Unit>
+Unit* SkipAscii(Unit* p, Unit* end) {
+  constexpr std::ptrdiff_t kBlock = 32;
+  while (end - p >= kBlock && IsAsciiBlock<kBlock>(p)) p += kBlock;
+  while (p < end && IsAsciiBlock<1>(p)) ++p;
+  return p;
+}
+
 /// Copies the run of ASCII at the front of [p, end) to `out` and moves both on.
 template <class From, class To>
 void CopyAscii(const From*& p, const From* end, To*& out) {

@@ -1,5 +1,6 @@
 #include <qxTools/base/AsciiFastPath.h>
 #include <qxTools/base/CodePage950.h>
+#include <qxTools/base/CodePage950Bytes.h>
 
 #include <algorithm>
 #include <array>
@@ -79,6 +80,11 @@ unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 
 /// The character of the two bytes from `p` on, the first of them beyond ASCII; 0 where none is.
 char16_t WideAt(const char* p) { return kWide[(Byte(p[0]) << 8 | Byte(p[1])) - 0x8000]; }
+
+/// The character of the two bytes at `p`, the first of which is not ASCII; 0 if they are none.
+char16_t PairAt(const char* p, const char* end) {
+  return end - p > 1 ? kWide[(Byte(p[0]) << 8 | Byte(p[1])) - 0x8000] : char16_t{0};
+}
 
 /// Reads the characters that begin before `stop`; the last one may reach beyond it, up to `end`.
 void ReadWide(const char*& p, const char* stop, const char* end, char16_t*& out) {
@@ -182,6 +188,23 @@ std::string WideToBytes(std::u16string_view s) {
   }
   result.resize(static_cast<std::size_t>(out - result.data()));
   return result;
+}
+
+std::size_t CharacterSize(std::string_view text, std::size_t at) {
+  const char* const p = text.data() + at;
+  return Byte(*p) >= 0x80 && PairAt(p, text.data() + text.size()) != 0 ? 2 : 1;
+}
+
+void UseMainCodes(std::string& text) {
+  char* p = text.data();
+  char* const end = p + text.size();
+  while ((p = SkipAscii(p, end)) < end) {
+    const char16_t wide = PairAt(p, end);
+    if (wide != 0)
+      WriteCode(wide, p);
+    else
+      ++p;
+  }
 }
 
 std::string BytesToUtf8(std::string_view s) {

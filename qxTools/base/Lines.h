@@ -7,6 +7,21 @@
 
 namespace qxTools {
 
+/// Returns the first place (0-based) of `mark` from `start` on, or the text's length.
+template <class Char>
+std::size_t FindUnit(std::basic_string_view<Char> text, Char mark, std::size_t start) {
+  if constexpr (sizeof(Char) == 1) return std::min(text.find(mark, start), text.size());
+  constexpr std::ptrdiff_t kBlock = 32;
+  const Char* p = text.data() + std::min(start, text.size());
+  const Char* const end = text.data() + text.size();
+  for (; end - p >= kBlock; p += kBlock) {  // vector code, unlike the search of wide text in the C++ library
+    Char found = 0;
+    for (std::ptrdiff_t i = 0; i < kBlock; ++i) found = static_cast<Char>(found | Char{p[i] == mark});
+    if (found != 0) break;
+  }
+  return static_cast<std::size_t>(std::find(p, end, mark) - text.data());
+}
+
 /// Finds the nearest of two characters, again and again, front to back. Each one's next place is remembered
 /// and looked for again only once it has been passed, so a text that holds but one of them is not searched
 /// for the other at every step.
@@ -18,7 +33,7 @@ class NearestOfTwo {
         first_(first),
         second_(second),
         nextFirst_(Find(first, 0)),
-        nextSecond_(Find(second, 0)) {}
+        nextSecond_(first == second ? text.size() : Find(second, 0)) {}
 
   /// The nearest of both from `start` on, or the text's length. `start` must not go back.
   std::size_t From(std::size_t start) {
@@ -28,9 +43,7 @@ class NearestOfTwo {
   }
 
  private:
-  std::size_t Find(Char mark, std::size_t start) const {
-    return std::min(text_.find(mark, start), text_.size());
-  }
+  std::size_t Find(Char mark, std::size_t start) const { return FindUnit(text_, mark, start); }
 
   std::basic_string_view<Char> text_;
   Char first_;

@@ -1,3 +1,4 @@
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/QXSqlTools.h>
 
@@ -119,37 +120,69 @@ TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
   }
 }
 
-TEST(TQXSQL, TheLastOfEqualNamesIsFoundWhateverChanges) {
-  TQXSQLItems items;
-  for (const char* name : {"@a", "@b", "@A"}) items.Add(name);
-  EXPECT_EQ(items.GetItemsIndex("@a"), 2);
-  items.GetItems(1)->SetName("@a");
-  items.Add()->SetName("@c");
-  EXPECT_EQ(items.GetItemsIndex("@C"), 3);
-  items.GetItems(3)->SetName(std::string_view(items.GetItems(3)->GetName()).substr(1));  // of itself
-  EXPECT_EQ(items.GetItemsIndex("C"), 3);
-  items.Delete(2);
-  items.AddNamesOf("@a @b @d");  // nothing ends the last
-  EXPECT_EQ(items.GetCount(), 4);
-  items.SetItemsValue("@a", 7);
-  EXPECT_TRUE(items.FindAndModify("@a", "5", stReal));
-  EXPECT_EQ(items.GetItems(1)->Text, "7");  // on purpose: the output stays
+struct ThreeItems : TQXSQLItems {
+  ThreeItems() {
+    for (const char* name : {"@a", "@b", "@A"}) Add(name);
+    for (int i = 0; i < 3; ++i) GetItemsIndex("@a");  // from the third time on by an index
+  }
+};
+
+TEST(TQXSQLItems, TheLastOfEqualNamesIsFoundWhateverChanges) {
+  const auto expect = [](Integer want, const char* name, const std::function<void(TQXSQLItems&)>& change,
+                         int line = __builtin_LINE()) {
+    const testing::ScopedTrace trace(__FILE__, line, name);
+    ThreeItems items;
+    change(items);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(items.GetItemsIndex(name), want);
+  };
+  expect(2, "@a", [](auto&) {});
+  expect(-1, "@c", [](auto&) {});
+  expect(3, "@a", [](auto& items) { items.Add("@a"); });
+  expect(0, "@a", [](auto& items) { items.Delete(2); });
+  expect(-1, "@a", [](auto& items) { items.Clear(); });
+  expect(2, "@B", [](auto& items) { items.GetItems(2)->SetName("@b"); });
+  expect(3, "@C", [](auto& items) { items.Add()->SetName("@c"); });
+  expect(1, "B", [](auto& items) {
+    items.GetItems(1)->SetName(std::string_view(items.GetItems(1)->GetName()).substr(1));
+  });
+  expect(3, "@n", [](auto& items) { items.AddNamesOf("@n @b @d"); });
+  expect(-1, "@d", [](auto& items) { items.AddNamesOf("@n @b @d"); });  // nothing ends the last
+  expect(-1, "@a", [](auto& items) { items.Assign(&items); });          // on purpose
+}
+
+TEST(TQXSQLItems, AnUnknownNameIsReported) {
+  ThreeItems items;
   EXPECT_FALSE(items.FindAndModify("@d", "5", stInteger));
   const std::function<void()> lookUps[] = {
       [&] { items.SetItemsStyle("@d", stDate); }, [&] { items.GetItemsStyle("@d"); },
       [&] { items.SetItemsValue("@d", 1); }, [&] { items.GetItemsValue("@d"); }};
   for (const auto& lookUp : lookUps) EXPECT_EQ(MessageOf(lookUp), "Parameters @d is not found");
   EXPECT_EQ(MessageOf([&] { items.Delete(-1); }), "List index out of bounds (-1)");
+}
+
+TEST(TQXSQLItems, ModifyingChangesNeitherTextNorOutput) {
+  ThreeItems items;
+  items.SetItemsValue("@a", 7);
+  EXPECT_TRUE(items.FindAndModify("@a", "5", stReal));
   TQXSQL other;
-  EXPECT_EQ(MessageOf([&] { items.GetItems(0)->Assign(&other); }), "Cannot assign a TQXSQL to a TQXSQLItem");
   other.SetParams(&items);
   other.SetParams(nullptr);
   const TQXSQLItem& copy = *other.GetParams().FindByName("@A");
-  EXPECT_EQ(copy.Text, "7");
-  EXPECT_EQ(copy.Value, Variant("5"));
-  EXPECT_EQ(copy.Style, stReal);
-  other.SetParams(&other.GetParams());
-  EXPECT_EQ(other.GetParams().GetCount(), 0);  // on purpose
+  EXPECT_TRUE(copy.Text == "7" && copy.Value == Variant("5") && copy.Style == stReal);
+  EXPECT_EQ(MessageOf([&] { items.GetItems(0)->Assign(&other); }), "Cannot assign a TQXSQL to a TQXSQLItem");
+}
+
+TEST(TQXSQL, NamesBeginWithALetterAndEndBeforeAnythingElse) {
+  Rows([](const std::string& text) {
+    TQXSQL command;
+    command.GetInLines().SetText(text);
+    std::string names;
+    for (Integer i = 0; i < command.GetParams().GetCount(); ++i)
+      names += command.GetParams().GetItems(i)->GetName() + " ";
+    return names;
+  })("a = @A, b=@b_1;@A", "@A @b_1 ")("@a @A @a ", "@a ")("'@a'", "@a ")("@ x", "@x ")(
+      "@@ROWCOUNT", "@ROWCOUNT ")("@1a @_b", "@a @b ")("@a@b", "@b ")("@\r\n(y)", "@y ")("@", "")(
+      "a@b.tw", "@b ")("@a\xA4\xA4", "@a ");  // 中
 }
 
 TEST(TQXSQL, AnyChangeOfTheTextFindsItsParametersAnew) {
@@ -168,6 +201,23 @@ TEST(TQXSQL, AnyChangeOfTheTextFindsItsParametersAnew) {
   command.GetInLines().BeginUpdate();
   command.SetInLines({"@X"});  // also while the event is held back
   EXPECT_EQ(command.GetParams().GetItemsIndex("@x"), 0);
+}
+
+// Of a text of bytes each character counts as one, and a code that the page holds twice becomes the main one.
+TEST(TQXSQL, TheOutputIsThatOfTheWideText) {
+  std::mt19937 random(7);
+  for (int i = 0; i < 20000; ++i) {
+    TQXSQL command;
+    command.GetInLines().SetText(RandomText(
+        random,
+        {"/", "*", "/*", "*/", "\xA4\x40", "\xF9\xE9", "\xA2\xCC", "\xA4", "\xFF", "\r", "\n", " ", "a"},
+        20));
+    command.GetParams().Clear();
+    const std::string text = command.GetInLines().GetText();
+    TStrings want;
+    want.SetText(WideToBytes(TQXSQL::ClearNote(BytesToWide(text))));
+    ASSERT_EQ(command.GetOutLines().GetText(), want.GetText()) << testing::PrintToString(text);
+  }
 }
 
 TEST(TQXSQL, ASlashTakesTheCharacterBehindItAlong) {

@@ -1,0 +1,79 @@
+#include <qxTools/base/CodePage950Bytes.h>
+#include <qxTools/base/Lines.h>
+#include <qxTools/sql/CommandNotes.h>
+
+namespace qxTools::QXSqlTools {
+
+namespace {
+
+std::size_t SizeAt(std::string_view text, std::size_t at) { return CharacterSize(text, at); }
+std::size_t SizeAt(std::u16string_view, std::size_t) { return 1; }
+
+/// Whether both marks of a comment are there, anywhere and in any order. Each has a "/".
+template <class Char>
+bool HasComment(std::basic_string_view<Char> text) {
+  bool hasOpen = false;
+  bool hasClose = false;
+  for (std::size_t i = FindUnit(text, Char('/'), 0); i < text.size() && !(hasOpen && hasClose);
+       i = FindUnit(text, Char('/'), i + 1)) {
+    hasOpen = hasOpen || (i + 1 < text.size() && text[i + 1] == Char('*'));
+    hasClose = hasClose || (i > 0 && text[i - 1] == Char('*'));
+  }
+  return hasOpen && hasClose;
+}
+
+/// Keeps what is outside comments. On purpose: each "/" outside takes the character behind it along, and each
+/// "*" inside the one behind it, so that "/* x **/" never closes.
+template <class Char>
+void DropComments(std::basic_string<Char>& text) {
+  const std::basic_string_view<Char> whole = text;
+  std::size_t kept = 0;
+  bool inComment = false;
+  for (std::size_t start = 0; start < whole.size();) {
+    const std::size_t mark = FindUnit(whole, inComment ? Char('*') : Char('/'), start);
+    const bool isLast = mark + 1 >= whole.size();
+    const std::size_t end = isLast ? whole.size() : mark;
+    if (!inComment)
+      kept = static_cast<std::size_t>(std::copy(&text[start], &text[end], &text[kept]) - &text[0]);
+    if (isLast) break;
+    start = mark + 1 + SizeAt(whole, mark + 1);
+    inComment = inComment ? whole[mark + 1] != Char('/') : whole[mark + 1] == Char('*');
+  }
+  text.resize(kept);
+}
+
+template <class Char>
+bool IsBlank(std::basic_string_view<Char> line) {
+  return line.find_first_not_of(Char(' ')) == line.npos;
+}
+
+/// Returns the lines without the blank ones at the start and the end, each followed by CR LF.
+template <class Char>
+std::basic_string<Char> TrimLines(std::basic_string_view<Char> text) {
+  auto lines = SplitLines(text);
+  while (!lines.empty() && IsBlank(lines.back())) lines.pop_back();
+  std::size_t first = 0;
+  while (first < lines.size() && IsBlank(lines[first])) ++first;
+  std::basic_string<Char> joined;
+  joined.reserve(text.size() + 2);
+  for (; first < lines.size(); ++first) {
+    joined.append(lines[first]);
+    joined += Char('\r');
+    joined += Char('\n');
+  }
+  return joined;
+}
+
+template <class Char>
+void Remove(std::basic_string<Char>& text) {
+  if (!HasComment<Char>(text)) return;
+  DropComments(text);
+  text = TrimLines<Char>(text);
+}
+
+}  // namespace
+
+void RemoveNotes(std::string& text) { Remove(text); }
+void RemoveNotes(std::u16string& text) { Remove(text); }
+
+}  // namespace qxTools::QXSqlTools

@@ -1,0 +1,13 @@
+// Removing comments from a command.
+#pragma once
+
+#include <string>
+
+namespace qxTools::QXSqlTools {
+
+/// Does what TQXSQL::ClearNote says. A text of bytes is in code page 950; it gives the bytes that its wide
+/// form would give.
+void RemoveNotes(std::string& text);
+void RemoveNotes(std::u16string& text);
+
+}  // namespace qxTools::QXSqlTools

@@ -1,0 +1,65 @@
+#include <qxTools/base/Ascii.h>
+#include <qxTools/sql/NameScanner.h>
+#include <qxTools/sql/SinglePassSubstitution.h>
+
+#include <algorithm>
+
+namespace qxTools::QXSqlTools {
+
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+/// The "@" at `mark` and the name characters behind it.
+std::string_view TokenAt(std::string_view text, std::size_t mark) {
+  std::size_t end = mark + 1;
+  while (end < text.size() && IsNameChar(text[end])) ++end;
+  return text.substr(mark, end - mark);
+}
+
+bool IsToken(std::string_view name) { return name[0] == '@' && TokenAt(name, 0).size() == name.size(); }
+
+}  // namespace
+
+void SinglePassSubstitution::Add(std::string_view name, std::string literal) {
+  literals_.push_back(std::move(literal));
+  if (name.empty()) return;
+  if (IsToken(name))
+    names_.Add(UpperCase(name.substr(1)), static_cast<Integer>(literals_.size() - 1));
+  else
+    hasOtherNames_ = true;
+}
+
+std::optional<std::string> SinglePassSubstitution::Apply(std::string_view text) const {
+  const auto cannotMatch = [this](const std::string& literal) { return CannotMatch(literal); };
+  if (hasOtherNames_ || !std::ranges::all_of(literals_, cannotMatch)) return std::nullopt;
+  std::string out;
+  out.reserve(text.size());
+  std::size_t done = 0;      // up to here the text is in `out`
+  std::size_t tokenEnd = 0;  // of the token before
+  for (std::size_t mark = text.find('@'); mark != kNone; mark = text.find('@', tokenEnd)) {
+    const std::string_view token = TokenAt(text, mark);
+    const bool touchesToken = mark > 0 && mark == tokenEnd;
+    tokenEnd = mark + token.size();
+    const ParameterNames::Match match = names_.Find(token.substr(1));
+    if (match.item < 0) continue;
+    const std::string& literal = literals_[static_cast<std::size_t>(match.item)];
+    if (touchesToken && (literal.empty() || IsNameChar(literal[0]))) return std::nullopt;
+    out.append(text, done, mark - done).append(literal);
+    done = mark + 1 + match.size;
+  }
+  return out.append(text, done);
+}
+
+/// Whether no name matches inside the literal, now or together with what follows it.
+bool SinglePassSubstitution::CannotMatch(std::string_view literal) const {
+  for (std::size_t mark = literal.find('@'); mark != kNone;) {
+    const std::string_view token = TokenAt(literal, mark);
+    mark += token.size();
+    if (mark == literal.size() || names_.Find(token.substr(1)).item >= 0) return false;
+    mark = literal.find('@', mark);
+  }
+  return true;
+}
+
+}  // namespace qxTools::QXSqlTools

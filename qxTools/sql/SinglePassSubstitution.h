@@ -1,0 +1,35 @@
+// Writing the values of all parameters into a text in one pass.
+#pragma once
+
+#include <qxTools/sql/ParameterNames.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qxTools::QXSqlTools {
+
+/// Replaces the names of parameters with their literals, in any letter case.
+///
+/// This equals replacing parameter after parameter in the whole text as long as no replacement can make or
+/// lengthen a token ("@" and the name characters behind it): only tokens can match, each is matched by the
+/// first parameter of the list alone, and what is left of it holds no "@" any more. Where that is not certain
+/// the pass gives up.
+class SinglePassSubstitution {
+ public:
+  /// Adds the next parameter of the list. An empty name replaces nothing.
+  void Add(std::string_view name, std::string literal);
+
+  /// Returns the text with the literals in place, or nothing if one pass would not be exact.
+  std::optional<std::string> Apply(std::string_view text) const;
+
+ private:
+  bool CannotMatch(std::string_view literal) const;
+
+  ParameterNames names_;
+  std::vector<std::string> literals_;
+  bool hasOtherNames_ = false;  // that are no tokens
+};
+
+}  // namespace qxTools::QXSqlTools
