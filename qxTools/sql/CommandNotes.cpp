@@ -6,9 +6,6 @@ namespace qxTools::QXSqlTools {
 
 namespace {
 
-std::size_t SizeAt(std::string_view text, std::size_t at) { return CharacterSize(text, at); }
-std::size_t SizeAt(std::u16string_view, std::size_t) { return 1; }
-
 /// Whether both marks of a comment are there, anywhere and in any order. Each has a "/".
 template <class Char>
 bool HasComment(std::basic_string_view<Char> text) {
@@ -36,7 +33,7 @@ void DropComments(std::basic_string<Char>& text) {
     if (!inComment)
       kept = static_cast<std::size_t>(std::copy(&text[start], &text[end], &text[kept]) - &text[0]);
     if (isLast) break;
-    start = mark + 1 + SizeAt(whole, mark + 1);
+    start = mark + 1 + CharacterSize(whole, mark + 1);
     inComment = inComment ? whole[mark + 1] != Char('/') : whole[mark + 1] == Char('*');
   }
   text.resize(kept);

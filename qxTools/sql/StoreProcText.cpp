@@ -1,3 +1,4 @@
+#include <qxTools/base/CodePage950Bytes.h>
 #include <qxTools/base/Lines.h>
 #include <qxTools/sql/StoreProcText.h>
 #include <qxTools/strings/QXStrTools.h>
@@ -10,12 +11,66 @@ namespace qxTools::qxSqlStoreProc {
 
 namespace {
 
-constexpr std::u16string_view kOpen = u"/*";
-constexpr std::u16string_view kClose = u"*/";
 constexpr std::size_t kNone = std::string_view::npos;
 
 constexpr std::string_view kMacroOpen = "[$";
 constexpr std::string_view kQuoteMark = "[##]";
+
+/// Returns the first place from `start` on where `first` and `second` are, or kNone.
+template <class Char>
+std::size_t FindPair(std::basic_string_view<Char> text, char first, char second, std::size_t start) {
+  for (std::size_t i = FindUnit(text, Char(first), start); i + 1 < text.size();
+       i = FindUnit(text, Char(first), i + 1))
+    if (text[i + 1] == Char(second)) return i;
+  return kNone;
+}
+
+/// Returns the place of the first character from "!" to DEL, or kNone.
+template <class Char>
+std::size_t FirstVisible(std::basic_string_view<Char> text) {
+  for (std::size_t i = 0, size = 0; i < text.size(); i += size) {
+    size = CharacterSize(text, i);
+    if (size == 1 && text[i] >= Char(33) && text[i] <= Char(127)) return i;
+  }
+  return kNone;
+}
+
+template <class Char>
+void Remove(std::basic_string<Char>& text) {
+  // What is kept is at the start, `kept` long, and holds no mark. Removing a comment can join its end with
+  // the unread rest to a new opening mark, so the two characters at that seam are looked at first. A closing
+  // one cannot come about: a "*" right before a comment is one already, with the comment's "/". Each piece is
+  // read from its own start, since two bytes that meet at a seam are no character.
+  const std::basic_string_view<Char> whole = text;
+  std::size_t kept = 0;
+  std::size_t rest = 0;
+  std::size_t visible = kNone;
+  const auto keep = [&](std::size_t end) {
+    const std::size_t found = visible == kNone ? FirstVisible(whole.substr(rest, end - rest)) : kNone;
+    if (found != kNone) visible = kept + found;
+    kept = static_cast<std::size_t>(std::move(&text[rest], &text[end], &text[kept]) - text.data());
+  };
+  std::size_t open = FindPair(whole, '/', '*', 0);
+  std::size_t close = open == kNone ? kNone : FindPair(whole, '*', '/', 0);
+  while (close != kNone) {
+    if (open < rest) open = FindPair(whole, '/', '*', rest);
+    if (close < rest) close = FindPair(whole, '*', '/', rest);
+    if (close == kNone) break;
+    if (kept > 0 && text[kept - 1] == Char('/') && text[rest] == Char('*')) {
+      --kept;
+      if (visible == kept) visible = kNone;
+    } else if (open < close) {
+      keep(open);
+    } else {
+      break;
+    }
+    rest = close + 2;
+  }
+  if (rest == 0) return;
+  keep(text.size());
+  text.resize(kept);
+  if (visible != kNone) text.erase(0, visible);
+}
 
 /// A name as the scanner finds it: "[$", no second one, and "]" at its end alone.
 bool IsPlainName(std::string_view name) {
@@ -54,35 +109,8 @@ std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTab
 
 }  // namespace
 
-bool RemoveComments(std::u16string& text) {
-  // What is kept stands in front, `kept` long, and holds no mark. Removing a comment can join its end with
-  // the unread rest to a new opening mark, so the two characters at that seam are looked at first. A closing
-  // one cannot come about: a "*" right before a comment is one already, with the comment's "/".
-  std::size_t kept = 0;
-  std::size_t rest = 0;
-  const auto keep = [&](std::size_t end) {
-    kept = static_cast<std::size_t>(std::move(&text[rest], &text[end], &text[kept]) - text.data());
-  };
-  std::size_t open = text.find(kOpen);
-  std::size_t close = text.find(kClose);
-  while (close != kNone) {
-    if (open < rest) open = text.find(kOpen, rest);
-    if (close < rest) close = text.find(kClose, rest);
-    if (close == kNone) break;
-    if (kept > 0 && text[kept - 1] == u'/' && text[rest] == u'*') {
-      --kept;
-    } else if (open < close) {
-      keep(open);
-    } else {
-      break;
-    }
-    rest = close + kClose.size();
-  }
-  if (rest == 0) return false;
-  keep(text.size());
-  text.resize(kept);
-  return true;
-}
+void RemoveNotes(std::string& text) { Remove(text); }
+void RemoveNotes(std::u16string& text) { Remove(text); }
 
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros) {
   MacroTable table;

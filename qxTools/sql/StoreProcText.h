@@ -11,8 +11,10 @@ namespace qxTools::qxSqlStoreProc {
 /// A macro's name, brackets included, and its text.
 using Macro = std::pair<std::string, std::string>;
 
-/// @return whether there was one.
-bool RemoveComments(std::u16string& text);
+/// Does what TQXSqlStoreProc::ClearNote says. A text of bytes is in code page 950; it gives the bytes that
+/// its wide form would give.
+void RemoveNotes(std::string& text);
+void RemoveNotes(std::u16string& text);
 
 /// The text with macro after macro replaced, case counting.
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros);

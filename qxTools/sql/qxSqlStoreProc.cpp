@@ -1,5 +1,6 @@
 #include <qxTools/base/Ascii.h>
 #include <qxTools/base/CodePage950.h>
+#include <qxTools/base/CodePage950Bytes.h>
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/NamedList.h>
 #include <qxTools/runtime/Numbers.h>
@@ -39,19 +40,6 @@ std::string Trim(std::string_view s) { return QXStrTools::Trim(s, kTrimBoth); }
 /// With spAuto only @MM and @MM_... are parameters.
 bool IsKept(std::string_view upperName, TSearchParamType mode) {
   return mode == spAll || upperName.substr(0, upperName.find('_')) == "@MM";
-}
-
-// Large texts: one form of it at a time, so the other is taken over and ends here.
-// NOLINTBEGIN(performance-unnecessary-value-param)
-WideString Widen(std::string text) { return BytesToWide(text); }
-std::string Narrow(WideString text) { return WideToBytes(text); }
-// NOLINTEND(performance-unnecessary-value-param)
-
-WideString WithoutComments(WideString text) {
-  if (!RemoveComments(text)) return text;
-  const auto first = std::ranges::find_if(text, [](char16_t c) { return c >= 33 && c <= 127; });
-  if (first != text.end()) text.erase(text.begin(), first);
-  return text;
 }
 
 TStoreProcParamType FindType(std::string_view text) {
@@ -176,14 +164,21 @@ TQXSqlStoreProc::TQXSqlStoreProc() : state_(std::make_unique<State>()) {
 
 TQXSqlStoreProc::~TQXSqlStoreProc() { TQXSqlStoreProc::Clear(); }
 
-void TQXSqlStoreProc::LoadStoreProc(const TStrings* lines) { Load(Widen(lines->GetText())); }
+void TQXSqlStoreProc::LoadStoreProc(const TStrings* lines) {
+  std::string text = lines->GetText();
+  UseMainCodes(text);
+  RemoveNotes(text);
+  Load(std::move(text));
+}
 
-void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) { Load(WideString(text)); }
+void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) { Load(WideToBytes(ClearNote(text))); }
 
-void TQXSqlStoreProc::Load(WideString text) {
-  const std::string statement = Narrow(WithoutComments(std::move(text)));
+// Large texts: the update's end reads the statement again, so the text is taken over and ends before it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+void TQXSqlStoreProc::Load(std::string text) {
   statement_.Clear();
   const StringsUpdate update(statement_);
+  const std::string statement = std::move(text);
   statement_.SetText(statement);
 }
 
@@ -223,7 +218,11 @@ void TQXSqlStoreProc::FindMacros(std::string_view text) {
   }
 }
 
-WideString TQXSqlStoreProc::ClearNote(std::u16string_view text) { return WithoutComments(WideString(text)); }
+WideString TQXSqlStoreProc::ClearNote(std::u16string_view text) {
+  WideString kept(text);
+  RemoveNotes(kept);
+  return kept;
+}
 
 // --- Parameters and macros ---------------------------------------------------------------------------
 

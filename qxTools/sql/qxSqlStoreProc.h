@@ -250,7 +250,7 @@ class QXTOOLS_API TQXSqlStoreProc : public TObject {
  private:
   struct State;
 
-  void Load(WideString text);
+  void Load(std::string text);
   TQXSqlStoreProcItem* ItemByName(std::string_view name) const;
   void FindNames(std::string_view text);
   void FindMacros(std::string_view text);

@@ -41,6 +41,23 @@ TEST(TQXSqlStoreProc, ScansForParametersOutsideLiterals) {
   }
 }
 
+// Of a text of bytes each character counts as one, and a code that the page holds twice becomes the main one.
+TEST(TQXSqlStoreProc, LinesAreLoadedAsTheirWideText) {
+  std::mt19937 random(7);
+  for (int i = 0; i < 20000; ++i) {
+    TQXSqlStoreProc byLines, byText;
+    TStrings lines;
+    lines.SetText(RandomText(
+        random,
+        {"/", "*", "/*", "*/", "\xA4\x41", "\xF9\xE9", "\xA2\xCC", "\xA4", "\xFF", "\r", "\n", " ", "a"},
+        20));
+    byLines.LoadStoreProc(&lines);
+    byText.LoadStoreProc(BytesToWide(lines.GetText()));
+    ASSERT_EQ(byLines.GetStatement().GetText(), byText.GetStatement().GetText())
+        << testing::PrintToString(lines.GetText());
+  }
+}
+
 TEST(TQXSqlStoreProc, WritesTheCall) {
   TQXSqlStoreProc set;
   set.LoadStoreProc(u"[$What] @MM_Code, @MM_b @MM_c @MM_d @MM_e like 'A%' '[##]'");
