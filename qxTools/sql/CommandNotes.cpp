@@ -19,8 +19,8 @@ bool HasComment(std::basic_string_view<Char> text) {
   return hasOpen && hasClose;
 }
 
-/// Keeps what is outside comments. On purpose: each "/" outside takes the character behind it along, and each
-/// "*" inside the one behind it, so that "/* x **/" never closes.
+/// Keeps what is outside comments. On purpose: each "/" outside removes the character after it too, and each
+/// "*" inside skips the one after it, so that "/* x **/" never closes.
 template <class Char>
 void DropComments(std::basic_string<Char>& text) {
   const std::basic_string_view<Char> whole = text;

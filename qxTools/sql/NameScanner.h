@@ -12,32 +12,33 @@ namespace qxTools {
 constexpr bool IsNameStart(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 constexpr bool IsNameChar(char c) { return IsNameStart(c) || (c >= '0' && c <= '9') || c == '_'; }
 
-/// Sets `upperName` to "@" and the name in capitals, in the room that it has.
+/// Sets `upperName` to "@" and the name in capitals. Its memory is used again.
 void SetUpperName(std::string& upperName, std::string_view name);
 
 /// Whether names inside quoted literals count.
 enum class Literals { kScan, kSkip };
 
-/// Reads the names behind "@" marks, front to back.
+/// Reads the names after "@" marks, from the start of the text to its end.
 ///
-/// A lone "@" stays open over anything that cannot begin a name, line ends included, and a further "@" begins
-/// anew. A name that the text's end or a further "@" cuts off is dropped. Where literals are skipped the
-/// quote that opens one does not end a name; the quote that closes it does. Each byte is looked at once.
+/// A lone "@" waits for its name over anything that cannot begin one, line ends included; a further "@"
+/// begins anew. A name that the text's end or a further "@" follows at once is dropped. If literals are
+/// skipped, the quote that opens one does not end a name; the quote that closes it does. Each byte is read
+/// once.
 class NameScanner {
  public:
   NameScanner(std::string_view text, Literals literals)
       : text_(text), literals_(literals), marks_(text, '@', literals == Literals::kSkip ? '\'' : '@') {}
 
-  /// The next name, without its "@". @return false when there is none left.
+  /// Sets `name` to the next name, without its "@". Returns false if there is none.
   bool Next(std::string_view& name);
 
  private:
   bool IsQuote(std::size_t position) const { return literals_ == Literals::kSkip && text_[position] == '\''; }
-  /// From an opening quote to behind the closing one. @return false when it is never closed.
+  /// Goes from an opening quote to after the closing one. Returns false if it is never closed.
   bool SkipLiteral();
-  /// To behind the next "@" outside literals.
+  /// Goes to after the next "@" outside literals. Returns false if there is none.
   bool FindMark();
-  /// To the first character of the next name.
+  /// Goes to the first character of the next name. Returns false if there is none.
   bool FindNameStart();
 
   std::string_view text_;

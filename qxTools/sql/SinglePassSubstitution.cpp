@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// The "@" at `mark` and the name characters behind it.
+/// The "@" at `mark` and the name characters after it.
 std::string_view TokenAt(std::string_view text, std::size_t mark) {
   std::size_t end = mark + 1;
   while (end < text.size() && IsNameChar(text[end])) ++end;

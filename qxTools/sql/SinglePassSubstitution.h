@@ -13,7 +13,7 @@ namespace qxTools::QXSqlTools {
 /// Replaces the names of parameters with their literals, in any letter case.
 ///
 /// This equals replacing parameter after parameter in the whole text as long as no replacement can make or
-/// lengthen a token ("@" and the name characters behind it): only tokens can match, each is matched by the
+/// lengthen a token ("@" and the name characters after it): only tokens can match, each is matched by the
 /// first parameter of the list alone, and what is left of it holds no "@" any more. Where that is not certain
 /// the pass gives up.
 class SinglePassSubstitution {

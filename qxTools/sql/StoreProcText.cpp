@@ -85,7 +85,7 @@ using MacroTable = std::unordered_map<std::string_view, std::string_view>;
 
 /// One look at each "[$". This equals replacing macro after macro in the whole text as long as no expansion
 /// can make a name, which runs from "[$" to the first "]". A plain text brings in no "[$", but for an empty
-/// one, or one that begins with "$", right behind a "["; and none that stands in front is open, but for a
+/// one, or one that begins with "$", right after a "["; and none before it is open, but for a
 /// name around another one.
 std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTable& macros) {
   std::string out;

@@ -1,4 +1,4 @@
-// The texts behind the stored-procedure set: comments out, macros and quotes in.
+// The texts of the stored-procedure set: removing comments, expanding macros, doubling quotes.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ using Macro = std::pair<std::string, std::string>;
 void RemoveNotes(std::string& text);
 void RemoveNotes(std::u16string& text);
 
-/// The text with macro after macro replaced, case counting.
+/// Returns the text with one macro after the other replaced; letter case matters.
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros);
 
 /// Returns the text with two apostrophes for each one and for each "[##]", and `end` after it as it is.

@@ -50,7 +50,7 @@ TStoreProcParamType FindType(std::string_view text) {
   return static_cast<TStoreProcParamType>(found - StoreProcParamTypeStr.begin());
 }
 
-/// The number between the first "(" and the first ")", which must stand behind it.
+/// Returns the number between the first "(" and the first ")", which must be after it.
 Integer ReadLength(std::string_view type, std::size_t open) {
   const std::size_t close = type.find(')');
   return StrToInt(close == kNone || close < open ? "" : type.substr(open + 1, close - open - 1));

@@ -110,29 +110,48 @@ TEST(qxOleVariant, LoadingReadsFromIndex0Whatever) {
   EXPECT_EQ(packet.GetValue(u"deep"), Variant(1));
 }
 
-TEST(qxOleVariant, TheInterfaceTurnsExceptionsIntoACode) {
-  auto* const packet = new TQXOleVariant;
-  IQXOleVariant* const face = FaceOf(*packet);
-  Integer number = 9;
+TEST(qxOleVariant, AnAddedValueIsEmptyUntilItIsSetByIndex) {
+  TQXOleVariant packet;
+  IQXOleVariant* const face = FaceOf(packet);
   Variant value = 9;
   TOleVariantField* field = nullptr;
   ExpectCodes(S_OK, {face->AddValue(u"x", 1), face->GetItems(0, value), face->Add(field)});
-  EXPECT_TRUE(packet->GetFields(0)->Name == "" && value.IsEmpty());
+  EXPECT_TRUE(packet.GetFields(0)->Name == "" && value.IsEmpty());
   ExpectCodes(S_OK, {face->SetItems(1, 7), face->GetItems(1, value)});
+  EXPECT_EQ(value, Variant(7));
   EXPECT_EQ(field->Value, value);
-  ExpectCodes(E_UNEXPECTED, {face->GetFields(2, field), face->GetAction(number), face->GetValue(u"no", value),
+}
+
+TEST(qxOleVariant, TheInterfaceTurnsExceptionsIntoACodeAndAnEmptyResult) {
+  TQXOleVariant packet;
+  IQXOleVariant* const face = FaceOf(packet);
+  Integer number = 9;
+  Variant value = 9;
+  WideString literal = u"9";
+  TOleVariantField* field = packet.Add();
+  ExpectCodes(E_UNEXPECTED, {face->GetFields(1, field), face->GetAction(number), face->GetValue(u"no", value),
+                             face->GetSqlValue(u"no", literal), face->SetItems(1, 5),
                              face->LoadFromOle(ArrayOf({1, 2}, 1))});
-  EXPECT_TRUE(field == nullptr && number == 0 && value.IsEmpty());
-  ExpectCodes(S_OK, {face->SetOption(2), face->FindField(u"option", field)});
-  EXPECT_EQ(field, packet->GetFields(0));
-  ExpectCodes(S_OK, {face->Clear(), face->GetCount(number)});
-  EXPECT_EQ(number, 0);
+  EXPECT_TRUE(field == nullptr && number == 0 && value.IsEmpty() && literal.empty());
+  ExpectCodes(S_OK, {face->SetOption(2), face->FindField(u"option", field), face->GetCount(number)});
+  EXPECT_TRUE(field == packet.GetFields(0) && number == 1);
+  ExpectCodes(S_OK, {face->Clear(), face->GetCount(number), face->FindField(u"option", field)});
+  EXPECT_TRUE(field == nullptr && number == 0);
+}
+
+TEST(qxOleVariant, ReferencesByTheInterfaceLockThePacket) {
+  auto* const packet = new TQXOleVariant;
+  IQXOleVariant* const face = FaceOf(*packet);
   void* found = nullptr;
   EXPECT_EQ(face->QueryInterface(IInterface::IID, &found), S_OK);
   EXPECT_EQ(found, static_cast<IInterface*>(packet));
   face->_Release();
+  EXPECT_EQ(packet->GetLocked(), -1);
   packet->UnLock();
   face->_Release();  // destroys the packet
+}
+
+TEST(qxOleVariant, TheInterfaceHasItsMethodsInOrder) {
   using I = IQXOleVariant;
   const std::array slots{SlotOf(&I::GetFields), SlotOf(&I::SetAction), SlotOf(&I::Add),
                          SlotOf(&I::FindField)};
