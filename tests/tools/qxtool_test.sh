@@ -137,7 +137,7 @@ expect 2 "no field Age" table born.tbl to-csv --minguo Age
 expect 0 "" table born.tbl set 2 Born 99/1/2
 expect 0 "qxtool: Born: 1 years of one or two digits were read as ROC years, the first in 99/1/2" table born.tbl to-csv --gregorian Born
 printf '[#\x80#]\r\n' >stray.tbl
-expect 2 "bytes that are no characters" --utf8-terminal table stray.tbl to-csv
+expect 2 "bytes that are not characters" --utf8-terminal table stray.tbl to-csv
 expect 0 $'No.  \xEF\xBF\xBD' --utf8-terminal table stray.tbl show
 expect 1 "no field Fax" table a.tbl get 1 Fax
 for text in 'a[' ']a' 'a#]' $'a\nb'; do expect 2 "a text cannot hold" table a.tbl set 1 Name "$text"; done
@@ -145,7 +145,7 @@ expect 2 "a text cannot hold" table a.tbl append 'a[ '
 printf '[#A#][#A#]\n[#1#][#2#][#"#]\n' >longer.tbl
 expect 0 '1    1  2  "' table longer.tbl show
 expect 0 '{"No.":1,"A":"1","#3":"2","#4":"\""}' table longer.tbl show --json
-expect 2 "this is no string table" table message show
+expect 2 "this is not a string table" table message show
 
 printf '\xbb\xfa\xc6\xf7' >text.gb
 expect 0 "" convert --from gb2312 --to big5 text.gb -o text.big5
@@ -162,13 +162,13 @@ losses() {
   got=$(LC_ALL=C.UTF-8 "$qxtool" convert "${@:3}" --report loss.txt 2>&1 >loss.out | sed 's/^loss.txt://; s/.*: \([0-9]*\) char.*/\1/')
   same "$wanted" "$got"
 }
-losses $'2:2: E9 46, no character of gb2312 (if gbk has it, use --from gbk)\n2:3: A8 A1, ā, big5 lacks it\n2' \
+losses $'2:2: E9 46, not a character of gb2312 (if gbk has it, use --from gbk)\n2:3: A8 A1, ā, big5 lacks it\n2' \
   'a\n\xb0\xa1\xe9\x46\xa8\xa1\n' --from EUC-CN --to cp950
 same "$(printf 'a\n\xb0\xda\xb7\xec  ')" "$(<loss.out)"
 losses $'1:2: E9 46, 镕, big5 lacks it\n1' '\x87\x4b\xe9\x46' --from cp936 --to big5
 same "$(printf '\xb9\xc9  ')" "$(<loss.out)"  # 嘖
-losses $'1:3: C3, no character of big5\n1' '\xa4\xa4(\xc3' --from big5 --to utf8
-losses $'1:1: E2 82 AC, €, gb2312 lacks it\n3:2: F0 9F 98 80, 😀, gb2312 lacks it\n3:3: E0 80, no character of utf8\n3' \
+losses $'1:3: C3, not a character of big5\n1' '\xa4\xa4(\xc3' --from big5 --to utf8
+losses $'1:1: E2 82 AC, €, gb2312 lacks it\n3:2: F0 9F 98 80, 😀, gb2312 lacks it\n3:3: E0 80, not a character of utf8\n3' \
   '€\n\n中😀\xe0\x80' --from UTF-8 --to gb2312
 expect 1 "was lost; --report lists them" convert --strict --from utf8 --to big5 -o loss.out < <(printf '😀')
 [ -s loss.out ] || fail "--strict replaced a file"

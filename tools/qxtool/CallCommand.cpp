@@ -148,7 +148,7 @@ void AddCallCommand(Command program) {
       .Placeholder("NAME=VALUE");
   command.Text("--declare", options->declare, "Declaration list, a file or the text itself")
       .Placeholder("FILE|TEXT");
-  command.Flag("--all", options->all, "Take every @ name, not only @MM and @MM_...");
+  command.Flag("--all", options->all, "Use every @ name, not only @MM and @MM_...");
   const Option list = command.Flag("--list", options->list, "Show parameters and macros instead of the call");
   command.Json(options->json).Needs(list);
   AddSafeOptions(command, options->safe).Excludes(list);

@@ -15,7 +15,7 @@ void UseHelpFormat(CLI::App& app);
 void RememberChoices(const CLI::Option* option, const std::vector<std::string>& values);
 
 /// The help of the command that `words` name from the program on, as in "ini", "set".
-/// @throws Failure for a word that is no command.
+/// @throws Failure for a word that is not a command.
 std::string HelpOf(const CLI::App& program, const std::vector<std::string>& words);
 
 /// What was wrong with a command line, in the words that the user wrote, and how the command is used.

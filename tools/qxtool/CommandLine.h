@@ -55,7 +55,7 @@ class Option {
   /// Misuse without the other, or with it.
   Option& Needs(const Option& other);
   Option& Excludes(const Option& other);
-  /// The help tells the value that stands without it.
+  /// The help shows the default value.
   Option& ShowDefault();
 
  private:
@@ -68,7 +68,7 @@ class Command {
  public:
   Command(CLI::App& app, ExitStatus& status) : app_(&app), status_(&status) {}
 
-  /// A command below this one, which then wants one of them.
+  /// A command below this one. This one then needs one of them.
   Command Add(const std::string& name, const std::string& help);
   /// A command below this one, with the function that runs when it was chosen. The function returns an
   /// ExitStatus, or nothing for kDone.
@@ -93,7 +93,7 @@ class Command {
   Option Number(const std::string& names, int& value, const std::string& help);
   /// All words that follow.
   Option Texts(const std::string& name, std::vector<std::string>& values, const std::string& help);
-  /// An option with one value that may stand several times.
+  /// An option with one value, which can be repeated.
   Option Repeated(const std::string& names, std::vector<std::string>& values, const std::string& help);
   /// A value that `read` takes apart; its Failure is a misuse of the option.
   Option Parsed(const std::string& name, const std::function<void(const std::string&)>& read,
@@ -101,7 +101,7 @@ class Command {
   Option Flag(const std::string& names, bool& value, const std::string& help);
   /// --json, which shows a list as JSON.
   Option Json(bool& value) { return Flag("--json", value, "Show the list as JSON, in UTF-8"); }
-  /// A flag that acts where it is read, before what stands behind it.
+  /// A flag that acts where it is read, before the words that follow it.
   void Switch(const std::string& names, const std::function<void()>& act, const std::string& help);
 
  private:

@@ -155,7 +155,7 @@ class LossReport {
 
   std::string NoCharacter() const {
     const char* const hint = from_ == TextEncoding::kGb2312 ? " (if gbk has it, use --from gbk)" : "";
-    return "no character of " + NameOf(from_) + hint;
+    return "not a character of " + NameOf(from_) + hint;
   }
 
   /// The character as the terminal has it, if it has it, and a comma.
@@ -164,7 +164,7 @@ class LossReport {
     return bytes.empty() || bytes == "?" ? "" : bytes + ", ";
   }
 
-  /// The character in UTF-8, or "" if the bytes are none.
+  /// The character in UTF-8, or "" if the bytes are not one.
   std::string CharacterOf(std::string_view bytes) {
     if (from_ == TextEncoding::kUtf8) return VisibleUtf8(bytes) == bytes ? std::string(bytes) : "";
     if (units_.empty()) units_ = MakeCodeMap(from_, TextEncoding::kUtf8);

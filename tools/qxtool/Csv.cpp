@@ -23,8 +23,8 @@ std::string CsvLine(const TextRow& row) {
 
 namespace {
 
-/// The cell at `i`, which then stands at the comma or the break behind it. A quote that does not begin the
-/// cell is part of its text.
+/// The cell at `i`, after which `i` is at the comma or the break that follows. A quote that does not begin
+/// the cell is part of its text.
 std::string ReadCell(std::string_view text, std::size_t& i) {
   std::string cell;
   for (bool inside = text.substr(i).starts_with('"'); inside;) {

@@ -36,7 +36,8 @@ void Load(const std::string& fileName, TFrameBitmaps& pieces) {
       qxDrawTools::LoadDWF(fileName, pieces);
     } catch (const Exception& e) {
       // The library's words say the opposite.
-      if (e.what() == fileName + " is a Draw of Frame(DW1) File.") throw Exception("This is no frame file");
+      if (e.what() == fileName + " is a Draw of Frame(DW1) File.")
+        throw Exception("This is not a frame file");
       if (std::string_view(e.what()).starts_with(fileName)) throw Failure(Visible(e.what()));
       throw;
     }

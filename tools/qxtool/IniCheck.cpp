@@ -44,7 +44,7 @@ class Checker {
   void Report(const char* what) { report_(number_, what); }
 
   void Section(const std::string& name) {
-    if (inRecord_) Report("a section inside an open record: values up to its end stay with that record");
+    if (inRecord_) Report("a section inside an open record: values up to its end remain in that record");
     if (!sections_.insert(UpperCase(name)).second)
       Report("a section of the same name: its records move to the first");
   }

@@ -14,7 +14,7 @@ using Json = nlohmann::ordered_json;
 
 std::string Utf8(const std::string& text) {
   const auto utf8 = database::Convert(text, database::Charset::kCodePage950, database::Charset::kUtf8);
-  if (!utf8) throw Failure("the list holds bytes that are no characters, so it has no form in JSON");
+  if (!utf8) throw Failure("the list holds bytes that are not characters, so it has no form in JSON");
   return *utf8;
 }
 

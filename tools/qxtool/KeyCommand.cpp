@@ -3,7 +3,6 @@
 #include <qxTools/platform/Random.h>
 
 #include <memory>
-#include <random>
 
 #include "Commands.h"
 #include "TextIo.h"
@@ -12,22 +11,11 @@ namespace qxtool {
 
 namespace {
 
-/// The system's random numbers: two runs at the same moment must not give the same keys.
-class SystemRandom : public qxTools::RandomSource {
- public:
-  void Draw(std::uint32_t* numbers, std::size_t count) override {
-    for (std::size_t i = 0; i < count; ++i) numbers[i] = device_();
-  }
-
- private:
-  std::random_device device_;
-};
-
+/// With the system's random numbers: two runs at the same moment must not give the same keys.
 void Run(int count) {
-  SystemRandom random;
+  static qxTools::SystemRandomSource random;
   qxTools::SetRandomSource(&random);
   for (int i = 0; i < count; ++i) Print(qxTools::QXUniKey::UniKey() + "\n");
-  qxTools::SetRandomSource(nullptr);
 }
 
 }  // namespace

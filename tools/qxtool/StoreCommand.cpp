@@ -73,7 +73,7 @@ class StoreFile {
   void CheckFlag(const std::string& header) const {
     const std::string flag = Flag();
     if (!header.starts_with(static_cast<char>(flag.size()) + flag))
-      throw Exception("This is no store, it does not begin with " + flag);
+      throw Exception("This is not a store, it does not begin with " + flag);
   }
 
   TFileStream file_;

@@ -43,7 +43,7 @@ void LoadText(TQXStringTable& table, const Options& options, const std::string& 
   if (table.GetEmpty()) throw Failure(Visible(options.file) + ": no header line");
   if (table.GetFieldCount() == 0)
     throw Failure(Visible(options.file) +
-                  ": this is no string table: its first line names no field, as in [#Name#]");
+                  ": this is not a string table: its first line names no field, as in [#Name#]");
 }
 
 void Load(TQXStringTable& table, const Options& options) {

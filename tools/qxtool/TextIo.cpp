@@ -49,7 +49,7 @@ std::string Narrow(std::string_view utf8, const std::string& subject) {
   const auto differs = std::mismatch(utf8.begin(), utf8.end(), back.begin(), back.end()).first;
   const auto line = 1 + std::count(utf8.begin(), differs, '\n');
   throw Failure(Visible(subject) + ": line " + std::to_string(line) +
-                ": no UTF-8, or a character that code page 950 lacks");
+                ": not UTF-8, or a character that code page 950 lacks");
 }
 
 }  // namespace
@@ -77,7 +77,7 @@ void UseEncodingOfLocale() {
 void Print(std::string_view text) {
   if (!GetEncoding().utf8Output) return PrintBytes(text);
   const auto utf8 = database::Convert(text, database::Charset::kCodePage950, database::Charset::kUtf8);
-  if (!utf8) throw Failure("the text holds bytes that are no characters, so it has no form in UTF-8");
+  if (!utf8) throw Failure("the text holds bytes that are not characters, so it has no form in UTF-8");
   PrintBytes(*utf8);
 }
 
@@ -117,7 +117,7 @@ std::string FileBytes(const std::string& fileName, const std::string& text) {
   if (!GetEncoding().utf8Files) return text;
   const std::string bytes = qxTools::BytesToUtf8(text);
   if (qxTools::Utf8ToBytes(bytes) != text)
-    throw Failure(Visible(fileName) + ": the text holds bytes that are no characters; nothing was saved");
+    throw Failure(Visible(fileName) + ": the text holds bytes that are not characters; nothing was saved");
   return bytes;
 }
 

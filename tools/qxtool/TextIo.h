@@ -100,7 +100,7 @@ enum class Emphasis { kNone, kBold, kError };
 /// Text, emphasised if `stream` is a terminal that shows it. NO_COLOR and TERM=dumb switch that off.
 std::string Emphasised(const std::string& text, Emphasis emphasis, std::FILE* stream);
 
-/// Bytes from outside (a name, a message of the system) for a message: control characters, and what is no
+/// Bytes from outside (a name, a message of the system) for a message: control characters, and what is not a
 /// character of the terminal's encoding, as \xNN.
 std::string Visible(std::string_view text);
 

@@ -118,7 +118,7 @@ class Position {
   std::uint64_t column_ = 1;
 };
 
-/// How the library converts bytes between two scripts; null where two spaces stand for what is lost.
+/// How the library converts bytes between two scripts; null where what is lost becomes two spaces.
 using ScriptConversion = std::string (*)(std::string_view bytes);
 
 template <class Source, class Target>

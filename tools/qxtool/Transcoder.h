@@ -11,7 +11,7 @@
 
 namespace qxtool {
 
-/// A character without a counterpart, or bytes that are no character.
+/// A character without a counterpart, or bytes that are not a character.
 struct Loss {
   std::uint64_t line;    // from 1
   std::uint64_t column;  // in characters, from 1
@@ -20,7 +20,7 @@ struct Loss {
 using OnLoss = std::function<void(const Loss& loss)>;
 
 /// Converts a text that comes in pieces, cut anywhere. What is lost becomes two spaces and is reported;
-/// between big5 and gb2312 bytes that are no character are converted as the library does, and reported as
+/// between big5 and gb2312 bytes that are not a character are converted as the library does, and reported as
 /// well. A byte-order mark in front of UTF-8 is left out.
 class Transcoder {
  public:

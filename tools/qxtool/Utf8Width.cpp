@@ -29,10 +29,10 @@ class Utf8Locale {
   locale_t previous_;
 };
 
-/// Calls `tell(character, columns)` for each character; columns are less than 0 for a control character and
-/// for a byte that is no UTF-8.
-template <class Tell>
-void ForEachCharacter(std::string_view utf8, Tell&& tell) {
+/// Calls `visit(character, columns)` for each character; columns are less than 0 for a control character and
+/// for a byte that is not UTF-8.
+template <class Visit>
+void ForEachCharacter(std::string_view utf8, Visit&& visit) {
   const Utf8Locale locale;
   while (!utf8.empty()) {
     wchar_t character = 0;
@@ -40,7 +40,7 @@ void ForEachCharacter(std::string_view utf8, Tell&& tell) {
     std::size_t length = std::mbrtowc(&character, utf8.data(), utf8.size(), &state);
     const bool valid = length != 0 && length <= utf8.size();
     if (!valid) length = 1;
-    tell(utf8.substr(0, length), valid ? wcwidth(character) : -1);
+    visit(utf8.substr(0, length), valid ? wcwidth(character) : -1);
     utf8.remove_prefix(length);
   }
 }

@@ -6,7 +6,7 @@
 
 namespace qxtool {
 
-/// `utf8` as a terminal can show it: control characters and bytes that are no UTF-8 as \xNN.
+/// `utf8` as a terminal can show it: control characters and bytes that are not UTF-8 as \xNN.
 std::string VisibleUtf8(std::string_view utf8);
 
 /// The columns that a text made visible takes: wide characters count two, combining ones none.

@@ -14,7 +14,7 @@ struct NamedValue {
 };
 
 /// Reads the arguments of --set. Without a type a value is text.
-/// @throws Failure, quoting the argument, for an unknown type or a value that is none of its type.
+/// @throws Failure, quoting the argument, for an unknown type or a value that is not of its type.
 std::vector<NamedValue> ReadValues(const std::vector<std::string>& arguments);
 
 /// The types for the help text.
