@@ -180,10 +180,10 @@ for length in {65531..65536}; do
   "$qxtool" convert --from utf8 --to big5 cut.utf8 | "$qxtool" convert --from big5 --to utf8 | cmp - cut.utf8 || bad=1
 done
 expect 0 '"Code":9003,"Value":"unchanged"' date 2024/2/29 --json
-expect 0 "Gregorian  1999-01-02  a year of one or two digits is a ROC year" date --minguo 99/1/2
-expect 0 "mfNumerals  民國一百一十三年五月一日" --utf8-terminal date --minguo 2024-05-01
-expect 0 "mfDash      113-2-29" date --minguo 2024/2/29
-expect 0 "ROC              the month has only 28 days" date --minguo 112/2/29
+expect 0 '"Text":"1999-01-02","With zeros":"","Refused by":"a year of one or two digits is a ROC year"}' date --minguo 99/1/2 --json
+expect 0 "mfNumerals       民國一百一十三年五月一日" --utf8-terminal date --minguo 2024-05-01
+expect 0 "mfDash           113-2-29" date --minguo 2024/2/29
+expect 0 "ROC                                the month has only 28 days" date --minguo 112/2/29
 [ "$("$qxtool" key -n 3 | sort -u | wc -l)" = 3 ] || { echo "keys are not three"; bad=1; }
 
 printf 'any\0bytes' >data

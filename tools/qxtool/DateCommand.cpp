@@ -100,38 +100,35 @@ std::optional<TDateTime> GregorianDate(const std::string& text) {
   }
 }
 
-/// The text as a ROC date, and as a Gregorian one: each with what refuses it.
+/// The text as a ROC date, and as a Gregorian one if that is another reading: each with what refuses it.
 std::vector<TextRow> MinguoReadings(const std::string& text, const QXMinguoDate::TMinguoReading& reading,
                                     const std::optional<TDateTime>& gregorian) {
-  if (*reading.Error == '\0' && *reading.Rule == '\0') return {{"ROC", DateToStrEx(reading.Date, '-'), ""}};
-  if (*reading.Error == '\0')
-    return {{"ROC", DateToStrEx(reading.Date, '-'), ""},
-            {"Gregorian", DateToStrEx(reading.Gregorian, '-'), reading.Rule}};
-  return {{"ROC", "", reading.Error},
-          {"Gregorian", gregorian ? DateToStrEx(*gregorian, '-') : "",
-           gregorian ? "" : "'" + text + "' is not a date with a year of four digits"}};
+  const bool isMinguo = *reading.Error == '\0';
+  std::vector<TextRow> rows = {{"ROC", isMinguo ? DateToStrEx(reading.Date, '-') : "", "", reading.Error}};
+  if (!isMinguo)
+    rows.push_back({"Gregorian", gregorian ? DateToStrEx(*gregorian, '-') : "", "",
+                    gregorian ? "" : "'" + text + "' is not a date with a year of four digits"});
+  else if (*reading.Rule != '\0')
+    rows.push_back({"Gregorian", DateToStrEx(reading.Gregorian, '-'), "", reading.Rule});
+  return rows;
 }
 
-std::vector<TextRow> MinguoForms(TDateTime date) {
+void AddMinguoForms(TDateTime date, std::vector<TextRow>& rows) {
   using namespace QXMinguoDate;
   constexpr std::pair<const char*, TMinguoForm> kForms[] = {
       {"mfSlash", mfSlash},     {"mfPoint", mfPoint},     {"mfDash", mfDash},
       {"mfCompact", mfCompact}, {"mfChinese", mfChinese}, {"mfNumerals", mfNumerals}};
-  std::vector<TextRow> rows;
   for (const auto& [name, form] : kForms)
-    rows.push_back({name, MinguoToStr(date, form, false), MinguoToStr(date, form, true)});
-  return rows;
+    rows.push_back({name, MinguoToStr(date, form, false), MinguoToStr(date, form, true), ""});
 }
 
 /// Shows a date of either calendar in both: a text that is not a ROC date is read as a Gregorian one.
 void ShowMinguo(const std::string& text, bool json) {
   const QXMinguoDate::TMinguoReading reading = QXMinguoDate::ReadMinguo(text);
   const std::optional<TDateTime> date = *reading.Error == '\0' ? reading.Date : GregorianDate(text);
-  const std::vector<TextRow> forms = date ? MinguoForms(*date) : std::vector<TextRow>();
-  PrintList({{"Read as", "Date", "Refused by"}, RowsOf(MinguoReadings(text, reading, date))}, json);
-  if (forms.empty()) return;
-  if (!json) Display("\n");
-  PrintList({{"Form", "Text", "With zeros"}, RowsOf(forms)}, json);
+  std::vector<TextRow> rows = MinguoReadings(text, reading, date);
+  if (date) AddMinguoForms(*date, rows);
+  PrintList({{"Reading or form", "Text", "With zeros", "Refused by"}, RowsOf(rows)}, json);
 }
 
 struct Options {
