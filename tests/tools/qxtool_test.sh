@@ -342,7 +342,7 @@ completes() {
     source "$0"' "$source/tools/qxtool/completion/_qxtool" "$qxtool" "$@")"
 }
 . "$source/tools/qxtool/completion/qxtool.bash"
-completes "call command convert" c
+completes "call command check convert" c
 completes "big5" convert --from b
 completes "" ini ''
 completes "set" ini a.ini s
