@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "CallCheck.h"
 #include "Commands.h"
 #include "RunOptions.h"
 #include "SafeOptions.h"
@@ -27,6 +28,7 @@ struct Options {
   bool all = false;
   bool list = false;
   bool json = false;
+  bool check = false;
   SafeOptions safe;
   RunOptions run;
 };
@@ -97,6 +99,24 @@ TextList ListOf(const TQXSqlStoreProc& procedure) {
   return {{"Kind", "Name", "Type", "Length", "Value"}, RowsOf(rows), {3}};
 }
 
+/// A list that LoadParams refuses is still checked: a rule says what is wrong with it.
+ExitStatus RunCheck(TQXSqlStoreProc& procedure, const Options& options) {
+  std::string declarations;
+  std::string refused;
+  try {
+    WithDeclarations(options.declare, [&](const std::string& text) {
+      declarations = text;
+      LoadDeclarations(procedure, text);
+    });
+  } catch (const Failure& e) {
+    refused = e.what();
+  }
+  if (refused.empty()) SetValues(procedure, options.file, ReadValues(options.set));
+  const ExitStatus status = CheckCallValues(options.file, procedure, declarations);
+  if (status == kDone && !refused.empty()) throw Failure(refused);
+  return status;
+}
+
 ExitStatus RunOrdinary(TQXSqlStoreProc& procedure, const Options& options) {
   WithDeclarations(options.declare, [&](const std::string& text) { LoadDeclarations(procedure, text); });
   const std::vector<NamedValue> values = ReadValues(options.set);
@@ -130,6 +150,7 @@ ExitStatus RunSafe(TQXSqlStoreProc& procedure, const Options& options) {
 ExitStatus Run(const Options& options) {
   TQXSqlStoreProc procedure;
   LoadStatement(procedure, options);
+  if (options.check) return RunCheck(procedure, options);
   return options.safe.isOn ? RunSafe(procedure, options) : RunOrdinary(procedure, options);
 }
 
@@ -151,8 +172,10 @@ void AddCallCommand(Command program) {
   command.Flag("--all", options->all, "Use every @ name, not only @MM and @MM_...");
   const Option list = command.Flag("--list", options->list, "Show parameters and macros instead of the call");
   command.Json(options->json).Needs(list);
-  AddSafeOptions(command, options->safe).Excludes(list);
-  AddRunOptions(command, options->run).Excludes(list);
+  Option check = command.Flag("--check", options->check, "Report what in the values does harm silently");
+  AddSafeOptions(command, options->safe).Excludes(list).Excludes(check);
+  AddRunOptions(command, options->run).Excludes(list).Excludes(check);
+  check.Excludes(list);
 }
 
 }  // namespace qxtool

@@ -63,6 +63,23 @@ if [ "$(id -u)" != 0 ]; then
   expect 2 'half.sql' --as command in
 fi
 
+# A call's values.
+printf 'select @MM_A from [$T]\n' >call.sql
+call() {
+  local status=$1 pattern=$2 got out
+  shift 2
+  out=$("$qxtool" call call.sql --check "$@" 2>&1)
+  got=$?
+  [ $got = "$status" ] && grep -qE -- "$pattern" <<<"$out" && return
+  printf 'call --check %s: status %s, not %s, or no %s in:\n%s\n' "$*" $got "$status" "$pattern" "$out"
+  bad=1
+}
+call 0 '^$' --set @MM_A:int=1
+call 1 '^call.sql: error\[CALL501\]: @MM_A: '
+call 1 'CALL508' --set @MM_A:int=1 --set '$T=a;b'
+call 1 'CALL509' --declare '@MM_A Decimal(9,2)'
+call 2 'ParamStyle not Found' --declare '@MM_A Foo'
+
 valid() {
   /usr/bin/python3 - "$here/sarif-schema.json" <<'PY'
 import json, subprocess, sys, jsonschema

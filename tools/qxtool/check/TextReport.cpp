@@ -60,12 +60,17 @@ class TextReporter : public Reporter {
 
   void Show(const FileReport& report, const ShownFinding& finding) {
     if (finding.suppression != Suppression::kNone) return;
-    const std::string place =
-        Visible(report.path) + ":" + std::to_string(finding.line) + ":" + std::to_string(finding.column);
+    const bool placed = report.kind != FileKind::kCall;
+    const std::string numbers = ":" + std::to_string(finding.line) + ":" + std::to_string(finding.column);
+    write_(Coloured(Visible(report.path) + (placed ? numbers : ""), "\x1B[1m") + ": " + LevelText(finding) +
+           ": " + Encoded(finding.message) + "\n" + (placed ? MarkedLine(finding) : "") +
+           "  help: " + std::string(finding.rule->remedy) + "\n\n");
+  }
+
+  std::string MarkedLine(const ShownFinding& finding) const {
     const std::string carets(finding.caretWidth, '^');
-    write_(Coloured(place, "\x1B[1m") + ": " + LevelText(finding) + ": " + Encoded(finding.message) + "\n  " +
-           Encoded(finding.excerpt) + "\n  " + std::string(finding.caret, ' ') +
-           Coloured(carets, "\x1B[1;32m") + "\n  help: " + std::string(finding.rule->remedy) + "\n\n");
+    return "  " + Encoded(finding.excerpt) + "\n  " + std::string(finding.caret, ' ') +
+           Coloured(carets, "\x1B[1;32m") + "\n";
   }
 
   void ShowMore(const FileReport& report, const Rule& rule, std::size_t more) {

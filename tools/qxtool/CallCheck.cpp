@@ -1,0 +1,21 @@
+#include "CallCheck.h"
+
+#include "TextIo.h"
+#include "check/Report.h"
+
+namespace qxtool {
+
+ExitStatus CheckCallValues(const std::string& file, const qxTools::qxSqlStoreProc::TQXSqlStoreProc& set,
+                           const std::string& declarations) {
+  const check::FileReport report = check::CheckCall(file, set, declarations, {});
+  check::ReportOptions options;
+  options.colour = Emphasised("x", Emphasis::kBold, stdout) != "x";
+  options.utf8 = GetEncoding().utf8Output;
+  const auto reporter = check::MakeReporter("text", options, PrintBytes);
+  reporter->File(report);
+  if (!report.findings.empty()) reporter->End();
+  const auto warning = static_cast<std::size_t>(check::Level::kWarning);
+  return report.levels[warning] + report.levels[warning + 1] > 0 ? kFound : kDone;
+}
+
+}  // namespace qxtool
