@@ -2,8 +2,8 @@
 //
 // A row is <work>/<who>/<size>, the size in bytes or, for fields, in fields. Loops that count go on one byte
 // behind each hit, since overlapping hits count. Abseil and Boost replace each hit once: the same text where
-// the replacement holds nothing of what is replaced, else one of the same length. Abseil has no replacement
-// of any case; there it does the plain one.
+// the replacement holds nothing of what is replaced, else one of the same length. Abseil and the find loop
+// have no replacement of any case; there they do the plain one.
 #include <absl/strings/str_replace.h>
 #include <absl/strings/str_split.h>
 #include <benchmark/benchmark.h>
@@ -76,6 +76,14 @@ std::string ReplaceByAbseil(const std::string& s, std::string_view old, std::str
   return absl::StrReplaceAll(absl::string_view(s.data(), s.size()),
                              {{absl::string_view(old.data(), old.size()),
                                absl::string_view(replacement.data(), replacement.size())}});
+}
+
+std::string ReplaceByFind(const std::string& s, const std::string& old, const std::string& replacement) {
+  std::string result;
+  std::size_t from = 0;
+  for (std::size_t p; (p = s.find(old, from)) != std::string::npos; from = p + old.size())
+    result.append(s, from, p - from).append(replacement);
+  return result.append(s, from);
 }
 
 // --- Rows --------------------------------------------------------------------
@@ -190,6 +198,7 @@ void RegisterReplace(const std::string& work, const std::string& old, const std:
          return apart ? result == simple : result.size() == simple.size();
        },
        {{"qxTools", [=](const std::string& s) { return ReplaceAllStr(s, old, replacement, ignoreCase); }},
+        {"find", [=](const std::string& s) { return ReplaceByFind(s, old, replacement); }},
         {"absl::StrReplaceAll", [=](const std::string& s) { return ReplaceByAbseil(s, old, replacement); }},
         {"boost", boost}}});
 }
