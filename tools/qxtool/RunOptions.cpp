@@ -23,10 +23,9 @@ Option AddRunOptions(Command& command, RunOptions& options) {
       command.Text("--run", options.connection,
                    "Run the text over ODBC and show its rows: a connection string or a data source's name");
   run.Placeholder("CONNECTION").NotEmpty();
-  command.Text("--client-charset", options.charset, "What the driver takes and gives: utf8 or cp950")
+  command.Text("--client-charset", options.charset, "Changes nothing any more: text goes as UTF-16")
       .OneOf({"utf8", "cp950"})
-      .Needs(run)
-      .ShowDefault();
+      .Needs(run);
   command.Flag("--csv", options.csv, "Show rows as CSV, not as a table").Needs(run);
   const Option strict =
       command.Flag("--strict", options.strict,

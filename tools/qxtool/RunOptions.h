@@ -11,7 +11,7 @@ namespace qxtool {
 
 struct RunOptions {
   std::string connection;  // empty: the text is only shown
-  std::string charset = "utf8";
+  std::string charset;     // accepted, and ignored
   bool csv = false;
   bool strict = false;
   bool noStrict = false;

@@ -18,18 +18,23 @@ namespace {
 using database::Charset;
 
 /// A message of the driver, for standard error.
-std::string Readable(const database::Message& message, Charset server) {
-  const std::string text = database::ConvertVisibly(message, server, MessageCharset());
+std::string Readable(const std::string& message) {
+  const std::string text = database::ConvertVisibly(message, Charset::kUtf8, MessageCharset());
   return MessageCharset() == Charset::kUtf8 ? VisibleUtf8(text) : Visible(text);
+}
+
+/// The connection string, which is an argument, as UTF-8.
+std::string Target(const std::string& argument) {
+  if (auto target = database::Convert(argument, MessageCharset(), Charset::kUtf8)) return *std::move(target);
+  throw Failure("--run: a byte of the connection string is no character");
 }
 
 /// One run of a statement: executes it and prints result after result.
 class Run {
  public:
-  Run(const RunOptions& options, Charset server)
+  explicit Run(const RunOptions& options)
       : csv_(options.csv),
-        server_(server),
-        connection_(options.connection),
+        connection_(Target(options.connection)),
         statement_(connection_),
         watch_(statement_, ShowsProgress()) {}
 
@@ -70,7 +75,7 @@ class Run {
   // --- The table for people ---
 
   std::string Visibly(const std::string& text) const {
-    return database::ConvertVisibly(text, server_, OutputCharset());
+    return database::ConvertVisibly(text, Charset::kUtf8, OutputCharset());
   }
 
   /// NULL as such; a text of those letters is told from it by quotes.
@@ -95,7 +100,8 @@ class Run {
   // --- CSV for programs ---
 
   std::string Exactly(const std::string& text, int column, std::uint64_t row) const {
-    if (auto converted = database::Convert(text, server_, OutputCharset())) return *std::move(converted);
+    if (auto converted = database::Convert(text, Charset::kUtf8, OutputCharset()))
+      return *std::move(converted);
     const std::string place = row > 0 ? "row " + std::to_string(row) : "the head";
     const char* const where = OutputCharset() == Charset::kUtf8
                                   ? "UTF-8; without --utf8 it has one"
@@ -124,11 +130,13 @@ class Run {
 
   void Tell(const std::string& line) {
     watch_.Clear();
+    FlushOutput();  // rows and messages that go to one file keep their order
     std::fprintf(stderr, "%s\n", line.c_str());
   }
 
   void TellMessages() {
-    for (const database::Message& message : statement_.TakeMessages()) Tell(Readable(message, server_));
+    for (const database::Message& message : statement_.TakeMessages())
+      Tell(Readable(message.Printed().value_or(message.AsText())));
   }
 
   void TellAffectedRows() {
@@ -137,7 +145,6 @@ class Run {
   }
 
   const bool csv_;
-  const Charset server_;
   database::Connection connection_;
   database::Statement statement_;
   StatementWatch watch_;
@@ -147,13 +154,13 @@ class Run {
 }  // namespace
 
 void RunStatement(const RunOptions& options, std::string_view statement) {
-  const Charset server = options.charset == "utf8" ? Charset::kUtf8 : Charset::kCodePage950;
   try {
-    Run(options, server).Execute(database::ForServer(statement, server));
+    Run(options).Execute(database::ForServer(statement, Charset::kUtf8));
   } catch (const database::Error& e) {
+    FlushOutput();  // what came before the failure is shown before it
     std::string text;
     for (const database::Message& message : e.Messages())
-      text += (text.empty() ? "" : "\n        ") + Readable(message, server);
+      text += (text.empty() ? "" : "\n        ") + Readable(message.AsText());
     throw Failure(text.empty() ? e.what() : text);
   }
 }

@@ -1,6 +1,7 @@
 // A connection over ODBC: handles that free themselves, and errors that carry what the driver said.
 //
-// Text passes as the bytes that it is, both ways; Charset.h says what they mean.
+// Text is UTF-8 here. Drivers get and give UTF-16, whatever character set they are set to; one that has no
+// wide calls, as SQLite's, gets and gives UTF-8.
 #pragma once
 
 #include <qxTools/base/Exceptions.h>
@@ -13,8 +14,17 @@
 
 namespace qxtool::database {
 
-/// One record of what a driver says: "SQLSTATE message", with the server's own number, if any, between.
-using Message = std::string;
+/// One record of what a driver says.
+struct Message {
+  std::string state = {};   // SQLSTATE, none for a failure that was found here
+  std::int32_t number = 0;  // the server's own, 0 without one
+  std::string text = {};
+
+  /// All of it: "SQLSTATE (number) text".
+  std::string AsText() const;
+  /// The text of a PRINT, without the names that the driver puts in front; nothing for other messages.
+  std::optional<std::string> Printed() const;
+};
 
 /// A call that failed, with all the records that the driver gave.
 class Error : public qxTools::Exception {
@@ -35,6 +45,9 @@ class Handle {
   Handle& operator=(const Handle&) = delete;
 
   void* Get() const { return handle_; }
+  /// Whether the driver behind it has wide calls; so it is taken to be until it is known.
+  bool IsWide() const { return isWide_; }
+  void SetWide(bool isWide) { isWide_ = isWide; }
   /// What the driver says of the last call.
   std::vector<Message> Messages() const;
   /// @throws Error when `result`, the answer of a call on this handle, is none of success.
@@ -43,6 +56,7 @@ class Handle {
  private:
   std::int16_t type_;
   void* handle_ = nullptr;
+  bool isWide_ = true;
 };
 
 class Connection {
@@ -54,6 +68,8 @@ class Connection {
   const Handle& Get() const { return connection_; }
 
  private:
+  bool HasWideCalls() const;
+
   Handle environment_;
   Handle connection_;
 };
@@ -63,8 +79,8 @@ class Statement {
  public:
   explicit Statement(const Connection& connection);
 
-  /// Runs a text; its first result is then at hand.
-  void Execute(std::string_view text);
+  /// Runs a statement; its first result is then the current one.
+  void Execute(std::string_view utf8);
   /// Goes on to the next result. @return false when there is none.
   bool NextResult();
 
@@ -88,9 +104,18 @@ class Statement {
 
  private:
   void Keep(std::int16_t result);
+  bool IsBinary(int column);
+  template <class String>
+  std::string Label(int column) const;
+  template <class Unit>
+  std::optional<std::basic_string<Unit>> Read(int column, std::int16_t type,
+                                              std::basic_string<Unit>& piece) const;
 
   Handle statement_;
-  std::string piece_;
+  // The piece of a value that is being read.
+  std::u16string wide_;
+  std::string bytes_;
+  std::vector<bool> isBinary_;  // of the result's first columns, as far as they were asked for
   std::vector<Message> messages_;
 };
 
