@@ -43,14 +43,13 @@ class Run {
       statement_.Execute(text);
       return true;
     });
-    do {
-      TellMessages();
-      if (statement_.ColumnCount() > 0)
-        ShowRows();
-      else
-        TellAffectedRows();
-    } while (watch_.During([&] { return statement_.NextResult(); }));
-    TellMessages();
+    try {
+      ShowResults();
+    } catch (const database::Error& e) {
+      auto messages = e.Messages();
+      messages.push_back({.text = "results behind it were not read, and statements behind it may have run"});
+      throw database::Error(std::move(messages));
+    }
   }
 
  private:
@@ -61,6 +60,17 @@ class Run {
     if (!watch_.During([&] { return statement_.Fetch(); })) return false;
     watch_.CountRow();
     return true;
+  }
+
+  void ShowResults() {
+    do {
+      TellMessages();
+      if (statement_.ColumnCount() > 0)
+        ShowRows();
+      else
+        TellAffectedRows();
+    } while (watch_.During([&] { return statement_.NextResult(); }));
+    TellMessages();
   }
 
   void ShowRows() {
@@ -84,17 +94,30 @@ class Run {
     return *value == "NULL" ? "'NULL'" : Visibly(*value);
   }
 
+  void ReadRows(int columns, std::vector<TextRow>& rows) {
+    while (Fetch()) {
+      TextRow& row = rows.emplace_back();
+      for (int i = 1; i <= columns; ++i) row.push_back(TableCell(statement_.Value(i)));
+    }
+  }
+
   void ShowTable() {
     const int columns = statement_.ColumnCount();
     TextRow head;
     for (int i = 1; i <= columns; ++i) head.push_back(Visibly(statement_.ColumnName(i)));
     std::vector<TextRow> rows;
-    while (Fetch()) {
-      TextRow& row = rows.emplace_back();
-      for (int i = 1; i <= columns; ++i) row.push_back(TableCell(statement_.Value(i)));
+    const auto show = [&] {
+      watch_.Clear();
+      PrintBytes(OutputCharset() == Charset::kUtf8 ? AlignUtf8Rows(head, rows) : AlignRows(head, rows));
+    };
+    try {
+      ReadRows(columns, rows);
+    } catch (const database::Error&) {
+      for (TextRow& row : rows) row.resize(head.size());  // the last one may have been cut short
+      show();
+      throw;
     }
-    watch_.Clear();
-    PrintBytes(OutputCharset() == Charset::kUtf8 ? AlignUtf8Rows(head, rows) : AlignRows(head, rows));
+    show();
   }
 
   // --- CSV for programs ---
@@ -109,6 +132,12 @@ class Run {
     throw Failure(place + ", column " + std::to_string(column) + ": a character has no form in " + where);
   }
 
+  /// The only cell of a row: an empty line would be the one between two results.
+  static std::string LoneCell(const std::optional<std::string>& value) {
+    if (!value) return "NULL";
+    return *value == "NULL" ? "\"NULL\"" : CsvCell(value);
+  }
+
   void ShowCsv() {
     const int columns = statement_.ColumnCount();
     TextRow head;
@@ -119,7 +148,7 @@ class Run {
       for (int i = 1; i <= columns; ++i) {
         std::optional<std::string> value = statement_.Value(i);
         if (value) value = Exactly(*value, i, row);
-        line += (i > 1 ? "," : "") + CsvCell(value);
+        line += columns == 1 ? LoneCell(value) : (i > 1 ? "," : "") + CsvCell(value);
       }
       PrintBytes(line + "\r\n");
     }
@@ -161,7 +190,7 @@ void RunStatement(const RunOptions& options, std::string_view statement) {
     std::string text;
     for (const database::Message& message : e.Messages())
       text += (text.empty() ? "" : "\n        ") + Readable(message.AsText());
-    throw Failure(text.empty() ? e.what() : text);
+    throw Failure(text);
   }
 }
 

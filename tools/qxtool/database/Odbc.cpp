@@ -19,6 +19,7 @@ namespace {
 constexpr std::size_t kFirstPiece = 4097;
 constexpr std::size_t kLaterPiece = 1048577;
 constexpr SQLSMALLINT kMostSmall = std::numeric_limits<SQLSMALLINT>::max();
+constexpr SQLSMALLINT kMostName = 8192;  // bytes; for a larger room PostgreSQL's driver fails
 
 SQLCHAR* Text(std::string& text) { return reinterpret_cast<SQLCHAR*>(text.data()); }
 SQLWCHAR* Text(std::u16string& text) { return reinterpret_cast<SQLWCHAR*>(text.data()); }
@@ -42,11 +43,11 @@ SQLRETURN GetDiagRec(SQLSMALLINT type, void* handle, SQLSMALLINT i, std::u16stri
                      std::u16string& text) {
   return SQLGetDiagRecW(type, handle, i, Text(state), &number, Text(text), kMostSmall - 1, nullptr);
 }
-SQLRETURN ColumnLabel(void* statement, SQLUSMALLINT column, std::string& name) {
-  return SQLColAttribute(statement, column, SQL_DESC_LABEL, name.data(), kMostSmall - 1, nullptr, nullptr);
+SQLRETURN ColumnLabel(void* statement, SQLUSMALLINT column, std::string& name, SQLSMALLINT& bytes) {
+  return SQLColAttribute(statement, column, SQL_DESC_LABEL, name.data(), kMostName, &bytes, nullptr);
 }
-SQLRETURN ColumnLabel(void* statement, SQLUSMALLINT column, std::u16string& name) {
-  return SQLColAttributeW(statement, column, SQL_DESC_LABEL, name.data(), kMostSmall - 1, nullptr, nullptr);
+SQLRETURN ColumnLabel(void* statement, SQLUSMALLINT column, std::u16string& name, SQLSMALLINT& bytes) {
+  return SQLColAttributeW(statement, column, SQL_DESC_LABEL, name.data(), kMostName, &bytes, nullptr);
 }
 SQLRETURN ExecDirect(void* statement, std::string& text) {
   return SQLExecDirect(statement, Text(text), static_cast<SQLINTEGER>(text.size()));
@@ -69,7 +70,7 @@ std::vector<Message> ReadMessages(SQLSMALLINT type, void* handle) {
 std::string Joined(const std::vector<Message>& messages) {
   std::string text;
   for (const Message& message : messages) text += (text.empty() ? "" : "\n") + message.AsText();
-  return text.empty() ? "the driver gives no reason" : text;
+  return text;
 }
 
 const Handle& AskForVersion3(const Handle& environment) {
@@ -111,7 +112,10 @@ std::vector<Message> Handle::Messages() const {
 }
 
 void Handle::Check(std::int16_t result) const {
-  if (!SQL_SUCCEEDED(result)) throw Error(Messages());
+  if (SQL_SUCCEEDED(result)) return;
+  auto messages = Messages();
+  if (messages.empty()) messages.push_back({.text = "the driver gives no reason"});
+  throw Error(std::move(messages));
 }
 
 // --- Connection --------------------------------------------------------------------------------------
@@ -189,8 +193,10 @@ int Statement::ColumnCount() const {
 
 template <class String>
 std::string Statement::Label(int column) const {
-  String name(kMostSmall, 0);
-  statement_.Check(ColumnLabel(statement_.Get(), static_cast<SQLUSMALLINT>(column), name));
+  String name(kMostName, 0);
+  SQLSMALLINT bytes = 0;
+  statement_.Check(ColumnLabel(statement_.Get(), static_cast<SQLUSMALLINT>(column), name, bytes));
+  if (bytes >= kMostName) throw Error({Message{.text = "the name of a column is too long"}});
   return UpToNul(name);
 }
 
