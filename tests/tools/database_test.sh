@@ -79,6 +79,20 @@ run 2 $'a\n-\nx\nqxtool: 42000 (50000) [FreeTDS][SQL Server]broke 中\n'"$rest"
 sql '--! {"error": "broke"}'
 run 2 'qxtool: 42000 (50000) [FreeTDS][SQL Server]broke'
 
+# A script in batches, on one connection; a failure names its batch and ends the script.
+sql "select 'a" "GO" "b' /* x" "GO */ as [c" "GO]" '--! {"rows": [["a"], ["x"]]}' " go 2 -- twice" "" "GO" "select 2" \
+  '--! {"error": "broke"}' "Go" "select 3" '--! {"rows": [["c"], ["never"]]}'
+run 2 $'a\n-\nx\n\na\n-\nx\nqxtool: the batch from line 10 on: 42000 (50000) [FreeTDS][SQL Server]broke' --batches
+[ "$(grep -c never log)" = 0 ] || fail "a batch behind a failure was sent"
+[[ "$("$qxtool" command run.sql --batches)" == *$'GO 2\r\nselect 2'* ]] || fail "batches printed: $("$qxtool" command run.sql --batches)"
+
+# Files with a byte-order mark say what they are.
+for encoding in UTF-8 UTF-16LE UTF-16BE; do
+  { env LC_ALL=C.UTF-8 printf '\ufeffselect 1 -- 中\n--! {"echo": "a"}'; } | iconv -f UTF-8 -t $encoding >run.sql
+  output=$("$qxtool" --utf8-terminal command run.sql --run "$connection" --csv 2>&1)
+  [[ "$output" == *"select 1 -- 中"* ]] || fail "$encoding: $output"
+done
+
 # A connection that breaks: what came is shown, and it is a failure.
 sql '--! {"rows": [["a"], ["x"]]}' '--! {"drop": true}'
 output=$("$qxtool" command run.sql --run "$connection" 2>&1)

@@ -9,6 +9,7 @@
 #include "Commands.h"
 #include "RunOptions.h"
 #include "SafeOptions.h"
+#include "StatementFile.h"
 #include "StatementReport.h"
 #include "TextIo.h"
 #include "TextTable.h"
@@ -36,7 +37,7 @@ struct Options {
 void LoadStatement(TQXSqlStoreProc& procedure, const Options& options) {
   procedure.SetSearchParamType(options.all ? spAll : spAuto);
   TStringList lines;
-  lines.SetText(ReadInput(options.file));
+  lines.SetText(ReadStatement(options.file));
   procedure.LoadStoreProc(&lines);
 }
 
@@ -126,7 +127,7 @@ ExitStatus RunOrdinary(TQXSqlStoreProc& procedure, const Options& options) {
     return kDone;
   }
   if (!Report(options.file, ProblemsOf(procedure, values), options.run)) return kFound;
-  RunOrPrint(options.run, procedure.GetStoreProc()->GetText());
+  RunOrPrint(options.run, {{procedure.GetStoreProc()->GetText()}});
   return kDone;
 }
 
@@ -143,7 +144,7 @@ ExitStatus RunSafe(TQXSqlStoreProc& procedure, const Options& options) {
   } catch (const Exception& e) {
     throw Failure(Visible(options.file) + ": " + VisibleText(e.what()));
   }
-  RunOrPrint(options.run, lines.GetText());
+  RunOrPrint(options.run, {{lines.GetText()}});
   return kDone;
 }
 

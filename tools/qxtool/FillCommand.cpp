@@ -5,6 +5,7 @@
 
 #include "Commands.h"
 #include "RunOptions.h"
+#include "StatementFile.h"
 #include "StatementReport.h"
 #include "TextIo.h"
 #include "TextTable.h"
@@ -22,41 +23,78 @@ struct Options {
   std::vector<std::string> set;
   bool list = false;
   bool json = false;
+  bool batches = false;
   RunOptions run;
 };
 
-void SetValues(TQXSQL& command, const Options& options, const std::vector<NamedValue>& values) {
-  for (const NamedValue& value : values) {
-    if (command.GetParams().FindByName(value.name) == nullptr)
-      throw Failure(Visible(options.file) + ": no parameter " + VisibleText(value.name));
-    // A command leaves a value of another type aside; here that would pass unseen.
-    if (value.value.Type() == varInt64)
-      throw Failure("--set " + VisibleText(value.name) + ": a command takes no bigint");
-    command.GetParams().SetItemsValue(value.name, value.value);
+/// A batch, filled in by its own command.
+struct FilledBatch {
+  Batch batch;
+  std::unique_ptr<TQXSQL> command = std::make_unique<TQXSQL>();
+};
+
+std::vector<FilledBatch> ReadBatches(const Options& options) {
+  const std::string text = ReadStatement(options.file);
+  std::vector<FilledBatch> filled;
+  for (Batch& batch : options.batches ? SplitBatches(text) : std::vector<Batch>{{text}}) {
+    filled.push_back({std::move(batch)});
+    filled.back().command->GetInLines().SetText(filled.back().batch.text);
   }
+  return filled;
 }
 
-TextList ListOf(TQXSQL& command) {
+void SetValue(const std::vector<FilledBatch>& batches, const Options& options, const NamedValue& value) {
+  bool isKnown = false;
+  for (const FilledBatch& batch : batches) {
+    if (batch.command->GetParams().FindByName(value.name) == nullptr) continue;
+    isKnown = true;
+    batch.command->GetParams().SetItemsValue(value.name, value.value);
+  }
+  if (!isKnown) throw Failure(Visible(options.file) + ": no parameter " + VisibleText(value.name));
+  // A command leaves a value of another type aside; here that would pass unseen.
+  if (value.value.Type() == varInt64)
+    throw Failure("--set " + VisibleText(value.name) + ": a command takes no bigint");
+}
+
+TextList ListOf(const std::vector<FilledBatch>& batches) {
   static const char* const styles[] = {"string", "integer", "real", "date", "time", "boolean", "function"};
   std::vector<TextRow> rows;
-  for (Integer i = 0; i < command.GetParams().GetCount(); ++i) {
-    const TQXSQLItem& item = *command.GetParams().GetItems(i);
-    rows.push_back({item.GetName(), styles[item.Style], item.Text});
+  for (const FilledBatch& batch : batches) {
+    auto& params = batch.command->GetParams();
+    for (Integer i = 0; i < params.GetCount(); ++i) {
+      const TQXSQLItem& item = *params.GetItems(i);
+      rows.push_back({item.GetName(), styles[item.Style], item.Text});
+    }
   }
   return {{"Name", "Style", "Text"}, RowsOf(rows)};
 }
 
+std::vector<std::string> Problems(const std::vector<FilledBatch>& batches,
+                                  const std::vector<NamedValue>& values) {
+  std::vector<std::string> all;
+  for (const FilledBatch& batch : batches)
+    for (std::string& problem : ProblemsOf(*batch.command, values)) all.push_back(std::move(problem));
+  return all;
+}
+
+/// What is sent for each batch.
+std::vector<Batch> Texts(const std::vector<FilledBatch>& batches) {
+  std::vector<Batch> texts;
+  for (const FilledBatch& filled : batches)
+    texts.push_back({filled.command->GetOutLines().GetText(), filled.batch.firstLine, filled.batch.count});
+  return texts;
+}
+
 ExitStatus Run(const Options& options) {
-  TQXSQL command;
-  command.GetInLines().SetText(ReadInput(options.file));
+  const std::vector<FilledBatch> batches = ReadBatches(options);
   const std::vector<NamedValue> values = ReadValues(options.set);
-  SetValues(command, options, values);
+  for (const NamedValue& value : values) SetValue(batches, options, value);
   if (options.list) {
-    PrintList(ListOf(command), options.json);
+    PrintList(ListOf(batches), options.json);
     return kDone;
   }
-  if (!Report(options.file, ProblemsOf(command, values), options.run)) return kFound;
-  RunOrPrint(options.run, command.GetOutLines().GetText());
+  if (!Report(options.file, Problems(batches, values), options.run)) return kFound;
+  RunOrPrint(options.run, Texts(batches));
   return kDone;
 }
 
@@ -74,6 +112,7 @@ void AddFillCommand(Command program) {
       .Placeholder("NAME=VALUE");
   const Option list = command.Flag("--list", options->list, "Show the parameters instead of the text");
   command.Json(options->json).Needs(list);
+  command.Flag("--batches", options->batches, "The file is a script: its GO lines end batches");
   AddRunOptions(command, options->run).Excludes(list);
 }
 

@@ -4,7 +4,7 @@
 
 namespace qxtool {
 
-void RunStatement(const RunOptions&, std::string_view) {
+void RunBatches(const RunOptions&, const std::vector<Batch>&) {
   throw Failure("--run: this build of qxtool has no ODBC (it was built without the package unixodbc-dev)");
 }
 

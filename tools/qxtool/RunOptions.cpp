@@ -35,9 +35,16 @@ Option AddRunOptions(Command& command, RunOptions& options) {
   return run;
 }
 
-void RunOrPrint(const RunOptions& options, std::string_view statement) {
-  if (!options.connection.empty()) return RunStatement(options, statement);
-  PrintBytes(database::ForServer(statement, OutputCharset()));
+void RunOrPrint(const RunOptions& options, const std::vector<Batch>& batches) {
+  if (!options.connection.empty()) return RunBatches(options, batches);
+  std::string text;
+  for (const Batch& batch : batches) {
+    text += database::ForServer(batch.text, OutputCharset());
+    const bool isLast = &batch == &batches.back();
+    if (batch.count > 1) text += "GO " + std::to_string(batch.count) + "\r\n";
+    if (batch.count == 1 && !isLast) text += "GO\r\n";
+  }
+  PrintBytes(text);
 }
 
 }  // namespace qxtool

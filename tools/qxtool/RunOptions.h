@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "CommandLine.h"
+#include "StatementFile.h"
 #include "database/Charset.h"
 
 namespace qxtool {
@@ -30,8 +31,8 @@ database::Charset OutputCharset();
 /// The encoding of messages on standard error.
 database::Charset MessageCharset();
 
-/// Runs `statement`, or prints it if there is no connection.
-/// @throws qxTools::Exception if the encoding of standard output has no form for a byte of it.
-void RunOrPrint(const RunOptions& options, std::string_view statement);
+/// Runs the batches one after the other, or prints them with GO lines between if there is no connection.
+/// @throws qxTools::Exception if the encoding of standard output has no form for a byte of one.
+void RunOrPrint(const RunOptions& options, const std::vector<Batch>& batches);
 
 }  // namespace qxtool

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <memory>
 
 #include "Csv.h"
 #include "StatementWatch.h"
@@ -32,11 +33,9 @@ std::string Target(const std::string& argument) {
 /// One run of a statement: executes it and prints result after result.
 class Run {
  public:
-  explicit Run(const RunOptions& options)
-      : csv_(options.csv),
-        connection_(Target(options.connection)),
-        statement_(connection_),
-        watch_(statement_, ShowsProgress()) {}
+  /// `shown` counts the results of all batches.
+  Run(const RunOptions& options, const database::Connection& connection, int& shown)
+      : csv_(options.csv), statement_(connection), watch_(statement_, ShowsProgress()), shown_(shown) {}
 
   void Execute(std::string_view text) {
     watch_.During([&] {
@@ -174,24 +173,53 @@ class Run {
   }
 
   const bool csv_;
-  database::Connection connection_;
   database::Statement statement_;
   StatementWatch watch_;
-  int shown_ = 0;
+  int& shown_;
 };
 
 }  // namespace
 
-void RunStatement(const RunOptions& options, std::string_view statement) {
+namespace {
+
+/// The messages of a failure, for standard error.
+std::string Failures(const database::Error& e) {
+  std::string text;
+  for (const database::Message& message : e.Messages())
+    text += (text.empty() ? "" : "\n        ") + Readable(message.AsText());
+  return text;
+}
+
+/// Which batch of several this is.
+std::string PlaceOf(const Batch& batch, const std::vector<Batch>& batches) {
+  return batches.size() == 1 ? "" : "the batch from line " + std::to_string(batch.firstLine) + " on: ";
+}
+
+/// Runs `body`; what came before a failure is shown before it. `place` goes in front of its messages.
+template <class Body>
+auto WithPlace(const std::string& place, Body&& body) {
   try {
-    Run(options).Execute(database::ForServer(statement, Charset::kUtf8));
-  } catch (const database::Error& e) {
-    FlushOutput();  // what came before the failure is shown before it
-    std::string text;
-    for (const database::Message& message : e.Messages())
-      text += (text.empty() ? "" : "\n        ") + Readable(message.AsText());
-    throw Failure(text);
+    return body();
+  } catch (const qxTools::Exception& e) {
+    FlushOutput();
+    const auto* failure = dynamic_cast<const database::Error*>(&e);
+    throw Failure(place + (failure != nullptr ? Failures(*failure) : e.what()));
   }
+}
+
+}  // namespace
+
+void RunBatches(const RunOptions& options, const std::vector<Batch>& batches) {
+  std::vector<std::string> texts;  // all of them, so that none runs if one cannot be sent
+  for (const Batch& batch : batches)
+    texts.push_back(
+        WithPlace(PlaceOf(batch, batches), [&] { return database::ForServer(batch.text, Charset::kUtf8); }));
+  const auto connection =
+      WithPlace("", [&] { return std::make_unique<database::Connection>(Target(options.connection)); });
+  int shown = 0;
+  for (std::size_t i = 0; i < batches.size(); ++i)
+    for (int count = 0; count < batches[i].count; ++count)
+      WithPlace(PlaceOf(batches[i], batches), [&] { Run(options, *connection, shown).Execute(texts[i]); });
 }
 
 }  // namespace qxtool

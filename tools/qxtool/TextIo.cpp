@@ -69,6 +69,16 @@ std::string FromArgument(const std::string& argument) {
   return GetEncoding().utf8Terminal ? Narrow(argument, argument) : argument;
 }
 
+std::string ReadBytes(const std::string& fileName) {
+  try {
+    return fileName == "-" ? ReadStandardInput() : qxTools::ReadWholeFile(fileName);
+  } catch (const qxTools::Exception& e) {
+    throw Failure(Visible(e.what()));
+  }
+}
+
+std::string FromUtf8(std::string_view utf8, const std::string& subject) { return Narrow(utf8, subject); }
+
 void UseEncodingOfLocale() {
   GetEncoding().utf8Terminal = LocaleIsUtf8();
   GetEncoding().utf8Output = GetEncoding().utf8Terminal && IsTerminal(stdout);

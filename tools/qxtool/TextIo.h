@@ -51,6 +51,13 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// @throws Failure, naming the file, if it cannot be read or holds a character that the page lacks.
 std::string ReadInput(const std::string& fileName);
 
+/// The bytes of a file as they are; "-" is standard input. @throws Failure, naming the file.
+std::string ReadBytes(const std::string& fileName);
+
+/// UTF-8, with a byte-order mark or without, as code page 950.
+/// @throws Failure for other bytes and for a character that the page lacks, as one of `subject`.
+std::string FromUtf8(std::string_view utf8, const std::string& subject);
+
 /// An argument as code page 950.
 std::string FromArgument(const std::string& argument);
 
