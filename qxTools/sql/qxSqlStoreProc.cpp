@@ -171,7 +171,10 @@ void TQXSqlStoreProc::LoadStoreProc(const TStrings* lines) {
   Load(std::move(text));
 }
 
-void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) { Load(WideToBytes(ClearNote(text))); }
+void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) {
+  std::string bytes = WideToBytes(ClearNote(text));  // here, so that the wide copy ends before the rest
+  Load(std::move(bytes));
+}
 
 // Large texts: the update's end reads the statement again, so the text is taken over and ends before it.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
@@ -342,7 +345,8 @@ AnsiString TQXSqlStoreProc::ExpandedStatement() const {
   for (Integer i = 0; i < GetFuncCount(); ++i)
     macros.emplace_back(GetFuncItems(i)->GetName(), GetFuncItems(i)->GetValue().AsString());
   std::string text = statement_.GetText();
-  return macros.empty() ? text : ExpandMacros(text, macros);
+  if (!macros.empty()) text = ExpandMacros(text, macros);
+  return text;
 }
 
 TStrings* TQXSqlStoreProc::GetStoreProc() {
