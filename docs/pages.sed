@@ -1,3 +1,6 @@
+# Blocks of code are left as they are; in running text "@" begins no command.
+/^```/,/^```/b
+/`|^    /!s#@#\\@#g
 # Links of the pages to files of the repository, as the built reference has them: a unit is its namespace there,
 # another header its own page, and a program stands on the page itself.
 s#\[([A-Za-z0-9]+)\]\((\.\./)*qxTools/(calendar|data|encoding|graphics|memory|shell|sql|stores|strings)/\1\.h\)#[\1](@ref qxTools::\1)#g
