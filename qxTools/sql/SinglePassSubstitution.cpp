@@ -48,7 +48,8 @@ std::optional<std::string> SinglePassSubstitution::Apply(std::string_view text) 
     out.append(text, done, mark - done).append(literal);
     done = mark + 1 + match.size;
   }
-  return out.append(text, done);
+  out.append(text, done);
+  return out;
 }
 
 /// Whether no name matches inside the literal, now or together with what follows it.

@@ -104,7 +104,8 @@ std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTab
     out.append(text, done, open - done).append(macro->second);
     done = close + 1;
   }
-  return out.append(text, done);
+  out.append(text, done);
+  return out;
 }
 
 }  // namespace
@@ -144,7 +145,8 @@ std::string DoubleQuotes(std::string_view text, std::string_view end) {
     }
     mark = marks.From(next);
   }
-  return out.append(text, done).append(end);
+  out.append(text, done).append(end);
+  return out;
 }
 
 }  // namespace qxTools::qxSqlStoreProc

@@ -64,7 +64,8 @@ std::string RemoveBreaks(std::string_view text) {
     kept.append(text, 0, pair);
     text.remove_prefix(pair + 2);
   }
-  return kept.append(text);
+  kept.append(text);
+  return kept;
 }
 
 void Append(std::string& list, std::string_view item) {
