@@ -1,12 +1,11 @@
 /// @file
-/// QXTOOLS_API marks the names that the shared library exports; all others stay hidden. QXTOOLS_GLOBAL marks
-/// the units' global variables: they are made before every other object of a program and go after it, so that
-/// they can be read before any start and are still there when the package frame releases what they hold.
+/// The marks of exported names and of global variables.
 ///
 /// @def QXTOOLS_API
-/// Stands in front of what the shared library exports.
+/// Marks a name that the shared library exports. All other names are hidden.
 /// @def QXTOOLS_GLOBAL
-/// Stands in front of the units' global variables.
+/// Marks a global variable of a unit. It is constructed before every other object of a program and destroyed
+/// after it, so it can be read before the library is started, and still exists when Finalize releases it.
 #pragma once
 
 #if defined(QXTOOLS_STATIC)

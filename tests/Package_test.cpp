@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 #include <qxTools/Package.h>
+#include <qxTools/calendar/QXTimeTools.h>
+#include <qxTools/encoding/QXUniKey.h>
+#include <qxTools/runtime/FormatSettings.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
@@ -55,23 +59,33 @@ TEST_F(Package, UnitsStartInTheirOrderAndStopInTheReverse) {
   for (std::size_t i = 0; i < started.size(); ++i) EXPECT_EQ(traced[i].first, started[i].first);
 }
 
+const std::string kLong = "a text that needs a block of its own";
+
+std::array<std::string*, 5> Globals() {
+  return {&qxSqlStoreProc::StoreProcParamTypeStr[0], &QXSqlTools::ParamStyleHeader[6], &QXTimeTools::BaseTime,
+          &QXUniKey::FUKI, &GetFormatSettings().ShortDateFormat};
+}
+
 TEST_F(Package, StartsNestAndTheLastStopReleasesTheGlobals) {
   Initialize();
+  std::vector<std::string> first;
+  for (std::string* const global : Globals()) first.push_back(std::exchange(*global, kLong));
+  EXPECT_EQ(first, (std::vector<std::string>{"Unknown", "@F", "00:00", "", "yyyy/mm/dd"}));
+  EXPECT_EQ(QXSqlTools::FDefaultSQL, nullptr) << "made by the first SQL()";
   QXSqlTools::SQL()->GetInLines().SetText("select @a");
-  qxSqlStoreProc::StoreProcParamTypeStr[0] = "a text that needs a block of its own";
   Initialize();
   EXPECT_LE(traced.back().second, -2);  // -3 where loading the library was a start too
   while (traced.back().second < -1) Finalize();
   EXPECT_NE(QXSqlTools::FDefaultSQL, nullptr);
-  EXPECT_EQ(qxSqlStoreProc::StoreProcParamTypeStr[14], "Varchar");
+  for (const std::string* const global : Globals())
+    EXPECT_EQ(*global, kLong) << "neither filled nor released";
   Finalize();
   EXPECT_EQ(QXSqlTools::FDefaultSQL, nullptr);
-  EXPECT_EQ(qxSqlStoreProc::StoreProcParamTypeStr[0], "");
+  for (const std::string* const global : Globals()) EXPECT_NE(*global, kLong);
   Finalize();  // one too many only moves the counters
   Initialize();
   Initialize();  // the first start after the last stop fills the globals again
-  EXPECT_EQ(qxSqlStoreProc::StoreProcParamTypeStr[0], "Unknown");
-  EXPECT_EQ(QXSqlTools::ParamStyleHeader[6], "@F");
+  for (std::size_t i = 0; i < first.size(); ++i) EXPECT_EQ(*Globals()[i], first[i]);
 }
 
 }  // namespace

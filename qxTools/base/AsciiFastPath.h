@@ -1,5 +1,5 @@
 /// @file
-/// The fast path of the text converters: runs of ASCII.
+/// Runs of ASCII, which text converters copy without looking at each character.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace qxTools {
 
-/// Whether the `kLength` units from `p` on are all ASCII. The compiler turns it into vector code.
+/// Returns whether the `kLength` units from `p` on are all ASCII. The compiler makes vector code of it.
 template <std::ptrdiff_t kLength, class Unit>
 bool IsAsciiBlock(const Unit* p) {
   std::make_unsigned_t<Unit> all = 0;  // as narrow as the text, or each unit would be widened first
@@ -16,7 +16,7 @@ bool IsAsciiBlock(const Unit* p) {
   return all < 0x80;
 }
 
-/// Whether [p, end) is all ASCII.
+/// Returns whether [p, end) is all ASCII.
 template <class Unit>
 bool IsAllAscii(const Unit* p, const Unit* end) {
   constexpr std::ptrdiff_t kBlock = 256;
@@ -34,7 +34,7 @@ Unit* SkipAscii(Unit* p, Unit* end) {
   return p;
 }
 
-/// Copies the run of ASCII at the front of [p, end) to `out` and moves both on.
+/// Copies the ASCII at the front of [p, end) to `out` and advances `p` and `out` past it.
 template <class From, class To>
 void CopyAscii(const From*& p, const From* end, To*& out) {
   constexpr std::ptrdiff_t kBlock = 32;

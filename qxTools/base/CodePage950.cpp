@@ -32,7 +32,7 @@ struct UserArea {
 constexpr UserArea kUserAreas[] = {
     {0xFA, 0, 0xFE, 0xE000}, {0x8E, 0, 0xA0, 0xE311}, {0x81, 0, 0x8D, 0xEEB8}, {0xC6, 63, 0xC8, 0xF6B1}};
 
-/// The wide character of each code from 8000 on; 0 where none is.
+/// The wide character of each code from 8000 on, or 0 if there is none.
 using WideTable = std::array<char16_t, 0x8000>;
 /// The code of each wide character (the byte for U+DC80 to U+DCFF); 0 where the page lacks it.
 using CodeTable = std::array<std::uint16_t, 0x10000>;
@@ -99,7 +99,7 @@ void ReadWide(const char*& p, const char* stop, const char* end, char16_t*& out)
   }
 }
 
-/// Writes what stands for `wide`: two bytes, or the byte that was read on its own, or "?".
+/// Writes `wide` in code page 950: two bytes, the single byte that it was read from, or "?".
 void WriteCode(char16_t wide, char*& out) {
   const unsigned code = kCode[wide];
   if (code > 0xFF) *out++ = static_cast<char>(code >> 8);

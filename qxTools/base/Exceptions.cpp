@@ -2,7 +2,7 @@
 
 namespace qxTools {
 
-// The destructors stand here so that each class has its type information in the library alone.
+// The destructors are defined here so that each class has its type information only in the library.
 Exception::~Exception() = default;
 EListError::~EListError() = default;
 EConvertError::~EConvertError() = default;

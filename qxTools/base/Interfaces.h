@@ -1,9 +1,9 @@
 /// @file
-/// COM-style interfaces: a root with QueryInterface, _AddRef and _Release in its first three slots,
-/// identifiers, and the reference-counted base class.
+/// COM-style interfaces: the root interface, whose first three slots are QueryInterface, _AddRef and
+/// _Release, interface identifiers, and a base class that counts references.
 ///
-/// An interface has no virtual destructor: its methods keep their slots. Objects are never deleted
-/// through an interface pointer; the last _Release does it.
+/// An interface has no virtual destructor, so that its methods keep their slots. An object is not deleted
+/// through an interface pointer; its last _Release deletes it.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -15,24 +15,27 @@
 
 namespace qxTools {
 
-/// Done, no such interface, any other failure.
+/// Success.
 constexpr HRESULT S_OK = 0;
+/// The object does not have this interface.
 constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002U);
+/// Any other error.
 constexpr HRESULT E_UNEXPECTED = static_cast<HRESULT>(0x8000FFFFU);
 
-/// A 128-bit interface identifier in its memory layout.
+/// A 128-bit interface identifier, as memory holds it.
 struct GUID {
-  /// The parts, in the order in which they are written.
-  std::uint32_t Data1 = 0;
-  std::uint16_t Data2 = 0;
-  std::uint16_t Data3 = 0;
-  std::array<std::uint8_t, 8> Data4{};
+  std::uint32_t Data1 = 0;              ///< The first 8 digits.
+  std::uint16_t Data2 = 0;              ///< The next 4 digits.
+  std::uint16_t Data3 = 0;              ///< The next 4 digits.
+  std::array<std::uint8_t, 8> Data4{};  ///< The last 16 digits, two in a byte.
 
+  /// Returns whether two identifiers are equal.
   friend constexpr bool operator==(const GUID&, const GUID&) = default;
 };
 static_assert(sizeof(GUID) == 16);
 
-/// The identifier written as "185AAE8D-8541-4801-B0D1-D5D3B47B30BE", read at compile time.
+/// Returns the identifier that is written like "185AAE8D-8541-4801-B0D1-D5D3B47B30BE", at compile time.
+/// Digits other than 0 to 9 and A to F are a compile error.
 consteval GUID MakeGuid(const char (&text)[37]) {
   const auto hex = [&](int at, int digits) {
     std::uint32_t value = 0;
@@ -50,16 +53,19 @@ consteval GUID MakeGuid(const char (&text)[37]) {
   return guid;
 }
 
-/// The root interface.
+/// The root of all interfaces.
 class QXTOOLS_API IInterface {
  public:
+  /// The identifier of this interface.
   static constexpr GUID IID = MakeGuid("00000000-0000-0000-C000-000000000046");
 
-  /// Gives the interface with that identifier, with a reference taken, and S_OK; or null and E_NOINTERFACE.
+  /// Sets `*result` to the interface with this identifier, adds a reference and returns S_OK. If the object
+  /// does not have it, sets `*result` to null and returns E_NOINTERFACE.
   virtual HRESULT QueryInterface(const GUID& iid, void** result) = 0;
-  /// Takes a reference. The result is for information only.
+  /// Adds a reference and returns the number of references, for information only.
   virtual Integer _AddRef() = 0;
-  /// Gives a reference back; the object may be gone afterwards.
+  /// Gives a reference back and returns the number of references that are left, for information only. The
+  /// last one deletes the object.
   virtual Integer _Release() = 0;
 
  protected:
@@ -69,29 +75,30 @@ class QXTOOLS_API IInterface {
   ~IInterface() = default;
 };
 
-/// The base of objects that live until the last reference goes. Objects that never hand out a reference
+/// The base of objects that are deleted with their last reference. An object that never hands out a reference
 /// can be owned and deleted like any other.
 ///
-/// A derived class names its interfaces in FindInterface. The count is atomic; nothing else is.
+/// A derived class lists its interfaces in FindInterface. The count of references is atomic; nothing else is.
 class QXTOOLS_API TInterfacedObject : public TObject {
  public:
+  /// Makes an object without references.
   TInterfacedObject() = default;
   TInterfacedObject(const TInterfacedObject&) = delete;
   TInterfacedObject& operator=(const TInterfacedObject&) = delete;
   ~TInterfacedObject() override;
 
-  /// References held through interfaces; 0 for a plainly owned object.
+  /// Returns the number of references that interfaces hold. It is 0 if the object is owned without them.
   Integer RefCount() const { return refCount_.load(); }
 
  protected:
-  /// The interface of this object with that identifier (no reference taken), or null.
+  /// Returns this object's interface with that identifier, or null if it has none. No reference is added.
   virtual void* FindInterface(const GUID& iid) = 0;
 
-  /// The root methods, for QXTOOLS_INTERFACED_OBJECT.
+  /// QueryInterface of the root interface, for QXTOOLS_INTERFACED_OBJECT.
   HRESULT QueryInterfaceImpl(const GUID& iid, void** result);
-  /// The same.
+  /// _AddRef of the root interface, for QXTOOLS_INTERFACED_OBJECT.
   Integer AddRefImpl();
-  /// The same; the last one destroys the object.
+  /// _Release of the root interface, for QXTOOLS_INTERFACED_OBJECT. The last one deletes the object.
   Integer ReleaseImpl();
 
  private:
@@ -100,8 +107,8 @@ class QXTOOLS_API TInterfacedObject : public TObject {
 
 }  // namespace qxTools
 
-/// The three root methods of a class (or class template) that derives from TInterfacedObject and from an
-/// interface.
+/// Defines the three methods of the root interface in a class (or class template) that derives from
+/// TInterfacedObject and from an interface.
 #define QXTOOLS_INTERFACED_OBJECT                                                         \
   ::qxTools::HRESULT QueryInterface(const ::qxTools::GUID& iid, void** result) override { \
     return this->QueryInterfaceImpl(iid, result);                                         \

@@ -1,4 +1,4 @@
-// Looking through a text for marks and lines, front to back and each byte once.
+// Searches a text for marks and lines from front to back, each byte once.
 #pragma once
 
 #include <algorithm>
@@ -22,12 +22,13 @@ std::size_t FindUnit(std::basic_string_view<Char> text, Char mark, std::size_t s
   return static_cast<std::size_t>(std::find(p, end, mark) - text.data());
 }
 
-/// Finds the nearest of two characters, again and again, front to back. Each one's next place is remembered
-/// and looked for again only once it has been passed, so a text that holds but one of them is not searched
-/// for the other at every step.
+/// Finds the nearest of two characters, again and again, from front to back. The next place of each is
+/// remembered until it has been passed, so a text that has only one of them is not searched for the other at
+/// every step.
 template <class Char>
 class NearestOfTwo {
  public:
+  /// Searches `text`, which must outlive this object.
   NearestOfTwo(std::basic_string_view<Char> text, Char first, Char second)
       : text_(text),
         first_(first),
@@ -35,7 +36,8 @@ class NearestOfTwo {
         nextFirst_(Find(first, 0)),
         nextSecond_(first == second ? text.size() : Find(second, 0)) {}
 
-  /// The nearest of both from `start` on, or the text's length. `start` must not go back.
+  /// Returns the place of the nearest of both from `start` on, or the length of the text if there is none.
+  /// `start` must not be less than in the call before.
   std::size_t From(std::size_t start) {
     if (nextFirst_ < start) nextFirst_ = Find(first_, start);
     if (nextSecond_ < start) nextSecond_ = Find(second_, start);
@@ -52,8 +54,8 @@ class NearestOfTwo {
   std::size_t nextSecond_;
 };
 
-/// Calls `visit` with each line of a text. Lines are parted by CR LF, LF or CR; a break at the very end adds
-/// no empty line.
+/// Calls `visit` with each line of a text. Lines are separated by CR LF, LF or CR; a line break at the very
+/// end adds no empty line.
 template <class Char, class Visit>
 void ForEachLine(std::basic_string_view<Char> text, Visit visit) {
   NearestOfTwo<Char> breaks(text, Char('\r'), Char('\n'));
@@ -65,7 +67,8 @@ void ForEachLine(std::basic_string_view<Char> text, Visit visit) {
   }
 }
 
-/// The same lines all at once.
+/// Returns the lines of a text, which are separated by CR LF, LF or CR. A line break at the very end adds no
+/// empty line.
 template <class Char>
 std::vector<std::basic_string_view<Char>> SplitLines(std::basic_string_view<Char> text) {
   std::vector<std::basic_string_view<Char>> lines;

@@ -1,4 +1,4 @@
-// Integers as they stand in files, lowest byte first: 64-bit ones, and 32-bit ones in a row of bytes.
+// Integers as files have them, lowest byte first.
 #pragma once
 
 #include <array>
@@ -6,6 +6,7 @@
 
 namespace qxTools {
 
+/// Returns the 8 bytes of a number.
 inline std::array<char, 8> ToLittleEndian(std::int64_t value) {
   std::array<char, 8> bytes;
   auto rest = static_cast<std::uint64_t>(value);
@@ -16,12 +17,14 @@ inline std::array<char, 8> ToLittleEndian(std::int64_t value) {
   return bytes;
 }
 
+/// Returns the number of 8 bytes.
 inline std::int64_t FromLittleEndian(const std::array<char, 8>& bytes) {
   std::uint64_t value = 0;
   for (std::size_t i = bytes.size(); i-- > 0;) value = value << 8 | static_cast<unsigned char>(bytes[i]);
   return static_cast<std::int64_t>(value);
 }
 
+/// Writes the 4 bytes of a number at `bytes`.
 inline void PutLittleEndian32(char* bytes, std::int32_t value) {
   auto rest = static_cast<std::uint32_t>(value);
   for (int i = 0; i < 4; ++i) {
@@ -30,6 +33,7 @@ inline void PutLittleEndian32(char* bytes, std::int32_t value) {
   }
 }
 
+/// Returns the number of the 4 bytes at `bytes`.
 inline std::int32_t GetLittleEndian32(const char* bytes) {
   std::uint32_t value = 0;
   for (int i = 4; i-- > 0;) value = value << 8 | static_cast<unsigned char>(bytes[i]);

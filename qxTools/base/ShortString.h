@@ -1,5 +1,5 @@
 /// @file
-/// Text of limited length inside fixed-size records.
+/// Text of limited length in records of a fixed size.
 #pragma once
 
 #include <algorithm>
@@ -12,17 +12,18 @@
 
 namespace qxTools {
 
-/// Up to N (at most 255) bytes of text: one byte with the length, then N bytes. A longer text is cut, without
-/// regard to double-byte characters. It may lie in raw memory: zeros are the empty text, and a length above
-/// N counts as N.
+/// Up to N (at most 255) bytes of text: one byte with the length, then N bytes. A longer text is cut after N
+/// bytes, even between the two bytes of a character. Raw memory may be used as one: zeros are the empty text,
+/// and a length above N counts as N.
 template <std::size_t N>
 class ShortString {
   static_assert(N >= 1 && N <= 255);
 
  public:
+  /// Makes an empty text.
   ShortString() = default;
 
-  /// From anything that is readable as text. The bytes behind the text are zeros.
+  /// Copies the first N bytes of a text. The bytes after the text are zeros.
   template <std::convertible_to<std::string_view> Text>
   ShortString(const Text& source) {
     const std::string_view text(source);
@@ -30,19 +31,24 @@ class ShortString {
     text.copy(text_, length_);
   }
 
-  /// The text: its length in bytes, a view of it, a copy.
+  /// Returns the length in bytes.
   std::size_t Length() const { return std::min<std::size_t>(length_, N); }
+  /// Returns the text. The view is valid as long as this object.
   std::string_view View() const { return {text_, Length()}; }
+  /// Returns a copy of the text.
   std::string Text() const { return std::string(View()); }
+  /// Converts to the text. The view is valid as long as this object.
   operator std::string_view() const { return View(); }
 
-  /// Compares bytes and length; a text that was not cut to N never equals one that was.
+  /// Returns whether both texts have the same bytes.
   friend bool operator==(const ShortString& a, const ShortString& b) { return a.View() == b.View(); }
+  /// Returns whether the text has the same bytes as `b`. A text longer than N bytes never equals.
   template <std::convertible_to<std::string_view> Text>
   friend bool operator==(const ShortString& a, const Text& b) {
     return a.View() == std::string_view(b);
   }
 
+  /// Writes the text.
   friend std::ostream& operator<<(std::ostream& out, const ShortString& s) { return out << s.View(); }
 
  private:

@@ -18,16 +18,17 @@ using TDateTime = double;           ///< Days since 30 December 1899; the fracti
 using TColor = std::uint32_t;       ///< Red in the low byte, then green, then blue.
 using HRESULT = std::int32_t;       ///< 0 is success, negative is failure.
 
-/// Root of the classes that are passed around as "some object", event senders above all.
+/// The root of classes whose objects are passed as "some object", for example as the sender of an event.
 class QXTOOLS_API TObject {
  public:
+  /// Makes an object.
   TObject() = default;
   TObject(const TObject&) = default;
   TObject& operator=(const TObject&) = default;
   virtual ~TObject();
 };
 
-/// A change notification; the argument is the object that changed.
+/// A function that is called after an object has changed. Its argument is the object that changed.
 using TNotifyEvent = std::function<void(TObject* sender)>;
 
 }  // namespace qxTools

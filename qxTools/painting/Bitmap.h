@@ -1,5 +1,5 @@
 /// @file
-/// Pictures in memory, and the Windows bitmap files that keep them.
+/// Pictures in memory, and Windows bitmap files.
 #pragma once
 
 #include <qxTools/painting/Canvas.h>
@@ -9,59 +9,69 @@
 
 namespace qxTools {
 
-/// A picture of 32 bits a pixel. It is empty at first; one with a side of 0 is empty, and 0 x 0.
+/// A picture of 32 bits a pixel. If one side is 0, both are: the bitmap is empty.
 class QXTOOLS_API TBitmap : public TObject {
  public:
+  /// Makes an empty bitmap.
   TBitmap();
-  /// White all over.
+  /// Makes a white bitmap. A side of 0 or less makes it empty.
+  /// @throws std::bad_alloc if memory runs out.
   TBitmap(Integer width, Integer height);
   TBitmap(const TBitmap&) = delete;
   TBitmap& operator=(const TBitmap&) = delete;
   ~TBitmap() override;
 
+  /// Returns the width in pixels.
   Integer GetWidth() const { return width_; }
+  /// Returns the height in pixels.
   Integer GetHeight() const { return height_; }
-  /// Whether there is no pixel.
+  /// Returns whether there are no pixels.
   bool Empty() const { return width_ == 0; }
 
-  /// What both sizes have stays, the rest is white. A side of 0 or less makes the bitmap empty.
-  /// @throws std::bad_alloc when memory is short; nothing has changed then.
+  /// Changes the size. Pixels that both sizes have are kept; new ones are white. A side of 0 or less makes
+  /// the bitmap empty.
+  /// @throws std::bad_alloc if memory runs out; the bitmap is unchanged then.
   void SetSize(Integer width, Integer height);
 
-  /// Exchanges the pictures; the canvases stay where they are. Never raises.
+  /// Exchanges the pictures of two bitmaps. Each canvas stays with its bitmap. Never throws.
   void Swap(TBitmap& other);
 
-  /// The colour of a pixel; 0xFFFFFFFF outside the bitmap.
+  /// Returns the colour of a pixel, or 0xFFFFFFFF outside the bitmap.
   TColor GetPixel(Integer x, Integer y) const;
-  /// Sets a pixel; outside the bitmap nothing happens.
+  /// Sets the colour of a pixel, which may be a system colour. A place outside the bitmap is ignored.
   void SetPixel(Integer x, Integer y, TColor color);
 
-  /// Row `y`, which must be one of the bitmap's, from left to right: 0xFFRRGGBB. The rows follow one another
-  /// from the top. Good until the size changes.
+  /// Returns the pixels of row `y` from left to right, as 0xFFRRGGBB. `y` must be a row of the bitmap. Each
+  /// row follows the one above it in memory. The pointer is valid until the size changes.
   std::uint32_t* GetRow(Integer y) { return pixels_.get() + std::int64_t{y} * width_; }
+  /// Returns the pixels of row `y` from left to right, as 0xFFRRGGBB. `y` must be a row of the bitmap. Each
+  /// row follows the one above it in memory. The pointer is valid until the size changes.
   const std::uint32_t* GetRow(Integer y) const { return pixels_.get() + std::int64_t{y} * width_; }
 
-  /// Draws on the bitmap, and lives as long. Text needs a painter (TextPainter.h): without one it measures 0
-  /// and is not drawn.
+  /// Returns the canvas that draws on this bitmap. It is valid as long as the bitmap. Without a text painter
+  /// (TextPainter.h) the size of text is 0 and no text is drawn.
   TCanvas& GetCanvas();
 
-  /// Reads a Windows bitmap file of 1, 4, 8, 24 or 32 bits, not compressed, bottom-up or top-down; the fourth
-  /// byte of 32 bits is not looked at. Sizes are checked against the file before memory is asked for.
-  /// @throws EFOpenError, EReadError, or Exception "Bitmap image is not valid"; nothing has changed then.
+  /// Reads a Windows bitmap file of 1, 4, 8, 24 or 32 bits a pixel, not compressed, bottom-up or top-down.
+  /// The fourth byte of 32 bits is ignored. The sizes in the file are checked before memory is allocated.
+  /// @throws EFOpenError if the file cannot be opened, EReadError if it cannot be read, Exception "Bitmap
+  /// image is not valid" if it is not such a file, std::bad_alloc if memory runs out. The bitmap is unchanged
+  /// then.
   void LoadFromFile(const std::string& fileName);
 
-  /// Writes a Windows bitmap file of 24 bits, bottom-up, whole or not at all (platform/Files.h); an empty
-  /// bitmap is a header alone. @throws EFCreateError, EWriteError.
+  /// Writes a Windows bitmap file of 24 bits a pixel, bottom-up. The file of an empty bitmap has only a
+  /// header. The file is replaced only when all of it has been written.
+  /// @throws EFCreateError if the file cannot be created, EWriteError if it cannot be written.
   void SaveToFile(const std::string& fileName) const;
 
  private:
-  /// Takes another size; the pixels are left as memory has them.
+  /// Changes the size without setting any pixel.
   void Allocate(Integer width, Integer height);
 
   Integer width_ = 0;
   Integer height_ = 0;
   std::unique_ptr<std::uint32_t[]> pixels_;
-  std::unique_ptr<TCanvas> canvas_;  // made when it is first asked for
+  std::unique_ptr<TCanvas> canvas_;  // made by the first GetCanvas
 };
 
 }  // namespace qxTools

@@ -107,7 +107,7 @@ Header ReadHeader(TFileStream& file) {
   return header;
 }
 
-/// Only 32 bits may be told by masks, and the masks must be the usual ones.
+/// Only files of 32 bits may have masks, and the masks must be the usual ones.
 void CheckCompression(TFileStream& file, const Header& header, Integer bits) {
   if (Get(header, kCompression) == kPlain) return;
   Check(Get(header, kCompression) == kMasks && bits == 32);
@@ -141,7 +141,7 @@ struct Picture {
   Palette palette;
 };
 
-/// Reads what stands before the rows and leaves the file at their start; all of them are there.
+/// Reads everything before the rows, checks that the file has all rows, and moves to the first one.
 Picture ReadPicture(TFileStream& file) {
   const Header header = ReadHeader(file);
   const Integer height = Get(header, kHeight);

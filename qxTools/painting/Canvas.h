@@ -1,10 +1,10 @@
 /// @file
-/// What a drawing surface offers: lines, rectangles, polygons, text and copies of bitmaps.
+/// A drawing surface: lines, rectangles, polygons, text and copies of bitmaps.
 ///
-/// Lines, polygons and copies are worked out here, to the pixel, so a picture is the same on every host. A
-/// host derives a class and paints rectangles, blocks of pixels and text. Coordinates are pixels from the top
-/// left; what lies outside the surface costs no time. Colours may be system colours
-/// (platform/SystemColors.h).
+/// The pixels of lines, polygons and copies are calculated here, so a picture is the same on every host. A
+/// host derives a class that paints rectangles, bitmaps and text. Coordinates are pixels from the top left;
+/// what is outside the surface is not painted and takes no time. Colours may be system colours
+/// (SystemColors.h).
 #pragma once
 
 #include <qxTools/Export.h>
@@ -19,70 +19,88 @@ namespace qxTools {
 class TBitmap;
 
 /// Whether areas are filled.
-enum TBrushStyle { bsSolid, bsClear };
+enum TBrushStyle {
+  bsSolid,  ///< Areas are filled with the brush's colour.
+  bsClear   ///< Areas are not filled.
+};
 
-/// A surface with a pen (1 pixel wide, black at first), a brush (solid and white at first), a font colour
-/// (black at first) and a position, (0, 0) at first.
+/// A surface with a pen, a brush, a font colour and a position. At first the pen is black (it is always 1
+/// pixel wide), the brush is solid and white, the font colour is black and the position is (0, 0).
+///
+/// If memory runs out, std::bad_alloc is thrown and nothing has been painted; for TextRect the rectangle may
+/// have been filled.
 class QXTOOLS_API TCanvas : public TObject {
  public:
+  /// Makes a canvas with the colours and the position of a new one.
   TCanvas();
   TCanvas(const TCanvas&) = delete;
   TCanvas& operator=(const TCanvas&) = delete;
   ~TCanvas() override;
 
   // --- Pen, brush and font ------------------------------------------------------
+  /// Returns the colour of lines.
   TColor GetPenColor() const { return penColor_; }
+  /// Sets the colour of lines.
   void SetPenColor(TColor color) { penColor_ = color; }
+  /// Returns the colour that areas are filled with.
   TColor GetBrushColor() const { return brushColor_; }
-  /// On purpose: a clear brush becomes solid.
+  /// Sets the colour that areas are filled with. On purpose: a clear brush becomes solid.
   void SetBrushColor(TColor color);
+  /// Returns whether areas are filled.
   TBrushStyle GetBrushStyle() const { return brushStyle_; }
+  /// Sets whether areas are filled.
   void SetBrushStyle(TBrushStyle style) { brushStyle_ = style; }
+  /// Returns the colour of text.
   TColor GetFontColor() const { return fontColor_; }
+  /// Sets the colour of text.
   void SetFontColor(TColor color) { fontColor_ = color; }
 
   // --- Lines and areas ----------------------------------------------------------
   /// Moves the position.
   void MoveTo(Integer x, Integer y) { position_ = {x, y}; }
-  /// Draws from the position up to, but without, (x, y), and moves the position there. The pixels are those
-  /// nearest to the line; of two equally near ones the one with the smaller coordinate, so both directions
-  /// take the same.
+  /// Draws a line from the position up to, but without, (x, y), and moves the position there. The pixels
+  /// nearest to the line are painted; of two equally near ones the one with the smaller coordinate, so that
+  /// both directions paint the same pixels.
   void LineTo(Integer x, Integer y);
-  /// Fills with the brush, without the right and bottom edges. An inverted or empty rectangle, and a clear
-  /// brush, fill nothing.
+  /// Fills a rectangle, without the column Right and the row Bottom, with the brush. If the rectangle is
+  /// inverted or empty, or the brush is clear, nothing is painted.
   void FillRect(const TRect& rect);
-  /// Fills with the brush what lies inside by the even-odd rule (left and top edges do, right and bottom ones
-  /// do not), then draws every edge with the pen, the one from the last point to the first included. The
-  /// position stays. Linear in the points times the logarithm of those that share a row.
+  /// Fills the inside of a polygon with the brush and then draws every edge with the pen, also the one from
+  /// the last point to the first. What is inside is determined by the even-odd rule; left and top edges are
+  /// inside, right and bottom edges are not. The position is unchanged. Takes time linear in the points times
+  /// the logarithm of those that share a row.
   void Polygon(std::span<const TPoint> points);
 
   // --- Bitmaps ------------------------------------------------------------------
-  /// Copies a bitmap, or a part of it, into `dest`. Sizes that differ stretch it: pixel i of d takes source
-  /// pixel ((2i + 1) * s - 1) div (2d) of s. A `dest` with its sides reversed is painted mirrored. What
-  /// `part` names outside the bitmap is not painted; an empty or reversed part paints nothing. The bitmap may
-  /// be the one of this canvas.
+  /// Copies a bitmap into `dest`. If the sizes differ, it is stretched: of d pixels that show s source
+  /// pixels, pixel i shows source pixel ((2i + 1) * s - 1) div (2d). If the sides of `dest` are reversed, the
+  /// copy is mirrored. The bitmap may be the one of this canvas.
   void CopyRect(const TRect& dest, const TBitmap& source);
+  /// Copies a part of a bitmap into `dest`, stretched or mirrored as the whole one is. Pixels of the part
+  /// that are outside the bitmap are not painted; an empty or reversed part paints nothing. The bitmap may be
+  /// the one of this canvas.
   void CopyRect(const TRect& dest, const TBitmap& source, const TRect& part);
 
   // --- Text ---------------------------------------------------------------------
-  /// The width of a line of text.
+  /// Returns the width of one line of text in pixels.
   virtual Integer TextWidth(std::string_view text) = 0;
-  /// The height of a line of text.
+  /// Returns the height of one line of text in pixels.
   virtual Integer TextHeight(std::string_view text) = 0;
-  /// Text in the font's colour, its top left at (x, y), clipped to `rect`. A solid brush fills the whole
-  /// rectangle first, a clear one leaves what is behind the glyphs.
+  /// Paints one line of text in the font's colour with its top left at (x, y). Nothing is painted outside
+  /// `rect`. If the brush is solid, the whole rectangle is filled first.
   void TextRect(const TRect& rect, Integer x, Integer y, std::string_view text);
 
  protected:
-  // What a host paints with. Colours come as plain ones; everything lies within the bounds.
+  // A host overrides these. Colours are plain ones, and everything is within the bounds.
 
-  /// The pixels that can be painted.
+  /// Returns the pixels that can be painted.
   virtual TRect GetBounds() const = 0;
-  /// Fills rectangles, none of which is empty.
+  /// Fills rectangles with a plain colour. None of them is empty, and all are within the bounds.
   virtual void PaintRects(std::span<const TRect> rects, TColor color) = 0;
-  /// Paints a bitmap, which is not empty, pixel by pixel with its top left at (x, y).
+  /// Paints a bitmap pixel by pixel with its top left at (x, y). It is not empty and is within the bounds.
   virtual void PaintBitmap(Integer x, Integer y, const TBitmap& bitmap) = 0;
-  /// Paints glyphs, nothing outside `clip`, which is not empty; `at` is the top left of the text.
+  /// Paints one line of text in a plain colour with its top left at `at`, and nothing outside `clip`, which
+  /// is not empty.
   virtual void PaintText(const TRect& clip, const TPoint& at, std::string_view text, TColor color) = 0;
 
  private:

@@ -1,8 +1,8 @@
 /// @file
-/// The message dialogs of a desktop.
+/// Message dialogs.
 ///
-/// The library has no desktop of its own: the host plugs in a service that makes the dialogs. Their captions
-/// and answers are the same on every desktop and stand here.
+/// The library cannot show a window: a desktop host sets a service that makes the dialogs. Their captions and
+/// results are the same on every desktop and are defined here.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -13,10 +13,16 @@
 
 namespace qxTools {
 
-/// What a message is; it decides icon and caption.
-enum TDialogType { dtWarning, dtError, dtInformation, dtConfirmation, dtCustom };
+/// The kind of a message, which determines icon and caption.
+enum TDialogType {
+  dtWarning,       ///< Caption "Warning".
+  dtError,         ///< Caption "Error".
+  dtInformation,   ///< Caption "Information".
+  dtConfirmation,  ///< Caption "Confirm".
+  dtCustom         ///< No icon; the caption is the application's name.
+};
 
-/// The buttons, one bit each; they combine with "|".
+/// The buttons, one bit each. They are combined with "|".
 enum TDialogButton : std::uint32_t {
   dbYes = 1U << 0,
   dbNo = 1U << 1,
@@ -30,45 +36,54 @@ enum TDialogButton : std::uint32_t {
   dbYesToAll = 1U << 9,
   dbHelp = 1U << 10,
 };
+/// A set of buttons.
 using TDialogButtons = std::uint32_t;
 
-/// The caption that a dialog has unless it is given another: "Warning", "Error", "Information" or "Confirm";
-/// "" for the custom type, which is captioned with the application's name.
+/// Returns the caption of a dialog that is given no other: "Warning", "Error", "Information" or "Confirm".
+/// Returns "" for the custom type, whose caption is the application's name.
 QXTOOLS_API const char* GetDialogCaption(TDialogType type);
 
-/// What a button answers: 1 ok, 2 cancel, 3 abort, 4 retry, 5 ignore, 6 yes, 7 no, 8 all, 9 no to all, 10 yes
-/// to all; 0 help, which leaves the dialog open.
+/// Returns the result of a button: 1 ok, 2 cancel, 3 abort, 4 retry, 5 ignore, 6 yes, 7 no, 8 all, 9 no to
+/// all, 10 yes to all. Returns 0 for help, which does not close the dialog.
 QXTOOLS_API Integer GetDialogResult(TDialogButton button);
 
-/// What closing the dialog's window answers: the same as its only button, help left aside, otherwise cancel.
+/// Returns the result of a dialog whose window is closed: that of its only button (help is not counted),
+/// otherwise 2, cancel.
 QXTOOLS_API Integer GetCloseResult(TDialogButtons buttons);
 
-/// A dialog that is ready to be shown.
+/// A message dialog that has not been shown yet.
 class QXTOOLS_API MessageDialog {
  public:
+  /// Destroys the dialog.
   virtual ~MessageDialog();
+  /// Sets the number of the help page. A host without help ignores it.
   virtual void SetHelpContext(Integer context) = 0;
+  /// Replaces the caption. The window's caption is exactly this text.
   virtual void SetCaption(std::string_view caption) = 0;
-  /// To be shown in the middle of the screen.
+  /// Makes the dialog appear in the middle of the screen.
   virtual void CenterOnScreen() = 0;
-  /// Shows the dialog until it is answered. @return the result of the button.
+  /// Shows the dialog and returns when the user has answered it.
+  /// @return the result of the button, as GetDialogResult and GetCloseResult define it.
   virtual Integer ShowModal() = 0;
 };
 
-/// Makes dialogs. Texts are code page 950; a message is plain text, never markup.
+/// A service that makes dialogs. Texts are in code page 950. A message is plain text; nothing in it is
+/// markup.
 class QXTOOLS_API DialogService {
  public:
+  /// Destroys the service, which must not be set any more.
   virtual ~DialogService();
-  /// A dialog that is not yet shown.
+  /// Makes a dialog with these buttons and the caption of its type. It is not shown yet.
   virtual std::unique_ptr<MessageDialog> CreateMessageDialog(std::string_view message, TDialogType type,
                                                              TDialogButtons buttons) = 0;
 };
 
-/// Plugs in a service, which the caller keeps; null takes it away.
-/// @return the service plugged in before, or null.
+/// Sets the service of this process, or none if it is null. The caller keeps owning it.
+/// @return the service that was set before, or null.
 QXTOOLS_API DialogService* SetDialogService(DialogService* service);
 
-/// The service that is plugged in. @throws Exception "No dialog service" when there is none.
+/// Returns the service that is set.
+/// @throws Exception "No dialog service" if there is none.
 QXTOOLS_API DialogService& GetDialogService();
 
 }  // namespace qxTools

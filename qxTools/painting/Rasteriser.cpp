@@ -68,7 +68,7 @@ struct Axis {
   std::int64_t clipEnd;    // up to, but without, this one
 };
 
-/// How far a line has gone along its short axis after i steps along its long one: i * short / long, rounded
+/// How far a line is along its short axis after i steps along its long one: i * short / long, rounded
 /// to nearest, ties to the smaller coordinate.
 class Slope {
  public:
@@ -79,12 +79,13 @@ class Slope {
     return FloorDivisionStepper(i, across_, bias_, along_).Value();
   }
 
-  /// The first step that has gone `offset` across, and those that go on from there; the line must go across.
+  /// The first step that is `offset` across, and the steps after it. The line must not be parallel to its
+  /// long axis.
   FloorDivisionStepper StepsFrom(std::int64_t offset) const {
     return FloorDivisionStepper(offset, along_, 2 * across_ - 1 - bias_, across_);
   }
 
-  /// The first step that has gone `offset` across, or the end.
+  /// The first step that is `offset` across, or the end.
   std::int64_t FirstStepAt(std::int64_t offset) const {
     if (offset <= 0) return 0;
     return offset <= across_ ? std::min(StepsFrom(offset).Value(), along_) : along_;

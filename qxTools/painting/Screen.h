@@ -1,5 +1,5 @@
 /// @file
-/// The screen and the windows on it, from a replaceable source. A desktop plugs in its own.
+/// The size of the screen and the places of windows. They come from a source that a desktop host sets.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -9,27 +9,31 @@
 
 namespace qxTools {
 
-/// A window, as the desktop numbers it.
+/// The number by which the desktop knows a window.
 using WindowHandle = std::uintptr_t;
 
-/// A screen and its windows.
+/// A source that knows the screen and its windows.
 class QXTOOLS_API ScreenSource {
  public:
+  /// Destroys the source, which must not be set any more.
   virtual ~ScreenSource();
-  /// Width and height of the primary screen, in pixels.
+  /// Returns width and height of the primary screen in pixels.
   virtual TPoint GetScreenSize() = 0;
-  /// Where the window stands on the screen. @return false for an unknown window; `rect` is as it was then.
+  /// Sets `rect` to the place of a window on the screen.
+  /// @return false if the window is unknown; `rect` is unchanged then.
   virtual bool GetWindowRect(WindowHandle window, TRect& rect) = 0;
 };
 
-/// Plugs in a source, which the caller keeps; null takes it away.
-/// @return the source plugged in before, or null.
+/// Sets the source of this process, or none if it is null. The caller keeps owning it.
+/// @return the source that was set before, or null.
 QXTOOLS_API ScreenSource* SetScreenSource(ScreenSource* source);
 
-/// The size by the plugged-in source; without one the screen has no limit: the largest numbers.
+/// Returns width and height of the primary screen in pixels. Without a source both are the largest integer,
+/// so that the screen limits nothing.
 QXTOOLS_API TPoint GetScreenSize();
 
-/// Asks the plugged-in source; without one every window is unknown.
+/// Sets `rect` to the place of a window on the screen.
+/// @return false if the window is unknown or there is no source; `rect` is unchanged then.
 QXTOOLS_API bool GetWindowRect(WindowHandle window, TRect& rect);
 
 }  // namespace qxTools

@@ -1,8 +1,9 @@
 /// @file
-/// The colours of the user's desktop, by their numbers.
+/// The colours of the user's desktop by their numbers.
 ///
-/// A colour with the top bit set names a system colour by its low byte. The table starts with a grey desktop:
-/// button face C0C0C0, highlight FFFFFF, shadow 808080, all others black. A desktop fills in its own.
+/// A TColor whose highest bit is set is a system colour; its low byte is the number. At first the table has
+/// the colours of a grey desktop: button face C0C0C0, highlight FFFFFF, shadow 808080, all others black. A
+/// desktop host replaces them.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -12,22 +13,21 @@
 
 namespace qxTools {
 
-/// Face, shadow and highlight of buttons.
-inline constexpr TColor clBtnFace = 0x8000000F;
-inline constexpr TColor clBtnShadow = 0x80000010;
-inline constexpr TColor clBtnHighlight = 0x80000014;
+inline constexpr TColor clBtnFace = 0x8000000F;       ///< The face of buttons.
+inline constexpr TColor clBtnShadow = 0x80000010;     ///< The shadow of buttons.
+inline constexpr TColor clBtnHighlight = 0x80000014;  ///< The highlight of buttons.
 
-/// Plain colours by system colour number, 0 to 30.
+/// The plain colours of the system colours 0 to 30.
 using SystemColorTable = std::array<TColor, 31>;
 
-/// The table that a program starts with.
+/// Returns the table that a program starts with.
 QXTOOLS_API SystemColorTable DefaultSystemColors();
 
-/// Fills in the table of a desktop. What is painted already keeps its colours.
+/// Replaces the table. What has been painted is not changed.
 QXTOOLS_API void SetSystemColors(const SystemColorTable& colors);
 
-/// A system colour as the plain colour that it stands for, black beyond the table; a plain colour as it is,
-/// without its highest byte.
+/// Returns the plain colour of a system colour; black if the table does not have its number. Any other colour
+/// is returned without its highest byte.
 QXTOOLS_API TColor ColorToRGB(TColor color);
 
 }  // namespace qxTools

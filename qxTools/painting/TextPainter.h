@@ -1,5 +1,5 @@
 /// @file
-/// Text on bitmaps, which the library leaves to the host: it has no fonts of its own.
+/// Text on bitmaps. The library has no fonts, so a host measures and paints text.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -11,23 +11,24 @@ namespace qxTools {
 
 class TBitmap;
 
-/// Measures and paints code page 950 text. A desktop plugs in its own, a test a simple one.
+/// Measures and paints text in code page 950. A desktop host sets its own painter, a test a simple one.
 class QXTOOLS_API TextPainter {
  public:
+  /// Destroys the painter, which must not be set any more.
   virtual ~TextPainter();
-  /// Width and height of the text, in pixels.
+  /// Returns width and height of one line of text in pixels.
   virtual TPoint Measure(std::string_view text) = 0;
-  /// Paints the glyphs, and nothing behind them, in a plain colour; (x, y) is the top left of the text.
-  /// Nothing is painted outside `clip`, which is not empty and lies within the bitmap.
+  /// Paints one line of text in a plain colour, without a background; `at` is its top left. Nothing must be
+  /// painted outside `clip`, which is not empty and is within the bitmap.
   virtual void Paint(TBitmap& bitmap, const TRect& clip, const TPoint& at, std::string_view text,
                      TColor color) = 0;
 };
 
-/// Plugs in a painter, which the caller keeps; null takes it away.
-/// @return the painter plugged in before, or null.
+/// Sets the painter of this process, or none if it is null. The caller keeps owning it.
+/// @return the painter that was set before, or null.
 QXTOOLS_API TextPainter* SetTextPainter(TextPainter* painter);
 
-/// The painter that is plugged in, or null.
+/// Returns the painter that is set, or null.
 QXTOOLS_API TextPainter* GetTextPainter();
 
 }  // namespace qxTools

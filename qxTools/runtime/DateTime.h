@@ -1,9 +1,9 @@
 /// @file
-/// Dates and times of day as TDateTime, and their text in the format settings' short date format.
+/// Dates and times of day as TDateTime, and as text in the short date format of the format settings.
 ///
-/// A TDateTime is rounded to the nearest millisecond before it is taken apart. Before 30 December 1899 the
-/// fraction still counts forward from midnight of the day that the truncated number names: -1.25 is 6 in the
-/// morning of 29 December 1899.
+/// A TDateTime is rounded to the nearest millisecond before it is split. Before 30 December 1899 the fraction
+/// still counts forward from midnight, and the day is the truncated number: -1.25 is 6:00 on 29 December
+/// 1899.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -13,7 +13,7 @@
 
 namespace qxTools {
 
-/// A day of the calendar.
+/// A date as three numbers.
 struct DateParts {
   int Year = 0;   ///< 1 to 9999
   int Month = 0;  ///< 1 to 12
@@ -22,7 +22,7 @@ struct DateParts {
   friend bool operator==(const DateParts&, const DateParts&) = default;
 };
 
-/// A time of day.
+/// A time of day as four numbers.
 struct TimeParts {
   int Hour = 0;         ///< 0 to 23
   int Minute = 0;       ///< 0 to 59
@@ -32,49 +32,52 @@ struct TimeParts {
   friend bool operator==(const TimeParts&, const TimeParts&) = default;
 };
 
-/// Whether the calendar has that date, years 1 to 9999.
+/// Returns whether the calendar has this date. False for years outside 1 to 9999.
 QXTOOLS_API bool IsValidDate(int year, int month, int day);
 
-/// The days of `month` (1 to 12).
+/// Returns the number of days in a month. `month` must be 1 to 12.
 QXTOOLS_API int DaysInMonth(int year, int month);
 
-/// Midnight of that day.
-/// @throws EConvertError on a date that the calendar does not have, or a year outside 1 to 9999.
+/// Returns a date as TDateTime; the time of day is midnight.
+/// @throws EConvertError if the calendar does not have this date, or the year is outside 1 to 9999.
 QXTOOLS_API TDateTime EncodeDate(int year, int month, int day);
 
-/// The day as a number, once the moment is rounded to the millisecond.
-/// @throws EConvertError for a moment outside the years 1 to 9999, or not a number.
+/// Returns the days since 30 December 1899, after `date` is rounded to the millisecond.
+/// @throws EConvertError if the year is outside 1 to 9999, or `date` is not a number.
 QXTOOLS_API std::int32_t DayNumber(TDateTime date);
 
-/// The day whose number is 0.
+/// The day whose number is 0: 30 December 1899.
 inline constexpr std::chrono::sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
 
-/// Year, month and day. Inline, since handing three numbers through memory takes as long as finding them.
-/// @throws EConvertError as DayNumber.
+/// Returns year, month and day. Inline, because returning three numbers through memory takes as long as
+/// calculating them.
+/// @throws EConvertError if the year is outside 1 to 9999, or `date` is not a number.
 inline DateParts DecodeDate(TDateTime date) {
   const std::chrono::year_month_day parts{kDayZero + std::chrono::days{DayNumber(date)}};
   return {static_cast<int>(parts.year()), static_cast<int>(static_cast<unsigned>(parts.month())),
           static_cast<int>(static_cast<unsigned>(parts.day()))};
 }
 
-/// The time of day.
-/// @throws EConvertError as DecodeDate.
+/// Returns hour, minute, second and millisecond.
+/// @throws EConvertError if the year is outside 1 to 9999, or `date` is not a number.
 QXTOOLS_API TimeParts DecodeTime(TDateTime date);
 
-/// The date in the short date format; the time of day is dropped.
-/// @throws EConvertError as DecodeDate.
+/// Returns the date in the short date format. The time of day is ignored.
+/// @throws EConvertError if the year is outside 1 to 9999, or `date` is not a number.
 QXTOOLS_API std::string DateToStr(TDateTime date);
 
-/// The date in the short date format, followed by a space and hh:nn:ss when it is not midnight.
-/// @throws EConvertError as DecodeDate.
+/// Returns the date in the short date format. Unless the time is midnight, a blank and hours, minutes and
+/// seconds follow: "2024/03/05 18:00:00".
+/// @throws EConvertError if the year is outside 1 to 9999, or `date` is not a number.
 QXTOOLS_API std::string DateTimeToStr(TDateTime date);
 
-/// Reads three numbers in the order of the short date format, parted by the date separator; blanks around
-/// them are allowed. A year of one or two digits falls into the format settings' hundred years.
-/// @throws EConvertError "'TEXT' is not a valid date" for anything else, and for an impossible date.
+/// Reads a date: three numbers in the order of the short date format, separated by the date separator, with
+/// or without blanks around them. A year of one or two digits is in the hundred years that begin with
+/// TwoDigitYearStart.
+/// @throws EConvertError "'TEXT' is not a valid date" for any other text, and for a date that does not exist.
 QXTOOLS_API TDateTime StrToDate(std::string_view text);
 
-/// Midnight of today, by the shared clock.
+/// Returns today's date by the library's clock (platform/Clock.h); the time of day is midnight.
 QXTOOLS_API TDateTime Date();
 
 }  // namespace qxTools

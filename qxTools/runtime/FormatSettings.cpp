@@ -27,7 +27,7 @@ const char* PartOf(char conversion) {
   }
 }
 
-/// The last sign in what stands between two parts; "/" without one, and for signs beyond ASCII, whose second
+/// The last sign between two parts; "/" if there is none, and for signs beyond ASCII, whose second
 /// bytes are no signs: in a BIG5 locale the one of the year's sign is "~".
 char SeparatorIn(std::string_view between) {
   if (!IsAllAscii(between.data(), between.data() + between.size())) return '/';

@@ -1,8 +1,8 @@
 /// @file
-/// How dates and numbers read as text: one record for the whole process.
+/// The formats of dates and numbers as text: one record for the whole process.
 ///
-/// It starts fixed, so that output never depends on where a program runs. A host that wants the user's own
-/// settings calls UseLocale, or writes the fields.
+/// At first the formats are fixed, so that results do not depend on where a program runs. A host that wants
+/// the user's formats calls UseLocale or changes the record.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -11,21 +11,24 @@
 
 namespace qxTools {
 
-/// The settings.
+/// The formats of dates and numbers.
 struct FormatSettings {
-  /// Runs of y, m and d (yyyy or yy, mm or m, dd or d), each "/" standing for the date separator.
+  /// Year, month and day in any order: yyyy or yy, mm or m, dd or d. Each "/" is replaced by the date
+  /// separator.
   std::string ShortDateFormat = "yyyy/mm/dd";
-  char DateSeparator = '/';     ///< Between the parts of a date.
-  char DecimalSeparator = '.';  ///< In front of a fraction.
-  /// First year of the hundred that years of one or two digits are read into: 1950 to 2049.
+  char DateSeparator = '/';     ///< The sign between the parts of a date.
+  char DecimalSeparator = '.';  ///< The sign before a fraction.
+  /// The first of the hundred years in which a year of one or two digits is read: 1950 to 2049.
   int TwoDigitYearStart = 1950;
 };
 
-/// The process-wide settings, to read and to write.
+/// Returns the formats of this process, which may be changed. They are not protected against changes by
+/// another thread.
 QXTOOLS_API FormatSettings& GetFormatSettings();
 
-/// Takes the order of the date's parts, the date separator and the decimal separator from the C locale in
-/// force (setlocale). A locale that writes dates in words or with signs beyond ASCII keeps "/".
+/// Sets the date format, the date separator and the decimal separator to those of the current C locale
+/// (setlocale). If the locale's dates have words, the date format and separator are unchanged; if they have
+/// signs other than ASCII, the separator is "/".
 QXTOOLS_API void UseLocale();
 
 }  // namespace qxTools

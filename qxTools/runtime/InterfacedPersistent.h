@@ -1,5 +1,5 @@
 /// @file
-/// The base of objects that can be assigned, answer to interfaces, and belong to whoever made them.
+/// The base of objects that can be assigned, have interfaces, and are deleted by their owner.
 #pragma once
 
 #include <qxTools/base/Interfaces.h>
@@ -7,26 +7,26 @@
 
 namespace qxTools {
 
-/// References are not counted: taking and releasing them gives -1 and never frees the object.
+/// References are not counted: _AddRef and _Release return -1 and never delete the object.
 ///
-/// A derived class names its interfaces in FindInterface and takes the root methods by
+/// A derived class lists its interfaces in FindInterface and defines the root methods by
 /// QXTOOLS_INTERFACED_OBJECT.
 class QXTOOLS_API TInterfacedPersistent : public TPersistent {
  public:
   ~TInterfacedPersistent() override;
 
  protected:
-  /// The interface of this object with that identifier, or null.
+  /// Returns this object's interface with that identifier, or null if it has none.
   virtual void* FindInterface(const GUID& iid) = 0;
 
-  /// The root methods, for QXTOOLS_INTERFACED_OBJECT.
+  /// QueryInterface of the root interface, for QXTOOLS_INTERFACED_OBJECT.
   HRESULT QueryInterfaceImpl(const GUID& iid, void** result) {
     *result = FindInterface(iid);
     return *result != nullptr ? S_OK : E_NOINTERFACE;
   }
-  /// The same: -1.
+  /// _AddRef of the root interface, for QXTOOLS_INTERFACED_OBJECT. Always returns -1.
   Integer AddRefImpl() { return -1; }
-  /// The same: -1.
+  /// _Release of the root interface, for QXTOOLS_INTERFACED_OBJECT. Always returns -1.
   Integer ReleaseImpl() { return -1; }
 };
 

@@ -1,5 +1,5 @@
 /// @file
-/// The list of pointers.
+/// A list of pointers.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -9,18 +9,21 @@
 
 namespace qxTools {
 
-/// Pointers in order. The list owns nothing that they point at.
+/// An ordered list of pointers. The objects that they point to are not owned by the list.
 class QXTOOLS_API TList : public TObject {
  public:
   ~TList() override;
 
-  /// Appends a pointer. @return its index, from 0.
+  /// Appends a pointer and returns its index, which counts from 0. If memory runs out, std::bad_alloc is
+  /// thrown and the list is unchanged.
   Integer Add(void* item);
-  /// Drops all pointers.
+  /// Removes all pointers.
   void Clear() { items_.clear(); }
+  /// Returns the number of pointers.
   Integer GetCount() const { return static_cast<Integer>(items_.size()); }
 
-  /// @throws EListError when the index is not in the list.
+  /// Returns the pointer at `index`.
+  /// @throws EListError "List index out of bounds (N)".
   void* GetItems(Integer index) const;
 
  private:

@@ -1,5 +1,5 @@
 /// @file
-/// Numbers to text and back, as the units and Variant write and read them.
+/// Conversion of numbers to text and back, for the units and Variant.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -7,22 +7,23 @@
 
 namespace qxTools {
 
-/// The 32-bit integer that `text` spells: optional spaces in front, an optional sign, decimal digits.
-/// @throws EConvertError "'TEXT' is not a valid integer value" for anything else, or beyond 32 bits.
+/// Reads an integer: blanks (optional), a sign (optional), decimal digits.
+/// @throws EConvertError "'TEXT' is not a valid integer value" for any other text, and for a number that does
+/// not fit 32 bits.
 QXTOOLS_API Integer StrToInt(std::string_view text);
 
-/// `value` with up to `digits` significant digits (7 for single, 15 for double), without trailing zeros and
-/// with the decimal separator of the format settings: plain from 0.00001 up to 15 integer digits, with an
-/// exponent otherwise ("1E15", "1.5E-7"). Negative zero is "0"; the others are "INF", "-INF" and "NAN".
+/// Returns a number as text with up to `digits` significant digits (7 for single, 15 for double) and without
+/// trailing zeros. The decimal separator is that of the format settings. Numbers below 0.00001 or with more
+/// than 15 integer digits have an exponent ("1E15", "1.5E-7"). Negative zero is "0"; infinities are "INF" and
+/// "-INF", not a number is "NAN".
 QXTOOLS_API std::string FloatToStr(double value, int digits = 15);
 
-/// The number that `text` spells, read with the decimal separator of the format settings; spaces around it
-/// are allowed.
-/// @throws EConvertError "'TEXT' is not a valid floating point value" for anything else.
+/// Reads a number with the decimal separator of the format settings. Blanks around it are allowed.
+/// @throws EConvertError "'TEXT' is not a valid floating point value" for any other text.
 QXTOOLS_API double StrToFloat(std::string_view text);
 
-/// `value` rounded to the nearest integer, ties to even. NaN gives 0, what is beyond 32 bits the nearest
-/// limit.
+/// Returns the nearest integer; of two equally near ones, the even one. Returns 0 for not a number, and the
+/// smallest or largest 32-bit integer for a number beyond it.
 QXTOOLS_API Integer RoundToInteger(long double value);
 
 }  // namespace qxTools

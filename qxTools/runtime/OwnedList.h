@@ -1,5 +1,5 @@
 /// @file
-/// An ordered list that owns its items and hands out plain pointers to them.
+/// An ordered list that owns its items and returns plain pointers to them.
 #pragma once
 
 #include <qxTools/base/Exceptions.h>
@@ -10,33 +10,38 @@
 
 namespace qxTools {
 
-/// Items keep their address until they are removed. A bad index raises EListError, "List index out of
-/// bounds (N)".
+/// A list of items, whose indexes count from 0. An item keeps its address until it is deleted. If memory runs
+/// out, std::bad_alloc is thrown and the list is unchanged.
 template <class Item>
 class OwnedList {
  public:
+  /// Returns the number of items.
   Integer GetCount() const { return static_cast<Integer>(items_.size()); }
 
+  /// Returns the item at `index`.
+  /// @throws EListError "List index out of bounds (N)".
   Item* GetItems(Integer index) const { return items_[Checked(index)].get(); }
 
-  /// Appends an item. @return where it stands from now on.
+  /// Appends an item and returns its address.
   Item* Add(std::unique_ptr<Item> item) { return items_.emplace_back(std::move(item)).get(); }
 
-  /// Inserts an item at 0 to the count.
+  /// Inserts an item before the item at `index`, or at the end if `index` is the number of items.
+  /// @throws EListError "List index out of bounds (N)" for any other index.
   void Insert(Integer index, std::unique_ptr<Item> item) {
     if (index != GetCount()) Checked(index);
     items_.insert(items_.begin() + index, std::move(item));
   }
 
-  /// Frees an item.
+  /// Deletes the item at `index`.
+  /// @throws EListError "List index out of bounds (N)".
   void Delete(Integer index) { items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(Checked(index))); }
 
-  /// Frees the items, last to first.
+  /// Deletes all items, from last to first.
   void Clear() {
     while (!items_.empty()) items_.pop_back();
   }
 
-  /// Takes room for so many items.
+  /// Allocates memory for this number of items.
   void Reserve(std::size_t count) { items_.reserve(count); }
 
  private:

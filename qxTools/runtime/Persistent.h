@@ -1,5 +1,5 @@
 /// @file
-/// The base of objects that copy themselves from one another.
+/// The base of objects that can be assigned to one another.
 #pragma once
 
 #include <qxTools/base/Types.h>
@@ -8,24 +8,24 @@ namespace qxTools {
 
 class TFiler;
 
-/// An object that can be assigned. A derived class overrides Assign, takes the sources that it knows and
-/// leaves the others to this one.
+/// An object that can be assigned. A derived class overrides Assign, copies the sources that it knows, and
+/// calls this class's Assign for the others.
 class QXTOOLS_API TPersistent : public TObject {
  public:
   ~TPersistent() override;
 
-  /// Lets the source write itself into this object (AssignTo).
-  /// @throws EConvertError "Cannot assign a SOURCE to a CLASS" when neither knows the other.
+  /// Calls `source->AssignTo(this)`, so that a class can also define what it can be assigned to.
+  /// @throws EConvertError "Cannot assign a SOURCE to a CLASS" if neither class knows the other.
   virtual void Assign(const TPersistent* source);
 
-  /// Tells a component file's reader or writer the properties that are more than fields; here none.
+  /// Defines the object's properties to a reader or writer (runtime/Filer.h). This class defines none.
   virtual void DefineProperties(TFiler& filer);
 
-  /// The name of the object's class, for messages.
+  /// Returns the name of the object's class, for messages.
   virtual std::string ClassName() const;
 
  protected:
-  /// Writes this object into `target`, which did not know it.
+  /// Copies this object to `target`, whose Assign does not know it. This class throws EConvertError.
   virtual void AssignTo(TPersistent* target) const;
 };
 

@@ -1,5 +1,5 @@
 /// @file
-/// Zero-terminated string buffers that change hands between the library and its callers.
+/// Buffers for zero-terminated strings that the library allocates and its callers free, or the reverse.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -8,11 +8,11 @@
 
 namespace qxTools {
 
-/// A buffer of `size` bytes, all NUL, which the caller gives back with StrDispose.
-/// @throws std::bad_alloc when there is no memory for it.
+/// Allocates a buffer of `size` bytes, all zero. Free it with StrDispose.
+/// @throws std::bad_alloc if memory runs out.
 QXTOOLS_API char* StrAlloc(std::size_t size);
 
-/// Gives a buffer of StrAlloc back; null is allowed.
+/// Frees a buffer that StrAlloc allocated. Null is ignored.
 QXTOOLS_API void StrDispose(char* buffer);
 
 }  // namespace qxTools

@@ -200,7 +200,7 @@ const VariantArray& Variant::ArrayToRead() const {
 }
 
 VariantArray& Variant::ArrayToWrite() {
-  ArrayToRead();  // raises when there is none
+  ArrayToRead();  // throws if there is none
   auto& array = std::get<std::shared_ptr<VariantArray>>(value_);
   if (array.use_count() > 1) array = std::make_shared<VariantArray>(*array);
   return *array;

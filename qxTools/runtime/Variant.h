@@ -1,12 +1,15 @@
 /// @file
-/// Variant: the tagged value with the OLE type codes that parameters, packets and value lists hold.
+/// Variant: a value with an OLE type code. Parameters, packets and value lists hold such values.
 ///
-/// Copies are deep; arrays are shared until one of the copies is written. Text converts between narrow and
-/// wide by code page 950; a narrow text stays as it is, byte for byte.
+/// Copies are independent of each other; the copies of an array share its elements until one of them is
+/// changed. Arrays may be nested to any depth. Text is converted between bytes and wide characters by code
+/// page 950; bytes are kept unchanged.
 ///
-/// Text forms: integers in decimal; single and double as FloatToStr with 7 and 15 digits; currency with up to
-/// 4 decimals; "True" and "False"; dates as DateTimeToStr; null and empty "". An array, a dispatch, an
-/// unknown or a reference has no text form.
+/// As text, integers are decimal; single and double are as FloatToStr returns them with 7 and 15 digits;
+/// currency has up to 4 decimals; booleans are "True" and "False"; dates are as DateTimeToStr returns them;
+/// null and empty are "". Arrays, objects and references cannot be converted to text.
+///
+/// If memory runs out, std::bad_alloc is thrown and the value is unchanged.
 #pragma once
 
 #include <qxTools/base/Interfaces.h>
@@ -21,7 +24,7 @@
 
 namespace qxTools {
 
-/// An OLE type code; varArray and varByRef are flags beside one.
+/// An OLE type code. The flags varArray and varByRef can be combined with one.
 using VarType = std::uint16_t;
 
 constexpr VarType varEmpty = 0;       ///< no value was assigned
@@ -53,13 +56,15 @@ struct VarBounds {
   Integer Low = 0;    ///< The first index.
   Integer High = -1;  ///< The last index.
 
+  /// Returns whether two dimensions have the same bounds.
   friend bool operator==(const VarBounds&, const VarBounds&) = default;
 };
 
-struct VariantArray;
-/// Pairs of arrays that a comparison has already begun.
+struct VariantArray;  // the elements of an array
+/// Pairs of arrays that are still to be compared.
 using VariantArrayPairs = std::vector<std::pair<const VariantArray*, const VariantArray*>>;
 
+/// An integer type that a Variant has a type code for: not bool, a character type or unsigned 64 bits.
 template <class T>
 concept VariantInteger =
     std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char> && !std::same_as<T, wchar_t> &&
@@ -70,95 +75,131 @@ concept VariantInteger =
 class QXTOOLS_API Variant {
  public:
   // --- Making one ------------------------------------------------------------------------------------
-  /// Empty: no value was assigned.
+  /// Makes an empty value: none was assigned.
   Variant() noexcept = default;
+  /// Copies a value. The elements of an array are shared until one of the copies is changed.
   Variant(const Variant&) = default;
+  /// Takes the value of another one, which must then be assigned or destroyed.
   Variant(Variant&&) noexcept = default;
-  /// By a copy: without memory for it the value stays as it was, and `other` may go with the old contents.
+  /// Copies a value. `other` may be part of the old value. If memory runs out, std::bad_alloc is thrown and
+  /// the old value is kept.
   Variant& operator=(const Variant& other) { return *this = Variant(other); }
+  /// Takes the value of another one, which must then be assigned or destroyed.
   Variant& operator=(Variant&&) noexcept = default;
   ~Variant() = default;
-  /// For bool itself, so that no pointer turns into one on the way.
+  /// Makes a boolean. Accepts only bool, so that a pointer is not converted to bool by accident.
   template <std::same_as<bool> T>
   Variant(T value) : type_(varBoolean), value_(std::int64_t{value}) {}
-  /// The integer type of the argument's size and sign; there is none for unsigned 64 bits.
+  /// Makes an integer with the type code of the argument's size and sign.
   template <VariantInteger T>
   Variant(T value) : type_(IntegerType(sizeof(T), std::is_signed_v<T>)), value_(std::int64_t{value}) {}
-  /// By the type of the argument: number, narrow or wide text.
+  /// Makes a single (varSingle).
   Variant(float value) : type_(varSingle), value_(static_cast<double>(value)) {}
+  /// Makes a double (varDouble).
   Variant(double value) : type_(varDouble), value_(value) {}
+  /// Makes a text (varString) from zero-terminated bytes.
   Variant(const char* text) : Variant(std::string(text)) {}
+  /// Makes a text (varString).
   Variant(std::string text) : type_(varString), value_(std::move(text)) {}
+  /// Makes a text (varString).
   Variant(std::string_view text) : Variant(std::string(text)) {}
+  /// Makes a wide text (varOleStr) from zero-terminated characters.
   Variant(const char16_t* text) : Variant(std::u16string(text)) {}
+  /// Makes a wide text (varOleStr).
   Variant(std::u16string text) : type_(varOleStr), value_(std::move(text)) {}
 
-  /// No value, as a database has it.
+  /// Makes a null, as a database has it.
   static Variant Null() { return OfType(varNull); }
-  /// A date.
+  /// Makes a date.
   static Variant FromDate(TDateTime date);
-  /// `scaled` is the amount in ten-thousandths.
+  /// Makes an amount of money. `scaled` is the amount in ten-thousandths.
   static Variant FromCurrency(std::int64_t scaled);
-  /// A result code.
+  /// Makes a result code.
   static Variant FromError(Integer code);
-  /// Holds a reference to the object, which may be null.
+  /// Makes a reference to an object (varDispatch), which may be null.
   static Variant FromDispatch(IInterface* object);
-  /// The same.
+  /// Makes a reference to an object (varUnknown), which may be null.
   static Variant FromUnknown(IInterface* object);
-  /// A value of that type code that is zero, "" or a null reference. By-reference codes and codes without a
-  /// meaning here make values that have their code and nothing else.
+  /// Makes a value of this type code: 0, "", a null reference or an array without elements. For a
+  /// by-reference or unknown code the result has the code and no value.
   static Variant OfType(VarType type);
-  /// An array with every element empty, or 0 where `element` is varByte.
-  /// @throws EVariantError "Variant array is too large" or when a high bound is more than one below its low.
+  /// Makes an array with these dimensions. Every element is empty; if `element` is varByte, every one is 0.
+  /// @throws EVariantError "Variant array is too large" beyond 2^31 - 1 elements, or "Variant array index out
+  /// of bounds" if a high bound is more than one below its low bound.
   static Variant NewArray(std::span<const VarBounds> bounds, VarType element = varVariant);
+  /// Makes an array of one dimension with the indexes `low` to `high`. Every element is empty; if `element`
+  /// is varByte, every one is 0.
+  /// @throws EVariantError "Variant array is too large" beyond 2^31 - 1 elements, or "Variant array index out
+  /// of bounds" if `high` is more than one below `low`.
   static Variant NewArray(Integer low, Integer high, VarType element = varVariant);
 
-  // --- Looking at it ---------------------------------------------------------------------------------
-  /// The type code.
+  // --- Reading it ------------------------------------------------------------------------------------
+  /// Returns the type code.
   VarType Type() const { return type_; }
-  /// Whether no value was assigned.
+  /// Returns whether no value was assigned.
   bool IsEmpty() const { return type_ == varEmpty; }
-  /// Whether it is null.
+  /// Returns whether the value is null.
   bool IsNull() const { return type_ == varNull; }
-  /// Whether it is an array.
+  /// Returns whether the value is an array.
   bool IsArray() const { return (type_ & varArray) != 0; }
-  /// A narrow or a wide text.
+  /// Returns whether the value is a text, of bytes or of wide characters.
   bool IsString() const { return type_ == varString || type_ == varStrArg || type_ == varOleStr; }
 
-  /// The text form. @throws EVariantError when there is none.
+  /// Returns the value as text.
+  /// @throws EVariantError "Variant has no text form" for an array, an object or a reference.
   AnsiString AsString() const;
-  /// The same, wide.
+  /// Returns the value as wide text.
+  /// @throws EVariantError "Variant has no text form" for an array, an object or a reference.
   WideString AsWideString() const;
-  /// Null and empty give 0, true gives -1, other numbers are rounded (ties to even), text is read as
-  /// StrToInt.
-  /// @throws EVariantError beyond 32 bits or without a number form, EConvertError for other text.
+  /// Returns the value as an integer. Null and empty are 0, true is -1; other numbers are rounded to the
+  /// nearest integer, of two equally near ones to the even one. Text is read by StrToInt.
+  /// @throws EVariantError if the number does not fit 32 bits, or for an array, an object or a reference.
+  /// @throws EConvertError if a text is not an integer.
   Integer AsInteger() const;
-  /// The same with all the digits. @throws EVariantError without a number form, EConvertError for other text.
+  /// Returns the value as a number. Null and empty are 0, true is -1. Text is read by StrToFloat.
+  /// @throws EVariantError "Variant has no number form" for an array, an object or a reference.
+  /// @throws EConvertError if a text is not a number.
   double AsDouble() const;
-  /// Whether the number is other than 0; the texts "True" and "False" count in any case.
+  /// Returns whether the value as a number is not 0. The texts "True" and "False", in any letter case, are
+  /// true and false.
+  /// @throws EVariantError "Variant has no number form" for an array, an object or a reference.
+  /// @throws EConvertError if a text is neither of these nor a number.
   bool AsBoolean() const;
-  /// The object held, without a reference taken, or null.
+  /// Returns the object, or null if the value is not one. No reference is added.
   IInterface* AsInterface() const;
 
-  /// Same type code and same value; arrays element by element.
+  /// Returns whether type code and value are equal. Arrays are compared element by element.
   friend QXTOOLS_API bool operator==(const Variant& a, const Variant& b);
 
   // --- Arrays ----------------------------------------------------------------------------------------
-  // Each raises EVariantError: "Variant is not an array", or "Variant array index out of bounds" for a
-  // dimension (counted from 1) or an index that the array does not have.
-  /// How many dimensions there are.
+  /// Returns the number of dimensions.
+  /// @throws EVariantError "Variant is not an array".
   Integer DimCount() const;
-  /// The bounds of one.
+  /// Returns the bounds of a dimension, counted from 1.
+  /// @throws EVariantError "Variant is not an array", or "Variant array index out of bounds" if it does not
+  /// have this dimension.
   VarBounds Bounds(Integer dimension = 1) const;
-  /// The element at one index a dimension.
+  /// Returns a copy of the element at these indexes, one for each dimension.
+  /// @throws EVariantError "Variant is not an array", or "Variant array index out of bounds".
   Variant GetElement(std::span<const Integer> indexes) const;
+  /// Returns a copy of the element at this index of an array of one dimension.
+  /// @throws EVariantError "Variant is not an array", or "Variant array index out of bounds".
   Variant GetElement(Integer index) const { return GetElement(std::span(&index, 1)); }
-  /// Elements of a varByte array take integers, cut to 8 bits; those of other arrays take any value.
+  /// Replaces the element at these indexes, one for each dimension. An element of a varByte array is set to
+  /// the low 8 bits of `value` as an integer.
+  /// @throws EVariantError "Variant is not an array", or "Variant array index out of bounds".
   void SetElement(std::span<const Integer> indexes, const Variant& value);
+  /// Replaces the element at this index of an array of one dimension. An element of a varByte array is set to
+  /// the low 8 bits of `value` as an integer.
+  /// @throws EVariantError "Variant is not an array", or "Variant array index out of bounds".
   void SetElement(Integer index, const Variant& value) { SetElement(std::span(&index, 1), value); }
-  /// All elements of a varByte array, the first dimension running fastest. The second form makes the array
-  /// this value's own; the span is good until the next change of this value.
+  /// Returns all elements of a varByte array; the index of the first dimension changes fastest. The span is
+  /// valid until the next change of this value.
+  /// @throws EVariantError "Variant is not an array", or "Variant is not an array of bytes".
   std::span<const std::uint8_t> Bytes() const;
+  /// Returns all elements of a varByte array to be changed; the index of the first dimension changes fastest.
+  /// Other copies of this value do not change. The span is valid until the next change of this value.
+  /// @throws EVariantError "Variant is not an array", or "Variant is not an array of bytes".
   std::span<std::uint8_t> Bytes();
 
  private:

@@ -1,5 +1,6 @@
 #include <qxTools/base/LittleEndian.h>
 #include <qxTools/graphics/qxDrawTools.h>
+#include <qxTools/painting/SystemColors.h>
 
 #include <array>
 #include <limits>
@@ -129,6 +130,11 @@ TEST(qxDrawTools, BevelsAreRingsInTheirColours) {
             "wffffffs.fwffffsd.s......w.sd....fw.srrrrrrw.sdrrrrfw.\n"
             "wffffffs.fwsssssd.s......w.sdfffffw.srrrrrrw.sdfffffw.\n"
             "wsssssss.fddddddd.swwwwwww.swwwwwww.swwwwwww.swwwwwww.\n");
+  Paper paper(9, 9);  // the pen keeps the last ring's second colour
+  for (const auto& [isDouble, pen] : {std::pair(false, clBtnHighlight), {true, clBtnFace}}) {
+    DrawBox(paper.GetCanvas(), {0, 0, 7, 7}, isDouble);
+    EXPECT_EQ(paper.GetCanvas().GetPenColor(), pen);
+  }
 }
 
 TEST(qxDrawTools, TrianglesPointInFourDirections) {

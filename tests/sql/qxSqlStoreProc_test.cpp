@@ -88,6 +88,17 @@ TEST(TQXSqlStoreProc, AnExpansionCanMakeTheNameOfALaterMacro) {
   EXPECT_EQ(set.GetStoreProc()->GetStrings(1), "x x\r\n'");
 }
 
+TEST(TQXSqlStoreProc, MacrosAreDroppedByClearAndByAnotherSearch) {
+  TQXSqlStoreProc set;
+  set.GetStatement().SetText("[$T]");
+  set.SetValue("$T", 7);
+  set.SearchAllParams();
+  EXPECT_EQ(set.GetFuncCount(), 1);
+  EXPECT_NE(set.GetValue("$T"), Variant(7));
+  set.Clear();
+  EXPECT_EQ(set.GetFuncCount(), 0);
+}
+
 TEST(TQXSqlStoreProc, WithoutValuesTheStatementStandsAlone) {
   TQXSqlStoreProc set;
   const TStringList lines{"/* head */", "select 1 -- \xA4\xA4"};  // 中

@@ -1,9 +1,10 @@
 /// @file
-/// The library on a real desktop: one object that plugs everything in.
+/// Connects the library to the desktop: one object sets everything that the library needs of it.
 ///
-/// While it lives, text on bitmaps is painted in the application's font, system colours are those of the
-/// application's palette (and follow its changes), and the screen and its windows are known. A window's
-/// handle is its QWidget::winId(). For the user interface's thread.
+/// While the object exists, text on bitmaps is painted in the application's font, system colours are those of
+/// the application's palette (and follow its changes), the screen and its windows are known, and message
+/// dialogs can be shown. A window's handle is its QWidget::winId(). Use it only on the thread of the user
+/// interface.
 #pragma once
 
 #include <qxTools/desktop/Export.h>
@@ -12,14 +13,16 @@
 
 namespace qxTools::desktop {
 
-/// Made once, after the program's QApplication, and gone before it; the library never makes one itself.
+/// The connection to the desktop. Make one after the program's QApplication, and destroy it before that. The
+/// library never makes one itself.
 class QXTOOLS_DESKTOP_API Desktop {
  public:
-  /// @throws Exception "No application object" unless there is a QApplication.
+  /// Connects the library to the desktop.
+  /// @throws Exception "No application object" if there is no QApplication.
   Desktop();
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;
-  /// Takes everything out again: the library is then as without a desktop.
+  /// Disconnects the library, which is then as it was without a desktop.
   ~Desktop();
 
  private:

@@ -1,8 +1,8 @@
 /// @file
-/// What the desktop library exports.
+/// The mark of names that the desktop library exports.
 ///
 /// @def QXTOOLS_DESKTOP_API
-/// Stands in front of the names that the desktop library exports.
+/// Marks a name that the shared desktop library exports. All other names are hidden.
 #pragma once
 
 #include <qxTools/Export.h>

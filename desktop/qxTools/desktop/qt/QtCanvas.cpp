@@ -14,7 +14,7 @@ namespace {
 /// A recording has no sides of its own; this is what a page or screen may need.
 constexpr TRect kRecordingBounds{0, 0, 32767, 32767};
 
-/// Widgets and windows tell their size in logical pixels, all else in the device's own.
+/// The size of widgets and windows is in logical pixels; that of all other surfaces is in the device's own.
 TRect BoundsOf(const QPaintDevice& surface) {
   if (surface.devType() == QInternal::Picture) return kRecordingBounds;
   const bool isWindow = dynamic_cast<const QPaintDeviceWindow*>(&surface) != nullptr;

@@ -1,10 +1,10 @@
 /// @file
-/// A canvas over anything that Qt paints on: a widget, a picture, a printer's page.
+/// A canvas on anything that Qt paints on: a widget, a picture or a printer's page.
 ///
-/// Pictures are those of a bitmap's canvas, pixel for pixel; only glyphs are the desktop's own. Coordinates
-/// are Qt's logical ones: on a surface with a device pixel ratio of 2 each pixel becomes 2 x 2. At a ratio
-/// such as 1.25 sides lie on the nearest pixels of the surface, so what meets elsewhere meets there too, and
-/// a bitmap is stretched between its sides.
+/// Pictures have the same pixels as on a bitmap's canvas; only the shapes of characters are those of the
+/// desktop. Coordinates are Qt's logical ones: on a surface with a device pixel ratio of 2 each pixel becomes
+/// 2 x 2. At a ratio such as 1.25 each side is moved to the nearest pixel of the surface, so that areas that
+/// touch each other still do, and a bitmap is stretched between its sides.
 #pragma once
 
 #include <qxTools/desktop/Export.h>
@@ -17,22 +17,29 @@
 
 namespace qxTools::desktop {
 
-/// Paints from its making to its end; a widget makes it in paintEvent. The surface outlives it and is painted
-/// by nothing else meanwhile. The font is at first the surface's. Text needs the program's application
-/// object.
+/// A canvas on a surface. The surface must outlive it and must not be painted by anything else while it
+/// exists. A widget makes a canvas in paintEvent. At first the font is that of the surface. Text needs an
+/// application object.
 class QXTOOLS_DESKTOP_API QtCanvas : public TCanvas {
  public:
-  /// @throws Exception "The surface cannot be painted" when Qt refuses it: null, or being painted already.
+  /// Starts painting on a surface.
+  /// @throws Exception "The surface cannot be painted" if Qt refuses it: it is null or is being painted
+  /// already.
   explicit QtCanvas(QPaintDevice& surface);
+  /// Ends painting.
   ~QtCanvas() override;
 
+  /// Returns the font of text.
   const QFont& GetFont() const { return font_; }
-  /// Points are those of the surface: on a printer's page they have more pixels than on the screen.
+  /// Sets the font of text. Its points are those of the surface: on a printer's page they have more pixels
+  /// than on the screen.
   void SetFont(const QFont& font);
 
-  /// @throws Exception "No application object".
+  /// Returns the width of one line of text.
+  /// @throws Exception "No application object" if there is none.
   Integer TextWidth(std::string_view text) override;
-  /// The height of a line, whatever it says. @throws Exception "No application object".
+  /// Returns the height of a line, which is the same for every text.
+  /// @throws Exception "No application object" if there is none.
   Integer TextHeight(std::string_view text) override;
 
  protected:
@@ -42,7 +49,7 @@ class QXTOOLS_DESKTOP_API QtCanvas : public TCanvas {
   void PaintText(const TRect& clip, const TPoint& at, std::string_view text, TColor color) override;
 
  private:
-  /// The rectangle with its sides on the surface's own pixels.
+  /// Returns the rectangle with its sides moved to the surface's own pixels.
   QRectF OnSurface(const TRect& rect) const;
 
   QPainter painter_;

@@ -60,7 +60,7 @@ bool IsChinese() {
 
 QString WithoutMnemonic(QString text) { return text.remove('&'); }
 
-/// The translators' caption; the library's own where they have none and the user reads Chinese.
+/// The translators' caption, or the library's own if they have none and the user reads Chinese.
 QString Translated(const QString& text, TDialogButton button) {
   const ButtonCaption& own = CaptionOf(button);
   const bool isEnglish = WithoutMnemonic(text) == WithoutMnemonic(own.english);
@@ -186,7 +186,7 @@ class Dialog final : public QDialog, public MessageDialog {
   /// room for it.
   int CaptionWidth() const {
     QFont font = QApplication::font("QMdiSubWindowTitleBar");
-    font.setBold(true);  // as desktops have it
+    font.setBold(true);  // most desktops paint captions bold
     const QFontMetrics metrics(font);
     const int beside = 4 * style()->pixelMetric(QStyle::PM_TitleBarHeight);
     return std::min(metrics.horizontalAdvance(windowTitle()) + beside,

@@ -1,4 +1,4 @@
-// The system colours that a Qt palette stands for.
+// The system colours of a Qt palette.
 #pragma once
 
 #include <qxTools/painting/SystemColors.h>
