@@ -1,5 +1,9 @@
-# Warnings and sanitizers for every target of this project.
-# qxtools_options(<target>) is called once a target, right after it is made.
+# The compiler's and the linker's options, and nowhere else.
+if(UNIX AND NOT APPLE)
+  set(QXTOOLS_ELF ON)
+endif()
+
+# qxtools_options(<target>): warnings and sanitizers. It is called once a target, right after it is made.
 function(qxtools_options target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
@@ -17,5 +21,39 @@ function(qxtools_options target)
     target_compile_options(${target} PRIVATE -fsanitize=${QXTOOLS_SANITIZE}
                            -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PRIVATE -fsanitize=${QXTOOLS_SANITIZE})
+  endif()
+endfunction()
+
+# qxtools_library_options(<target>): how the library is bound, for a shared one.
+function(qxtools_library_options target)
+  if(NOT QXTOOLS_ELF)
+    return()
+  endif()
+  # The library calls itself directly: nobody replaces its functions one by one.
+  target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+  target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # A unique symbol would keep the library in memory after dlclose.
+    target_compile_options(${target} PRIVATE -fno-gnu-unique)
+  endif()
+  if(NOT QXTOOLS_SANITIZE)
+    target_link_options(${target} PRIVATE -Wl,--version-script=${CMAKE_CURRENT_SOURCE_DIR}/exports.map)
+    set_target_properties(${target} PROPERTIES LINK_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/exports.map)
+  endif()
+endfunction()
+
+# qxtools_harden(<target>): for what is shipped. A fault that overruns a buffer ends the program, and what the linker
+# has resolved cannot be written over. The sanitizers see more, and each by its own means.
+function(qxtools_harden target)
+  if(QXTOOLS_SANITIZE)
+    return()
+  endif()
+  target_compile_options(${target} PRIVATE -fstack-protector-strong)
+  if(NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
+    # It needs optimisation.
+    target_compile_definitions(${target} PRIVATE $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:_FORTIFY_SOURCE=2>)
+  endif()
+  if(QXTOOLS_ELF)
+    target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now)
   endif()
 endfunction()

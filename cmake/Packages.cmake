@@ -12,6 +12,16 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/qxTools)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_STRIP_FILES ON)
 
+# What each package says of itself, in /usr/share/doc: the notices of all that is inside, and its changes.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS LICENSE THIRD-PARTY-NOTICES.md)
+set(copyright ${PROJECT_BINARY_DIR}/debian/copyright)
+file(READ LICENSE license)
+file(READ THIRD-PARTY-NOTICES.md notices)
+file(WRITE ${copyright} "${license}\n${notices}
+On Debian systems the Apache License, Version 2.0, is in /usr/share/common-licenses/Apache-2.0.
+")
+qxtools_compress(${PROJECT_SOURCE_DIR}/cmake/debian/changelog changelog)
+
 # qxtools_package(<component> <package> <section> <depends> <text>)
 macro(qxtools_package component package section depends text)
   list(APPEND CPACK_COMPONENTS_ALL ${component})
@@ -20,7 +30,13 @@ macro(qxtools_package component package section depends text)
   set(CPACK_DEBIAN_${key}_PACKAGE_SECTION ${section})
   set(CPACK_DEBIAN_${key}_PACKAGE_DEPENDS "${depends}")
   set(CPACK_COMPONENT_${key}_DESCRIPTION "${text}")
-  install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} RENAME copyright COMPONENT ${component})
+  install(FILES ${copyright} ${changelog} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
+  if("${section}" STREQUAL "libs")
+    # The trigger does what CPack's own scripts would do. Of a script that is named here CPack makes none, and a file
+    # that is not there is left out.
+    set(CPACK_DEBIAN_${key}_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers
+      ${PROJECT_BINARY_DIR}/none/postinst ${PROJECT_BINARY_DIR}/none/postrm)
+  endif()
 endmacro()
 
 set(CPACK_COMPONENTS_ALL)

@@ -47,7 +47,7 @@ quietly() {
 build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev unixodbc-dev libsqliteodbc)
 test_packages=(libgtest-dev clang g++-multilib googletest shared-mime-info libglib2.0-bin desktop-file-utils python3-jsonschema
   qt6-base-dev fonts-wqy-microhei ccache locales zsh python3 tdsodbc postgresql odbc-postgresql)
-package_packages=(dpkg-dev file pkg-config abigail-tools)
+package_packages=(dpkg-dev file lintian pkg-config abigail-tools)
 docs_packages=(doxygen man-db groff python3-matplotlib)
 tidy_packages=(clang-tidy)
 fuzz_packages=(clang libclang-rt-14-dev nlohmann-json3-dev)

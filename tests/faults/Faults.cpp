@@ -94,7 +94,10 @@ void* operator new(std::size_t size) {
   void* const block = Fails(Fault::kMemory) ? nullptr : std::malloc(size == 0 ? 1 : size);
   return block != nullptr ? block : throw std::bad_alloc();
 }
+void* operator new[](std::size_t size) { return operator new(size); }
 void operator delete(void* block) noexcept { std::free(block); }
+void operator delete[](void* block) noexcept { std::free(block); }
+void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
 void operator delete(void* block, std::size_t) noexcept { std::free(block); }
 
 // Seen by the libraries, though this project hides its symbols.

@@ -52,6 +52,14 @@ runs env LD_LIBRARY_PATH="$libraries" "$work/plain"
 (cd "$prefix/include" && find qxTools -name '*.h' ! -path '*/desktop/*' -printf '#include <%p>\n') >"$work/all.cpp"
 quietly g++ -std=c++20 -fsyntax-only -I "$prefix/include" "$work/all.cpp"
 
+# --- A project that takes the sources in ---
+quietly cmake -S "$here/parent" -B "$work/parent" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQXTOOLS="$root"
+quietly cmake --build "$work/parent"
+runs "$work/parent/consumer"
+quietly cmake --install "$work/parent" --prefix "$work/nothing"
+[ ! -e "$work/nothing" ] || die "a parent project installs: $(find "$work/nothing" -type f)"
+[[ "$(ctest --test-dir "$work/parent" -N)" == *"Total Tests: 0" ]] || die "a parent project has tests of qxTools"
+
 # --- The Debian packages, in a folder ---
 for package in "$root"/build/packages/*.deb; do dpkg-deb -x "$package" "$work/debian"; done
 qxtool=$work/debian/usr/bin/qxtool
