@@ -60,6 +60,9 @@ quietly cmake --install "$work/parent" --prefix "$work/nothing"
 [ ! -e "$work/nothing" ] || die "a parent project installs: $(find "$work/nothing" -type f)"
 [[ "$(ctest --test-dir "$work/parent" -N)" == *"Total Tests: 0" ]] || die "a parent project has tests of qxTools"
 
+# --- The Debian packages ---
+quietly lintian --fail-on error,warning "$root"/build/packages/*.deb
+
 # --- The Debian packages, in a folder ---
 for package in "$root"/build/packages/*.deb; do dpkg-deb -x "$package" "$work/debian"; done
 qxtool=$work/debian/usr/bin/qxtool
