@@ -169,7 +169,7 @@ losses $'1:2: E9 46, 镕, big5 lacks it\n1' '\x87\x4b\xe9\x46' --from cp936 --to
 same "$(printf '\xb9\xc9  ')" "$(<loss.out)"  # 嘖
 losses $'1:3: C3, not a character of big5\n1' '\xa4\xa4(\xc3' --from big5 --to utf8
 losses $'1:1: E2 82 AC, €, gb2312 lacks it\n3:2: F0 9F 98 80, 😀, gb2312 lacks it\n3:3: E0 80, not a character of utf8\n3' \
-  '€\n\n中😀\xe0\x80' --from UTF-8 --to gb2312
+  '\xEF\xBB\xBF€\n\n中😀\xe0\x80' --from UTF-8 --to gb2312
 expect 1 "was lost; --report lists them" convert --strict --from utf8 --to big5 -o loss.out < <(printf '😀')
 [ -s loss.out ] || fail "--strict replaced a file"
 expect 2 "gbk is for reading only" convert --from utf8 --to gbk
@@ -342,7 +342,7 @@ completes() {
     source "$0"' "$source/tools/qxtool/completion/_qxtool" "$qxtool" "$@")"
 }
 . "$source/tools/qxtool/completion/qxtool.bash"
-completes "call command check convert" c
+completes "filetype frame" f
 completes "big5" convert --from b
 completes "" ini ''
 completes "set" ini a.ini s

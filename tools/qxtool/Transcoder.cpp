@@ -107,6 +107,13 @@ class Position {
     column_ += CountCharacters(begin + lastBreak + 1, end);  // npos + 1 is 0
   }
 
+  /// Passes bytes that count as one character whatever they are.
+  void PassCharacter(std::string_view bytes) {
+    const bool isBreak = bytes.find('\n') != std::string_view::npos;
+    line_ += isBreak ? 1 : 0;
+    column_ = isBreak ? 1 : column_ + 1;
+  }
+
  private:
   static std::uint64_t CountCharacters(const char* p, const char* end) {
     std::uint64_t count = 0;
@@ -160,13 +167,20 @@ class MapTranscoder : public Transcoder {
 
   /// Writes what takes the place of a character that has no counterpart. @return its length.
   std::size_t Lose(std::string_view rest, std::size_t length, char*& out) {
-    if (!started_ && rest.data() == text_.data() && rest.starts_with(kByteOrderMark)) return length;
+    const bool isMark = !started_ && rest.data() == text_.data() && rest.starts_with(kByteOrderMark);
+    if (isMark) return Pass(rest, length);
     std::string output = "  ";
     if (script_ != nullptr) length = ConvertOdd(rest.substr(0, 2), output);
     out = std::copy(output.begin(), output.end(), out);
     position_.Advance(known_, rest.data());
-    known_ = rest.data();
     onLoss_({position_.Line(), position_.Column(), rest.substr(0, length)});
+    position_.PassCharacter(rest.substr(0, length));
+    return Pass(rest, length);
+  }
+
+  /// The position is after the first `length` bytes of `rest`. @return `length`.
+  std::size_t Pass(std::string_view rest, std::size_t length) {
+    known_ = rest.data() + length;
     return length;
   }
 
