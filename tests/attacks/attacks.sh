@@ -200,8 +200,11 @@ attack 4 "four processes add to one file by the library" tests FileHold_test '*'
 attack 5 "the list of default applications cannot be read" register
 attack 5 "a type name that no key can have" long_type_name
 attack 5 "every failing call while a type is published" tests Faults_test 'Publishing.*'
-attack 8 "values without memory" tests RuntimeFaults_test '*'
-attack 9 "commands and stored procedures without memory" tests SqlFaults_test '*'
-attack 10 "every operation without memory, from its first request to its last" tests Faults_test 'Living.*:Assigning.*'
+attack 8 "a shared array is copied before it is written, without memory" tests RuntimeFaults_test '*.Values'
+attack 9 "commands, stored procedures and packets without memory" tests SqlFaults_test '*'
+attack 10 "settings, tables and trees without memory" tests StoresFaults_test '*'
+attack 10 "lists, values and pictures without memory" tests RuntimeFaults_test '-*.Values'
+attack 10 "objects from their making to their end without memory" tests Faults_test 'Living.*:Assigning.*'
 attack 11 "reserved address space, threads and the caller's own" tests VirtualMemory_test '*'
+attack 12 "arrays nested 200,000 deep" tests Variant_test '*Deep*'
 exit $failed
