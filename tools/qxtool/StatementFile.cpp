@@ -6,6 +6,7 @@
 #include <charconv>
 
 #include "TextIo.h"
+#include "check/SqlLexer.h"
 #include "database/Utf16.h"
 
 namespace qxtool {
@@ -23,46 +24,6 @@ std::string FromUtf16(std::string_view bytes, bool bigEndian, const std::string&
     text += static_cast<char16_t>(bigEndian ? byte(i) << 8 | byte(i + 1) : byte(i + 1) << 8 | byte(i));
   return FromUtf8(database::ToUtf8(text), fileName);
 }
-
-/// Follows literals, names and comments through a script, to know which lines begin outside of them.
-class Nesting {
- public:
-  bool IsOpen() const { return close_ != 0 || depth_ > 0; }
-
-  void ReadLine(std::string_view line) {
-    for (std::size_t i = 0; i < line.size();) {
-      if (!IsOpen() && line.substr(i).starts_with("--")) return;
-      i += Read(line.substr(i));
-    }
-  }
-
- private:
-  /// Takes what is at the front. @return its bytes.
-  std::size_t Read(std::string_view text) {
-    if (static_cast<unsigned char>(text[0]) > 0x80) return std::min<std::size_t>(2, text.size());
-    if (close_ != 0) return ReadQuoted(text[0]);
-    const bool begins = text.starts_with("/*");
-    const bool ends = depth_ > 0 && text.starts_with("*/");
-    depth_ += (begins ? 1 : 0) - (ends ? 1 : 0);
-    if (begins || ends) return 2;
-    if (depth_ == 0) Open(text[0]);
-    return 1;
-  }
-
-  /// A doubled quote closes and opens again.
-  std::size_t ReadQuoted(char c) {
-    if (c == close_) close_ = 0;
-    return 1;
-  }
-
-  void Open(char c) {
-    if (c == '\'' || c == '"') close_ = c;
-    if (c == '[') close_ = ']';
-  }
-
-  char close_ = 0;  // what ends the literal or the name
-  int depth_ = 0;   // of comments
-};
 
 /// How often the batch before this line is sent, 0 if it is not a GO line.
 int GoCount(std::string_view line) {
@@ -90,26 +51,24 @@ std::string ReadStatement(const std::string& fileName) {
 
 std::vector<Batch> SplitBatches(std::string_view script) {
   std::vector<Batch> batches;
-  Batch batch;
-  const auto finish = [&](int count) {
-    batch.count = count;
-    if (batch.text.find_first_not_of(kBlanks) != kNone) batches.push_back(std::move(batch));
+  std::size_t start = 0;
+  int firstLine = 1;
+  const auto finish = [&](std::size_t end, int count) {
+    const std::string_view text = script.substr(start, end - start);
+    if (text.find_first_not_of(kBlanks) != kNone) batches.push_back({std::string(text), firstLine, count});
+    firstLine += static_cast<int>(std::ranges::count(text, '\n')) + 1;
   };
-  Nesting nesting;
-  int number = 1;
-  for (std::size_t start = 0, end = 0; start < script.size(); start = end, ++number) {
-    end = std::min(script.find('\n', start), script.size() - 1) + 1;
-    const std::string_view line = script.substr(start, end - start);
-    const int count = nesting.IsOpen() ? 0 : GoCount(line);
-    if (count > 0) {
-      finish(count);
-      batch = {.firstLine = number + 1};
-    } else {
-      nesting.ReadLine(line);
-      batch.text += line;
-    }
+  check::SqlLexer lexer(script);
+  for (check::Token token; lexer.Next(token);) {
+    if (!token.firstOnLine || token.kind != check::TokenKind::kWord) continue;
+    const std::size_t lineStart = script.rfind('\n', token.begin) + 1;  // npos + 1 is 0
+    const std::size_t lineEnd = std::min(script.find('\n', token.begin), script.size());
+    const int count = GoCount(script.substr(lineStart, lineEnd - lineStart));
+    if (count == 0) continue;
+    finish(lineStart, count);
+    start = std::min(lineEnd + 1, script.size());
   }
-  finish(1);
+  finish(script.size(), 1);
   return batches;
 }
 

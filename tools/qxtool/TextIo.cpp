@@ -40,8 +40,14 @@ std::string ReadStandardInput() {
   return bytes;
 }
 
-/// UTF-8 as code page 950; a character that the page lacks is an error, named by its line.
-std::string Narrow(std::string_view utf8, const std::string& subject) {
+}  // namespace
+
+Encoding& GetEncoding() {
+  static Encoding encoding;
+  return encoding;
+}
+
+std::string FromUtf8(std::string_view utf8, const std::string& subject) {
   if (utf8.starts_with(kByteOrderMark)) utf8.remove_prefix(kByteOrderMark.size());
   std::string bytes = qxTools::Utf8ToBytes(utf8);
   const std::string back = qxTools::BytesToUtf8(bytes);
@@ -52,32 +58,19 @@ std::string Narrow(std::string_view utf8, const std::string& subject) {
                 ": not UTF-8, or a character that code page 950 lacks");
 }
 
-}  // namespace
-
-Encoding& GetEncoding() {
-  static Encoding encoding;
-  return encoding;
+std::string ReadBytes(const std::string& fileName) {
+  return WithOwnWords(
+      [&] { return fileName == "-" ? ReadStandardInput() : qxTools::ReadWholeFile(fileName); });
 }
 
 std::string ReadInput(const std::string& fileName) {
-  const std::string bytes =
-      WithOwnWords([&] { return fileName == "-" ? ReadStandardInput() : qxTools::ReadWholeFile(fileName); });
-  return GetEncoding().utf8Files ? Narrow(bytes, fileName) : bytes;
+  const std::string bytes = ReadBytes(fileName);
+  return GetEncoding().utf8Files ? FromUtf8(bytes, fileName) : bytes;
 }
 
 std::string FromArgument(const std::string& argument) {
-  return GetEncoding().utf8Terminal ? Narrow(argument, argument) : argument;
+  return GetEncoding().utf8Terminal ? FromUtf8(argument, argument) : argument;
 }
-
-std::string ReadBytes(const std::string& fileName) {
-  try {
-    return fileName == "-" ? ReadStandardInput() : qxTools::ReadWholeFile(fileName);
-  } catch (const qxTools::Exception& e) {
-    throw Failure(Visible(e.what()));
-  }
-}
-
-std::string FromUtf8(std::string_view utf8, const std::string& subject) { return Narrow(utf8, subject); }
 
 void UseEncodingOfLocale() {
   GetEncoding().utf8Terminal = LocaleIsUtf8();
@@ -155,7 +148,7 @@ HeldText::HeldText(const std::string& fileName, qxTools::IfMissing ifMissing) : 
 
 std::string HeldText::Read() const {
   const std::string bytes = WithSubject(fileName_, [&] { return hold_->Read(); });
-  return GetEncoding().utf8Files ? Narrow(bytes, fileName_) : bytes;
+  return GetEncoding().utf8Files ? FromUtf8(bytes, fileName_) : bytes;
 }
 
 void HeldText::Save(const std::string& text) {
