@@ -91,4 +91,40 @@ TEST(Rules, FindTheirBadExampleAndPassTheirGoodOne) {
   }
 }
 
+// Statements as applications have them. None does harm as a call; one literal without N is meant.
+constexpr const char* kClean[] = {
+    "select top 10 c.CustNo, count(*) as Orders, sum(o.Qty * o.Price) / 2 as Half\n  from Customer c\n"
+    "  left join OrderHead o on o.CustNo = c.CustNo and o.OrderDate >= @MM_From\n"
+    " where c.City in (N'\xA5\x78\xA5\x5F', N'Tainan') /* \xA8\xE2\xA6\x61 */\n"  // 台北, 兩地
+    " group by c.CustNo having count(*) > 5 order by 2 desc\n",
+    "-- changes the stock\nupdate Stock set Qty = Qty - @MM_Qty, Changed = getdate() where Code = @MM_Code\n"
+    "if @@ROWCOUNT = 0 raiserror('no such goods', 16, 1)\n",
+    "insert into Log (Kind, Text, At) values ('order', @MM_Text, '20240102')\n",
+    "delete d from OrderDetail d where not exists (select 1 from [$Orders] o where o.OrderNo = d.OrderNo)\n",
+    "declare @total decimal(19, 4), @name nvarchar(40)\n"
+    "select @total = sum(Price), @name = max(Name) from Goods where Kind = @MM_Kind\nselect @total, @name\n",
+    "exec dbo.AddOrder @OrderNo = @MM_No, @At = '2024-01-02T03:04:05'\n",
+    "with Top5 as (select Code, row_number() over (order by Qty desc) as N from Stock)\n"
+    "select Code from Top5 where N <= 5 and Code like '%' + @MM_Part + '%' escape '\\'\n",
+    "create procedure AddGoods @Code varchar(20), @Name nvarchar(40) = null as\nbegin\n"
+    "  insert into Goods (Code, Name) values (@Code, @Name) -- both are checked by the caller\nend\n",
+    "merge Stock as s using (select @MM_Code as Code) as n on s.Code = n.Code\n"
+    "when matched then update set Qty = s.Qty + 1 when not matched then insert (Code, Qty) values (n.Code, "
+    "1);\n",
+    "select cast(Price as decimal(9, 2)), convert(varchar(10), At, 112), N'it''s', [Order Date] from "
+    "[dbo].[Orders]\n",
+    "select Code from Goods where Mail = 'sales@example.com' and Path = 'C:\\data\\' and Page = 'a/b'\n",
+    "select Code from Goods where Kind = '\xA4\xAD\xAA\xF7'\n",  // 五金
+};
+
+TEST(Rules, AreQuietOnStatementsThatDoNoHarm) {
+  std::size_t warnings = 0;
+  for (const char* const text : kClean) {
+    const FileReport report = CheckBytes("a.sql", text, FileOptions(), {});
+    EXPECT_EQ(report.levels[static_cast<std::size_t>(Level::kError)], 0u) << text;
+    warnings += report.counts.size();  // one a rule and file
+  }
+  EXPECT_LT(static_cast<double>(warnings), 0.1 * std::size(kClean));
+}
+
 }  // namespace qxtool::check
