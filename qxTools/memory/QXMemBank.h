@@ -90,6 +90,7 @@ class QXTOOLS_API InterfaceBank : public TMemoryBank, public virtual Interface {
   }
 
  protected:
+  /// Returns this bank's interface with that identifier, or null if it has none. No reference is added.
   void* FindInterface(const GUID& iid) override {
     return iid == Interface::IID ? static_cast<Interface*>(this) : TMemoryBank::FindInterface(iid);
   }
