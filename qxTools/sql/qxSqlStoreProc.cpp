@@ -56,7 +56,7 @@ Integer ReadLength(std::string_view type, std::size_t open) {
   return StrToInt(close == kNone || close < open ? "" : type.substr(open + 1, close - open - 1));
 }
 
-/// Drops the CR LF pairs that stand in the text; one that their going makes stays.
+/// Removes the CR LF pairs of the text in one pass; a pair that the removal makes is kept.
 std::string RemoveBreaks(std::string_view text) {
   std::string kept;
   kept.reserve(text.size());
@@ -178,7 +178,6 @@ void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) {
 }
 
 // Large texts: the update's end reads the statement again, so the text is taken over and ends before it.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void TQXSqlStoreProc::Load(std::string text) {
   statement_.Clear();
   const StringsUpdate update(statement_);
