@@ -26,6 +26,16 @@ std::string Readable(std::string_view text) {
 
 std::string Block(std::string_view example) { return "\n```\n" + Readable(example) + "```\n"; }
 
+/// Text for a page: no mark of Markdown or of Doxygen.
+std::string Prose(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    if (std::string_view("@*#<>\\").find(c) != std::string_view::npos) escaped += '\\';
+    escaped += c;
+  }
+  return escaped;
+}
+
 /// Text for man: no dash that a terminal breaks at, and no line that begins with a mark of its own.
 std::string ForMan(std::string_view text) {
   std::string escaped;
@@ -40,9 +50,9 @@ std::string RulesAsMarkdown() {
   std::string page;
   for (const Rule& rule : AllRules()) {
     page.append("\n## ").append(rule.id).append("\n\n**").append(LevelName(rule.level)).append("**: ");
-    page.append(rule.summary).append(".\nLooks at: ").append(PlacesOf(rule));
-    page.append(rule.byDefault ? ".\n\n" : "; off by default.\n\n").append(rule.why);
-    page.append("\nInstead: ").append(rule.remedy).append("\n\nFound in:\n").append(Block(rule.bad));
+    page.append(Prose(rule.summary)).append(".\nLooks at: ").append(PlacesOf(rule));
+    page.append(rule.byDefault ? ".\n\n" : "; off by default.\n\n").append(Prose(rule.why));
+    page.append("\nInstead: ").append(Prose(rule.remedy)).append("\n\nFound in:\n").append(Block(rule.bad));
     page.append("\nNot in:\n").append(Block(rule.good));
   }
   return page;
