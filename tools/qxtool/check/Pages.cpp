@@ -1,5 +1,7 @@
 #include "Pages.h"
 
+#include <algorithm>
+
 #include "Characters.h"
 #include "Report.h"
 
@@ -26,14 +28,21 @@ std::string Readable(std::string_view text) {
 
 std::string Block(std::string_view example) { return "\n```\n" + Readable(example) + "```\n"; }
 
-/// Text for a page: no mark of Markdown or of Doxygen.
+/// Text for a page: words with marks of Markdown or of Doxygen are set as code.
 std::string Prose(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    if (std::string_view("@*#<>\\").find(c) != std::string_view::npos) escaped += '\\';
-    escaped += c;
+  std::string page;
+  while (!text.empty()) {
+    const std::string_view word = text.substr(0, text.find(' '));
+    text.remove_prefix(std::min(word.size() + 1, text.size()));
+    const std::size_t end = word.find_last_not_of(",;:)") + 1;
+    const bool marked = word.find_first_of("@*#<>\\") != std::string_view::npos;
+    page.append(page.empty() ? "" : " ")
+        .append(marked ? "`" : "")
+        .append(word, 0, end)
+        .append(marked ? "`" : "");
+    page.append(word, end);
   }
-  return escaped;
+  return page;
 }
 
 /// Text for man: no dash that a terminal breaks at, and no line that begins with a mark of its own.
