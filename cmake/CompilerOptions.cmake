@@ -45,7 +45,7 @@ endfunction()
 # qxtools_harden(<target>): for what is shipped. A fault that overruns a buffer ends the program, and what the linker
 # has resolved cannot be written over. The sanitizers see more, and each by its own means.
 function(qxtools_harden target)
-  if(QXTOOLS_SANITIZE)
+  if(QXTOOLS_SANITIZE OR NOT QXTOOLS_ELF)
     return()
   endif()
   target_compile_options(${target} PRIVATE -fstack-protector-strong)
@@ -53,7 +53,5 @@ function(qxtools_harden target)
     # It needs optimisation.
     target_compile_definitions(${target} PRIVATE $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:_FORTIFY_SOURCE=2>)
   endif()
-  if(QXTOOLS_ELF)
-    target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now)
-  endif()
+  target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now)
 endfunction()

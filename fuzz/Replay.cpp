@@ -40,7 +40,7 @@ int Replay(const std::string& name, int folderCount, char** folders) {
   for (int i = 0; i < folderCount; ++i) {
     if (!std::filesystem::is_directory(folders[i])) continue;
     for (const auto& entry : std::filesystem::directory_iterator(folders[i])) {
-      std::printf("%s\n", entry.path().c_str());
+      std::printf("%s\n", entry.path().string().c_str());
       std::fflush(stdout);
       std::ifstream file(entry.path(), std::ios::binary);
       inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());

@@ -15,12 +15,14 @@
 
 namespace qxTools {
 
+#if !defined(S_OK)  // where windows.h came first, these are its macros of the same values
 /// Success.
 constexpr HRESULT S_OK = 0;
 /// The object does not have this interface.
 constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002U);
 /// Any other error.
 constexpr HRESULT E_UNEXPECTED = static_cast<HRESULT>(0x8000FFFFU);
+#endif
 
 /// A 128-bit interface identifier, as memory holds it.
 struct GUID {

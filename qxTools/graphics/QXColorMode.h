@@ -68,11 +68,12 @@ QXTOOLS_API void HLStoRGB(Real h, Real l, Real s, Real& r, Real& g, Real& b);
 
 // --- Packed colours ----------------------------------------------------------
 
+// (RGB) in parentheses: windows.h has a macro of that name.
 /// Packs the low bytes of the three channels: RGB(255, 0, 16) is red in the low byte, blue in the third.
-QXTOOLS_API TColor RGB(Integer r, Integer g, Integer b);
+QXTOOLS_API TColor(RGB)(Integer r, Integer g, Integer b);
 
 /// Returns the channels of a packed colour; its highest byte is ignored.
-QXTOOLS_API TRGBMode RGB(TColor color);
+QXTOOLS_API TRGBMode(RGB)(TColor color);
 
 /// Returns HSVtoRGB's channels packed without scaling, so give V on the scale 0 to 255; black if the hue is
 /// outside 0 to 360 and S is not 0.

@@ -3,6 +3,8 @@
 #include <qxTools/platform/Files.h>
 #include <qxTools/runtime/StringList.h>
 
+#include <utility>
+
 namespace qxTools {
 
 namespace {
@@ -93,12 +95,15 @@ void TStrings::Changed() {
   (*event)(this);
 }
 
-StringsUpdate::~StringsUpdate() noexcept(false) {
+StringsUpdate::~StringsUpdate() {
+  if (list_ == nullptr) return;
   try {
-    list_.EndUpdate();
+    End();
   } catch (...) {
-    if (std::uncaught_exceptions() == exceptions_) throw;
+    // Another exception is on its way already.
   }
 }
+
+void StringsUpdate::End() { std::exchange(list_, nullptr)->EndUpdate(); }
 
 }  // namespace qxTools

@@ -7,7 +7,6 @@
 
 #include <qxTools/base/Types.h>
 
-#include <exception>
 #include <memory>
 #include <vector>
 
@@ -98,21 +97,26 @@ class QXTOOLS_API TStrings : public TObject {
 /// An alias of TStrings, kept for ported code.
 using TStringList = TStrings;
 
-/// Holds back the change event of a list in a block: BeginUpdate when it is made, EndUpdate at the end of the
-/// block, also when an exception leaves the block.
+/// Holds back the change event of a list in a block, which ends with End():
+///
+///     StringsUpdate update(list);
+///     list.Add("a");
+///     update.End();
 class QXTOOLS_API StringsUpdate {
  public:
   /// Calls `list.BeginUpdate()`. The list must outlive this object.
-  explicit StringsUpdate(TStrings& list) : list_(list) { list_.BeginUpdate(); }
+  explicit StringsUpdate(TStrings& list) : list_(&list) { list.BeginUpdate(); }
   StringsUpdate(const StringsUpdate&) = delete;
   StringsUpdate& operator=(const StringsUpdate&) = delete;
-  /// Calls EndUpdate. What the handler of the event throws reaches the caller, unless an exception is on its
-  /// way already; then that one is kept.
-  ~StringsUpdate() noexcept(false);
+  /// If an exception left the block before End, calls EndUpdate; what the handler of the event throws then is
+  /// dropped, so that the first exception is kept.
+  ~StringsUpdate();
+
+  /// Calls EndUpdate. What the handler of the event throws reaches the caller. To be called once.
+  void End();
 
  private:
-  TStrings& list_;
-  int exceptions_ = std::uncaught_exceptions();
+  TStrings* list_;
 };
 
 }  // namespace qxTools

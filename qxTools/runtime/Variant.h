@@ -204,7 +204,7 @@ class QXTOOLS_API Variant {
 
  private:
   /// A counted reference to an object.
-  class Reference {
+  class QXTOOLS_API Reference {
    public:
     Reference() = default;
     explicit Reference(IInterface* object);

@@ -180,9 +180,10 @@ void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) {
 // Large texts: the update's end reads the statement again, so the text is taken over and ends before it.
 void TQXSqlStoreProc::Load(std::string text) {
   statement_.Clear();
-  const StringsUpdate update(statement_);
+  StringsUpdate update(statement_);
   const std::string statement = std::move(text);
   statement_.SetText(statement);
+  update.End();
 }
 
 void TQXSqlStoreProc::SetSearchParamType(TSearchParamType mode) {

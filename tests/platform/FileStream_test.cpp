@@ -11,7 +11,12 @@ using namespace qxTools::test;
 TEST(FileStream, FailuresNameTheFileAndTheReason) {
   const TemporaryFolder folder;
   const std::string name = folder.File("no/a");
-  const std::string rest = " file \"" + name + "\". No such file or directory";
+#if defined(_WIN32)
+  const std::string reason = "Path not found";  // the system's own, in the language of the tests' user
+#else
+  const std::string reason = "No such file or directory";
+#endif
+  const std::string rest = " file \"" + name + "\". " + reason;
   EXPECT_EQ(MessageOf([&] { TFileStream(name, fmOpenRead); }), "Cannot open" + rest);
   EXPECT_EQ(MessageOf([&] { TFileStream(name, fmCreate); }), "Cannot create" + rest);
   EXPECT_THROW(TFileStream(folder.Path(), fmOpenRead), EFOpenError);

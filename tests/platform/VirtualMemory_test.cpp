@@ -1,5 +1,7 @@
 #include <qxTools/platform/VirtualMemory.h>
+#if !defined(_WIN32)
 #include <sys/mman.h>
+#endif
 
 #include <future>
 #include <limits>
@@ -29,6 +31,7 @@ TEST(VirtualMemory, PagesAreCommittedInsideAReservedSpaceOnly) {
   EXPECT_EQ(ReserveMem(std::numeric_limits<std::size_t>::max()), nullptr);
 }
 
+#if !defined(_WIN32)  // there the system's own functions do so
 TEST(VirtualMemory, SpaceThatTheCallerReservedIsCommittedToo) {
   static const char kConstant[10000] = "no memory of the caller's";
   auto* const space =
@@ -46,6 +49,7 @@ TEST(VirtualMemory, SpaceThatTheCallerReservedIsCommittedToo) {
   munmap(space, kSize / 2);
   EXPECT_FALSE(CommitMem(space, 1));
 }
+#endif
 
 TEST(VirtualMemory, ThreadsReserveAndReleaseAtOnce) {
   const auto work = [] {

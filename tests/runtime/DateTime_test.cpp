@@ -58,6 +58,7 @@ TEST_F(DateTime, TextsAreReadInTheOrderOfTheFormat) {
     EXPECT_EQ(MessageOf([&] { StrToDate(text); }), "'" + std::string(text) + "' is not a valid date");
 }
 
+#if !defined(_WIN32)  // there the settings of the system's user count, whatever setlocale says
 TEST_F(DateTime, TheLocaleGivesOrderAndSeparators) {
   for (const auto& [locale, written] : {std::pair("de_DE.UTF-8", "05.03.2024 1,5"),
                                         {"zh_TW.BIG5", "2024/03/05 1.5"},  // it has 年 (A6 7E) there
@@ -68,5 +69,6 @@ TEST_F(DateTime, TheLocaleGivesOrderAndSeparators) {
     EXPECT_EQ(DateToStr(EncodeDate(2024, 3, 5)) + " " + FloatToStr(1.5), written) << locale;
   }
 }
+#endif
 
 }  // namespace

@@ -23,7 +23,7 @@ TEST(StringList, EveryChangeFiresOnceAndABracketFiresAtItsEnd) {
   list.EndUpdate();
   list.Add("in");
   list.EndUpdate();
-  { const StringsUpdate empty(list); }  // an empty bracket fires as well
+  StringsUpdate(list).End();  // an empty bracket fires as well
   EXPECT_EQ(counts, (std::vector<Integer>{1, 2, 2, 3, 2, 4, 4}));
   // An event may replace itself: what it holds stays as long as it runs.
   list.SetOnChange([&, held = std::vector<Integer>{7, 8}](TObject*) {
@@ -39,9 +39,10 @@ TEST(StringList, ABracketEndsWhateverIsThrown) {
   int fired = 0;
   list.SetOnChange([&](TObject*) { throw Exception("handler " + std::to_string(++fired)); });
   const auto change = [&](const char* error) {
-    const StringsUpdate update(list);
+    StringsUpdate update(list);
     list.Add("a");
     if (*error != '\0') throw Exception(error);
+    update.End();
   };
   EXPECT_EQ(MessageOf([&] { change(""); }), "handler 1");
   EXPECT_EQ(MessageOf([&] { change("in the block"); }), "in the block");

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
+#include <random>
 #include <string>
 
 namespace qxTools::test {
@@ -12,8 +11,10 @@ namespace qxTools::test {
 /// A folder of the test's own, removed with everything in it.
 class TemporaryFolder {
  public:
-  TemporaryFolder() : path_((std::filesystem::temp_directory_path() / "qxtools-XXXXXX").string()) {
-    if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  TemporaryFolder() {
+    std::random_device random;
+    do path_ = (std::filesystem::temp_directory_path() / ("qxtools-" + std::to_string(random()))).string();
+    while (!std::filesystem::create_directory(path_));
   }
   ~TemporaryFolder() {
     std::error_code ignored;
