@@ -1,8 +1,8 @@
 /// @file
 /// Message boxes: modal, centred on the screen, with a title of the caller's choice.
 ///
-/// The dialogs are those of the service that the host has plugged in (runtime/MessageDialog.h). For the user
-/// interface's thread.
+/// The host supplies the dialogs by a service (qxTools/painting/MessageDialog.h). To be called by the thread
+/// of the user interface. Texts are in code page 950.
 #pragma once
 
 #include <qxTools/Export.h>
@@ -13,13 +13,16 @@
 
 namespace qxTools::QXDialogs {
 
-/// Shows a message. With an empty title the box keeps the caption of its type.
+/// Shows a message and waits for the answer. If `title` is empty, the caption is that of `type`
+/// (GetDialogCaption).
 /// @return the result of the button that was pressed (GetDialogResult).
-/// @throws Exception "No dialog service" when none is plugged in; the service's errors pass.
+/// @throws Exception "No dialog service" if the host has set none. What the service throws is let through.
 QXTOOLS_API Integer QX_MessageBox(std::string_view message, TDialogType type, TDialogButtons buttons,
                                   std::string_view title);
 
-/// The same without an icon and with an OK button alone; the answer is dropped.
+/// Shows a message without an icon, with an OK button alone, and waits until it is closed. If `title` is
+/// empty, the caption is the application's name.
+/// @throws Exception "No dialog service" if the host has set none. What the service throws is let through.
 QXTOOLS_API void ShowMessageBox(std::string_view message, std::string_view title);
 
 }  // namespace qxTools::QXDialogs

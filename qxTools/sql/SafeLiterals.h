@@ -5,7 +5,7 @@
 
 namespace qxTools::qxSqlSafeCall {
 
-/// Whether a backslash stands right before a line end: a literal with one has to be cut behind it.
+/// Returns whether a backslash is directly before a line end: a literal with one has to be cut after it.
 bool HasContinuation(std::string_view text);
 
 /// Appends `N'...'`, or `'...'` if not `national`; with a continuation, several of them joined by `+`.

@@ -39,7 +39,7 @@ struct TSafeParam {
   AnsiString Name = {};  ///< With its "@".
   AnsiString Type = {};  ///< The name of a type, as in "NVarchar".
   Integer Length = 0;    ///< The length or the precision; 0 if none is declared.
-  Integer Scale = 0;     ///< The digits behind the decimal point.
+  Integer Scale = 0;     ///< The digits after the decimal point.
   bool Max = false;      ///< Whether the length is `(max)`.
   bool Output = false;   ///< Whether the statement gives a value back.
 };
@@ -53,7 +53,7 @@ struct TSafeCallOptions {
   std::vector<TSafeParam> Params = {};  ///< Declarations that replace those of the items of these names.
   bool EmptyIsNull = false;             ///< Write an empty text as NULL.
   bool TrimText = false;                ///< Write texts without the spaces at both ends.
-  bool WriteExec = true;                ///< Begin with EXEC, which a call behind another statement needs.
+  bool WriteExec = true;                ///< Begin with EXEC, which a call after another statement needs.
 };
 
 /// Reads a declaration list, as in "@a Decimal(10,2), @b NVarchar(max) OUTPUT"; comments are ignored. Knows

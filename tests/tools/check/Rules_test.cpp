@@ -1,6 +1,7 @@
 // Every rule finds its bad example and passes its good one.
 #include <qxTools/base/CodePage950.h>
 #include <qxTools/runtime/DateTime.h>
+#include <qxTools/runtime/Numbers.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
 #include <set>
@@ -19,7 +20,7 @@ using qxTools::qxSqlStoreProc::TQXSqlStoreProc;
 Variant ValueOf(const std::string& type, const std::string& text) {
   if (type == "null") return Variant::Null();
   if (type == "empty") return Variant();
-  if (type == "float") return Variant(std::stof(text));
+  if (type == "float") return Variant(static_cast<float>(qxTools::StrToFloat(text)));
   if (type == "date") return Variant::FromDate(qxTools::StrToDate(text));
   if (type == "shortint") return Variant(static_cast<std::int8_t>(std::stoi(text)));
   if (type == "longword") return Variant(static_cast<std::uint32_t>(std::stoul(text)));
