@@ -10,6 +10,7 @@
 #include "TextIo.h"
 #include "TextTable.h"
 #include "WindowsIni.h"
+#include "check/SettingsLosses.h"
 
 namespace qxtool {
 
@@ -44,12 +45,12 @@ void Load(TQXIniFile& file, const Options& options) { LoadText(file, options.fil
 
 /// Loads a file that is going to be saved. @throws Failure if that would lose something, unless it is forced.
 void LoadToChange(TQXIniFile& file, const HeldText& held, const Options& options) {
-  const auto refuse = [&](int line, const std::string& what) {
-    throw Failure(Visible(options.file) + ": line " + std::to_string(line) + ": " + what +
+  const auto refuse = [&](const check::SettingsLoss& loss) {
+    throw Failure(Visible(options.file) + ": line " + std::to_string(loss.line) + ": " + loss.what +
                   "; nothing was changed (--force saves all the same)");
   };
   const std::string text = held.Read();
-  if (!options.force) ForEachLoss(text, refuse);
+  if (!options.force) check::ForEachLoss(text, refuse);
   LoadText(file, options.file, text);
 }
 
@@ -184,9 +185,11 @@ void Delete(const Options& options) {
 ExitStatus Check(const Options& options) {
   const std::string text = ReadInput(options.file);
   bool found = false;
-  ForEachLoss(text, [&](int, const std::string&) { found = true; });
+  check::ForEachLoss(text, [&](const check::SettingsLoss&) { found = true; });
   const auto rows = [&](const auto& visit) {
-    ForEachLoss(text, [&](int line, const std::string& what) { visit({std::to_string(line), what}); });
+    check::ForEachLoss(text, [&](const check::SettingsLoss& loss) {
+      visit({std::to_string(loss.line), loss.what});
+    });
   };
   if (found || options.json) PrintList({{"Line", "What a save changes"}, rows, {0}}, options.json);
   return found ? kFound : kDone;

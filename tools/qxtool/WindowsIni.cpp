@@ -7,6 +7,9 @@
 
 #include <set>
 
+#include "IniCheck.h"
+#include "check/SettingsLosses.h"
+
 namespace qxtool {
 
 namespace {
@@ -140,7 +143,8 @@ std::string SettingsFromWindowsIni(std::string_view text, const OnLine& report) 
 }
 
 std::string WindowsIniFromSettings(std::string_view text, const OnPlace& report) {
-  ForEachLoss(text, [&](int line, const std::string& what) { report("line " + std::to_string(line), what); });
+  check::ForEachLoss(
+      text, [&](const check::SettingsLoss& loss) { report("line " + std::to_string(loss.line), loss.what); });
   TQXIniFile settings;
   settings.SetText(text);
   Exporter exporter(report);

@@ -12,9 +12,10 @@
 #include <string>
 #include <string_view>
 
-#include "IniCheck.h"
-
 namespace qxtool {
+
+/// Called with the number of a line, from 1, and what is wrong with it.
+using OnLine = std::function<void(int line, const std::string& what)>;
 
 /// A Windows INI text as the text of a settings file. As Windows reads it: of equal names the first counts,
 /// and quotes around a text are removed. Each line that has no place in a settings file is reported.

@@ -3,10 +3,9 @@
 #include <qxTools/base/Lines.h>
 #include <qxTools/stores/IniLines.h>
 
-#include <set>
-
 #include "Characters.h"
 #include "Context.h"
+#include "SettingsLosses.h"
 
 namespace qxtool::check {
 
@@ -30,72 +29,21 @@ void ForEachSettingsLine(const Context& context, Visit visit) {
   });
 }
 
-// --- What a save loses or moves ----------------------------------------------------------------------
-
-class LostLines {
- public:
-  explicit LostLines(Context& context) : context_(context) {}
-
-  void Take(const PlacedLine& line) {
-    const std::string_view text = context_.text.substr(line.begin, line.end - line.begin);
-    if (text.find('\0') != kNowhere) Report(line, "what is behind a NUL is lost");
-    switch (line.parts.kind) {
-      case IniLineKind::Blank:
-        return;
-      case IniLineKind::Section:
-        return TakeSection(line);
-      case IniLineKind::RecordBegin:
-        if (sections_.empty()) Report(line, "a record before any section: loading ends here", Level::kError);
-        inRecord_ = true;
-        return;
-      case IniLineKind::RecordEnd:
-        inRecord_ = false;
-        return;
-      case IniLineKind::Value:
-        return TakeValue(line);
-      case IniLineKind::Other:
-        return Report(line, "a comment, or a line without a colon, is lost by a save");
-    }
-  }
-
- private:
-  void Report(const PlacedLine& line, const char* message, Level level = Level::kWarning) {
-    context_.Report(line.begin, line.end, level, message);
-  }
-
-  void TakeSection(const PlacedLine& line) {
-    if (inRecord_)
-      Report(line, "a section inside an open record: values up to its end stay with that record");
-    if (!sections_.insert(UpperCase(line.parts.name)).second)
-      Report(line, "a section of the same name: a save moves its records to the first");
-  }
-
-  void TakeValue(const PlacedLine& line) {
-    if (!inRecord_) return Report(line, "a value outside a record is lost by a save");
-    if (line.parts.name.empty() || line.parts.text.empty())
-      Report(line, "a value without a name or a text is lost by a save");
-  }
-
-  Context& context_;
-  std::set<std::string> sections_;
-  bool inRecord_ = false;
-};
-
 void Lost(const Event&, Context& context) {
-  LostLines lines(context);
-  ForEachSettingsLine(context, [&](const PlacedLine& line) { lines.Take(line); });
-}
-
-// --- Markers and names -------------------------------------------------------------------------------
-
-void BlankBeforeMarker(const Event&, Context& context) {
-  ForEachSettingsLine(context, [&](const PlacedLine& line) {
-    const bool marker =
-        line.parts.kind == IniLineKind::Value && SameText(TrimBlanks(line.parts.text), kSectionMark);
-    if (marker)
-      context.Report(line.begin, line.end, "the blank behind the colon makes a value of this section");
+  ForEachLoss(context.text, [&](const SettingsLoss& loss) {
+    if (loss.kind == LossKind::kMarker) return;
+    const Level level = loss.kind == LossKind::kEndOfLoad ? Level::kError : Level::kWarning;
+    context.Report(loss.begin, loss.end, level, loss.what);
   });
 }
+
+void BlankBeforeMarker(const Event&, Context& context) {
+  ForEachLoss(context.text, [&](const SettingsLoss& loss) {
+    if (loss.kind == LossKind::kMarker) context.Report(loss.begin, loss.end, loss.what);
+  });
+}
+
+// --- Names -------------------------------------------------------------------------------------------
 
 /// The name with the letters raised that are characters of their own: the second byte of a character is not.
 std::string CapitalsOf(std::string_view name) {
@@ -142,7 +90,8 @@ constexpr Rule kRules[] = {
      "Comments and stray lines are not kept. A record before any section ends the load (an error).",
      "Move it into a record, or to another file.", "Main:[%RootKey%]\n[%\n  // old\n  Mode:fast\n%]\n",
      "Main:[%RootKey%]\n[%\n  Mode:fast\n%]\n", On(EventKind::kWholeFile), Lost},
-    {"INI102", Level::kWarning, FileKind::kSettings, 0, true, "a section's marker behind a blank",
+    {"INI102", Level::kWarning, FileKind::kSettings, 0, true,
+     "a section's marker behind a blank or a second colon",
      "The line is read as a value, and the section's records go to the one above.",
      "Write the marker right behind the colon.", "Main:[%RootKey%]\n[%\n  Mode:fast\n%]\nMore: [%RootKey%]\n",
      "Main:[%RootKey%]\n[%\n  Mode:fast\n%]\nMore:[%RootKey%]\n", On(EventKind::kWholeFile),
