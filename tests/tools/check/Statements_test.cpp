@@ -158,6 +158,9 @@ TEST(StatementRules, FollowTheText) {
   EXPECT_EQ(Check("/* one */\nselect /* two */ [a@b] /* three */, [c@d]\n", Route::kCallAll),
             "SQL202:2:20 SQL202:2:39");
   EXPECT_EQ(Check("exec(@MM_A)\n", Route::kCall, "SQL409", true), "SQL409:1:1");
+  EXPECT_EQ(Check("/* @a */ -- @b\n", Route::kCommand, "SQL203"), "SQL203:1:13");
+  EXPECT_EQ(Check("/* @a */ -- @b\n", Route::kCommand, "SQL203", true), "SQL203:1:4 SQL203:1:13");
+  EXPECT_EQ(Check("/* @a */ -- @b\n", Route::kCallAll, "SQL203", true), "SQL203:1:13");
 }
 
 }  // namespace qxtool::check

@@ -80,9 +80,12 @@ void InText(const Event& event, Context& context) {
                  "this @ in " + where + " makes a parameter of the later word " + Shown(event.name.name));
 }
 
-void InLineComment(const Event& event, Context& context) {
-  if (event.token.kind != TokenKind::kLineComment || event.name.secondByte) return;
-  context.Report(event, "@" + Shown(event.name.name) + " in a comment is a parameter that nobody sets");
+void InComment(const Event& event, Context& context) {
+  const bool block = event.token.kind == TokenKind::kBlockComment;
+  if ((event.token.kind != TokenKind::kLineComment && !(block && context.pedantic)) || event.name.secondByte)
+    return;
+  context.Report(event.begin, event.end, block ? Level::kInformation : Level::kWarning,
+                 "@" + Shown(event.name.name) + " in a comment is a parameter that nobody sets");
 }
 
 void Global(const Event& event, Context& context) {
@@ -162,9 +165,11 @@ constexpr Rule kRules[] = {
     {"SQL203", Level::kWarning, FileKind::kStatement, kCommandRoute | kCallAllRoute, true,
      "a name in a line comment",
      "It is a parameter like the others, and nobody sets it: a call declares it as Unknown. In a command a "
-     "value with a line break ends the comment.",
+     "value with a line break ends the comment. In block comments, which a command removes after it found "
+     "the "
+     "names, this is a note, with --pedantic.",
      "Write the name without its @.", "select Code -- as in @Code\n  from Goods\n",
-     "select Code -- as in Code\n  from Goods\n", On(EventKind::kName), InLineComment},
+     "select Code -- as in Code\n  from Goods\n", On(EventKind::kName), InComment},
     {"SQL204", Level::kError, FileKind::kStatement, kCommandRoute | kCallAllRoute, true, "a name with two @",
      "The second @ begins a name like any other: @@ROWCOUNT becomes the parameter @ROWCOUNT and is replaced.",
      "Use the call without --all, which takes @MM names only.",
