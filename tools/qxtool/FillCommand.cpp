@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "CallCheck.h"
 #include "Commands.h"
 #include "RunOptions.h"
 #include "StatementFile.h"
@@ -24,6 +25,7 @@ struct Options {
   bool list = false;
   bool json = false;
   bool batches = false;
+  bool check = false;
   RunOptions run;
 };
 
@@ -85,10 +87,17 @@ std::vector<Batch> Texts(const std::vector<FilledBatch>& batches) {
   return texts;
 }
 
+ExitStatus RunCheck(const std::vector<FilledBatch>& batches, const Options& options) {
+  std::vector<const TQXSQLItems*> commands;
+  for (const FilledBatch& filled : batches) commands.push_back(&filled.command->GetParams());
+  return CheckCommandValues(options.file, commands);
+}
+
 ExitStatus Run(const Options& options) {
   const std::vector<FilledBatch> batches = ReadBatches(options);
   const std::vector<NamedValue> values = ReadValues(options.set);
   for (const NamedValue& value : values) SetValue(batches, options, value);
+  if (options.check) return RunCheck(batches, options);
   if (options.list) {
     PrintList(ListOf(batches), options.json);
     return kDone;
@@ -113,7 +122,9 @@ void AddFillCommand(Command program) {
   const Option list = command.Flag("--list", options->list, "Show the parameters instead of the text");
   command.Json(options->json).Needs(list);
   command.Flag("--batches", options->batches, "The file is a script: its GO lines end batches");
-  AddRunOptions(command, options->run).Excludes(list);
+  Option check = command.Flag("--check", options->check, "Report what in the values does harm silently");
+  AddRunOptions(command, options->run).Excludes(list).Excludes(check);
+  check.Excludes(list);
 }
 
 }  // namespace qxtool

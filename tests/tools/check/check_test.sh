@@ -65,20 +65,27 @@ fi
 
 # A call's values.
 printf 'select @MM_A from [$T]\n' >call.sql
-call() {
-  local status=$1 pattern=$2 got out
-  shift 2
-  out=$("$qxtool" call call.sql --check "$@" 2>&1)
+values() {
+  local command=$1 status=$2 pattern=$3 got out
+  shift 3
+  out=$("$qxtool" "$command" call.sql --check "$@" 2>&1)
   got=$?
   [ $got = "$status" ] && grep -qE -- "$pattern" <<<"$out" && return
-  printf 'call --check %s: status %s, not %s, or no %s in:\n%s\n' "$*" $got "$status" "$pattern" "$out"
+  printf '%s --check %s: status %s, not %s, or no %s in:\n%s\n' "$command" "$*" $got "$status" "$pattern" "$out"
   bad=1
 }
-call 0 '^$' --set @MM_A:int=1
-call 1 '^call.sql: error\[CALL501\]: @MM_A: '
-call 1 'CALL508' --set @MM_A:int=1 --set '$T=a;b'
-call 1 'CALL509' --declare '@MM_A Decimal(9,2)'
-call 2 'ParamStyle not Found' --declare '@MM_A Foo'
+values call 0 '^$' --set @MM_A:int=1
+values call 1 '^call.sql: error\[CALL501\]: @MM_A: '
+values call 1 'CALL508' --set @MM_A:int=1 --set '$T=a;b'
+values call 1 'CALL509' --declare '@MM_A Decimal(9,2)'
+values call 2 'ParamStyle not Found' --declare '@MM_A Foo'
+
+# A command's values: what holds the name of a later one is torn, what holds that of an earlier one is not.
+printf 'select @A from T where B = @Bee\nGO\nselect @Bee, @C\n' >call.sql
+values command 0 '^$' --set '@A=x' --set '@Bee=@A'
+values command 1 '^call.sql: error\[CALL508\]: @A: its value holds @Bee, ' --set '@A=a@BEES'
+values command 1 '@Bee: its value holds @C, ' --batches --set '@Bee=@c' --set '@A=@C'
+values command 1 '^1 file: 1 error,' --batches --set '@Bee=@c' --set '@A=@C'
 
 valid() {
   /usr/bin/python3 - "$here/sarif-schema.json" <<'PY'

@@ -1,6 +1,7 @@
 // CALL5..: the values of a call.
 #include <qxTools/base/Ascii.h>
 #include <qxTools/base/CodePage950.h>
+#include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
 #include <cmath>
@@ -129,7 +130,21 @@ void BrokenText(const Event&, Context& context) {
   if (IsTornRange(*text)) ReportItem(context, "the range is cut inside a character");
 }
 
-void MacroText(const Event&, Context& context) {
+/// Values are put in one after the other: a name in this one is replaced if it is that of a later one.
+void LaterName(Context& context) {
+  const auto& items = *context.commandItems;
+  const auto& item = *items.GetItems(context.commandItem);
+  if (item.Text.find('@') == std::string::npos) return;
+  const std::string text = UpperCase(item.Text);
+  for (Integer i = context.commandItem + 1; i < items.GetCount(); ++i) {
+    const std::string& later = items.GetItems(i)->GetName();
+    if (text.find(UpperCase(later)) == std::string::npos) continue;
+    return context.Report(
+        0, 0, Shown(item.GetName()) + ": its value holds " + Shown(later) + ", which is replaced in there");
+  }
+}
+
+void MacroText(Context& context) {
   const Variant& value = context.item->GetValue();
   if (!context.itemIsMacro || !value.IsString()) return;
   const std::string text = value.AsString();
@@ -137,6 +152,10 @@ void MacroText(const Event&, Context& context) {
     if (text.find(mark) == std::string::npos) continue;
     return ReportItem(context, "its text holds " + std::string(mark) + ", which becomes code");
   }
+}
+
+void TextAsCode(const Event& event, Context& context) {
+  event.kind == EventKind::kCommandValue ? LaterName(context) : MacroText(context);
 }
 
 // --- Declarations ------------------------------------------------------------------------------------
@@ -219,10 +238,12 @@ constexpr Rule kRules[] = {
      "a range is cut at its first ~, also inside a character.",
      "Pass whole characters; use the safe call.", "set @MM_Code=A\xA4\n", "set @MM_Code=A\xA4\x40\n",  // 一
      On(EventKind::kItem), BrokenText},
-    {"CALL508", Level::kError, FileKind::kCall, 0, true, "a macro whose text holds marks of the language",
-     "A macro's text becomes a part of the statement: what follows an apostrophe, -- or ; runs as code.",
-     "Use a parameter.", "set $Orders=Orders; drop table Goods\n", "set $Orders=Orders\n",
-     On(EventKind::kItem), MacroText},
+    {"CALL508", Level::kError, FileKind::kCall, 0, true, "a value that becomes a part of the statement",
+     "A macro's text becomes a part of the statement: what follows an apostrophe, -- or ; runs as code. A "
+     "command's values are put in one after the other: the name of a later parameter in a value is replaced "
+     "there, and the later value's quotes end its literal.",
+     "Use a parameter of a call.", "set $Orders=Orders; drop table Goods\n", "set $Orders=Orders\n",
+     On(EventKind::kItem, EventKind::kCommandValue), TextAsCode},
     {"CALL509", Level::kError, FileKind::kCall, 0, true, "a declaration that is refused or passed over",
      "The list is cut at every comma, its types are fifteen, and of equal names the first counts.",
      "Use the safe call's declarations.", "declare @MM_Price Decimal(19,4)\n", "declare @MM_Price Decimal\n",

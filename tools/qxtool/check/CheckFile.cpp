@@ -1,6 +1,7 @@
 #include "CheckFile.h"
 
 #include <qxTools/base/Ascii.h>
+#include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
 #include <algorithm>
@@ -91,25 +92,52 @@ FileReport CheckBytes(std::string path, std::string bytes, const FileOptions& op
   return report;
 }
 
-FileReport CheckCall(std::string path, const qxTools::qxSqlStoreProc::TQXSqlStoreProc& set,
-                     std::string_view declarations, const FileOptions& options) {
+namespace {
+
+/// Checks values: `ask` asks the rules for calls of each of them, of `text` are the places.
+template <class Ask>
+FileReport CheckValues(std::string path, const CheckedText& text, const FileOptions& options, Ask ask) {
   FileReport report;
   report.path = std::move(path);
   report.kind = FileKind::kCall;
-  const CheckedText text{std::string(declarations), false};
   Findings findings(text.Text(), options.findings, {}, nullptr);
   Context context(text.Text(), text.Coding(), findings);
-  const RuleSet rules(AskedRules(FileKind::kCall, options));
-  rules.Ask({EventKind::kDeclarations, 0, text.Text().size(), {}, {}, {}}, context);
+  ask(RuleSet(AskedRules(FileKind::kCall, options)), context);
+  report.counts = findings.Counts();
+  std::copy_n(findings.Levels(), 3, report.levels);
+  ShowFindings(findings.Kept(), text, report);
+  return report;
+}
+
+void AskOfCall(const RuleSet& rules, const qxTools::qxSqlStoreProc::TQXSqlStoreProc& set, Context& context) {
+  rules.Ask({EventKind::kDeclarations, 0, context.text.size(), {}, {}, {}}, context);
   for (qxTools::Integer i = 0; i < set.GetParamCount() + set.GetFuncCount(); ++i) {
     context.itemIsMacro = i >= set.GetParamCount();
     context.item = context.itemIsMacro ? set.GetFuncItems(i - set.GetParamCount()) : set.GetItems(i);
     rules.Ask({EventKind::kItem, 0, 0, {}, {}, {}}, context);
   }
-  report.counts = findings.Counts();
-  std::copy_n(findings.Levels(), 3, report.levels);
-  ShowFindings(findings.Kept(), text, report);
-  return report;
+}
+
+void AskOfCommand(const RuleSet& rules, const qxTools::QXSqlTools::TQXSQLItems& items, Context& context) {
+  context.commandItems = &items;
+  for (context.commandItem = 0; context.commandItem < items.GetCount(); ++context.commandItem)
+    rules.Ask({EventKind::kCommandValue, 0, 0, {}, {}, {}}, context);
+}
+
+}  // namespace
+
+FileReport CheckCommands(std::string path, std::span<const qxTools::QXSqlTools::TQXSQLItems* const> commands,
+                         const FileOptions& options) {
+  return CheckValues(std::move(path), CheckedText(std::string(), false), options,
+                     [&](const RuleSet& rules, Context& context) {
+                       for (const auto* const items : commands) AskOfCommand(rules, *items, context);
+                     });
+}
+
+FileReport CheckCall(std::string path, const qxTools::qxSqlStoreProc::TQXSqlStoreProc& set,
+                     std::string_view declarations, const FileOptions& options) {
+  return CheckValues(std::move(path), CheckedText(std::string(declarations), false), options,
+                     [&](const RuleSet& rules, Context& context) { AskOfCall(rules, set, context); });
 }
 
 }  // namespace qxtool::check

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,10 @@ std::vector<const Rule*> AskedRules(FileKind kind, const FileOptions& options);
 /// report.
 FileReport CheckBytes(std::string path, std::string bytes, const FileOptions& options,
                       BaselineCounts baseline);
+
+/// Checks the filled parameters of commands. Findings have no places.
+FileReport CheckCommands(std::string path, std::span<const qxTools::QXSqlTools::TQXSQLItems* const> commands,
+                         const FileOptions& options);
 
 /// Checks the filled set of a call. `declarations` is the list given for it, which may be one that LoadParams
 /// refuses; "" for none. Findings have no places but those in the list.

@@ -13,6 +13,10 @@ class TQXSqlStoreProc;
 class TQXSqlStoreProcItem;
 }  // namespace qxTools::qxSqlStoreProc
 
+namespace qxTools::QXSqlTools {
+class TQXSQLItems;
+}
+
 namespace qxtool::check {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
@@ -61,6 +65,8 @@ class Context {
   const qxTools::qxSqlStoreProc::TQXSqlStoreProc* set = nullptr;
   const qxTools::qxSqlStoreProc::TQXSqlStoreProcItem* item = nullptr;
   bool itemIsMacro = false;
+  const qxTools::QXSqlTools::TQXSQLItems* commandItems = nullptr;
+  int commandItem = 0;  // the one that is looked at, from 0
 
   /// The rule that is asked at the moment.
   void SetRule(const Rule& rule) { rule_ = &rule; }

@@ -46,6 +46,7 @@ enum class EventKind : std::uint8_t {
   // The filled set of a call: each parameter and macro, and the declaration list that was given for it.
   kItem,
   kDeclarations,
+  kCommandValue,  // a parameter of a filled command
 };
 
 struct Event {
