@@ -44,6 +44,12 @@ endfunction()
 
 # qxtools_harden(<target>): for what is shipped. A fault that overruns a buffer ends the program, and what the linker
 # has resolved cannot be written over. The sanitizers see more, and each by its own means.
+#
+# Without _GLIBCXX_ASSERTIONS, which cost where single bytes and slots are read. What the library adds in instructions,
+# counted by callgrind at the benchmarks' smallest sizes (ini.get at 1,000): ReplaceAllStr touching 4.3 %, plain
+# 3.8 %; tree.find_link 4.1 %, find_next 3.7 %, wide 1.9 %; sql.FindParams 3.9 %, GetOutLines 2.7 %, GetStoreProc 1.6 %;
+# ini.get 2.9 %. Below 1 %: GetAt, At, ToSQLStr, ToSQLinlist, ClearNote, tree.find_node, ini.load, ini.save. None: the
+# banks and the block.
 function(qxtools_harden target)
   if(QXTOOLS_SANITIZE OR NOT QXTOOLS_ELF)
     return()
