@@ -12,6 +12,7 @@
 #include "DateColumns.h"
 #include "TextIo.h"
 #include "TextTable.h"
+#include "Values.h"
 
 namespace qxtool {
 
@@ -86,7 +87,7 @@ TextRow FormattedRow(const Formatted& function, const std::string& text) {
 
 void ShowFunctions(const std::string& text, bool json) {
   std::vector<TextRow> rows = {StrToDateExRow(text), StrToDate2Row(text), CheckStrDateRow(text)};
-  for (const Formatted& function : kFormatted) rows.push_back(FormattedRow(function, text));
+  for (const Formatted& function : kFormatted) rows.push_back(FormattedRow(function, InDateFormat(text)));
   PrintList({{"Function", "Code", "Value", "Weekday", "Refused by"}, RowsOf(rows), {1}}, json);
 }
 
@@ -146,7 +147,7 @@ void Run(const Options& options) {
 void AddDateCommand(Command program) {
   const auto options = std::make_shared<Options>();
   Command command = program.Add("date", "Show how each function reads a date", options, Run);
-  command.Example("date 2024/02/29");
+  command.Example("date 2024-02-28");
   command.Text("TEXT", options->text, "The date; put -- in front of one that begins with -").Required();
   command.Flag("--minguo", options->minguo, "Show the date in the ROC calendar and in the Gregorian one");
   command.Json(options->json);

@@ -55,13 +55,9 @@ Variant ToBit(const std::string& text) {
   return text == "1";
 }
 
-/// 2003-01-31 is read as 2003/01/31.
 Variant ToDate(const std::string& text) {
-  const bool isIso = text.size() == 10 && text[4] == '-' && text[7] == '-';
-  std::string date = text;
-  if (isIso) date[4] = date[7] = '/';
   try {
-    return Variant::FromDate(qxTools::StrToDate(date));
+    return Variant::FromDate(qxTools::StrToDate(InDateFormat(text)));
   } catch (const qxTools::EConvertError& e) {
     throw Failure(std::string(e.what()) + "; a date is written 2003/01/31 or 2003-01-31");
   }
@@ -118,6 +114,12 @@ std::vector<NamedValue> ReadValues(const std::vector<std::string>& arguments) {
     }
   }
   return values;
+}
+
+std::string InDateFormat(std::string text) {
+  const bool isIso = text.size() == 10 && text[4] == '-' && text[7] == '-';
+  if (isIso) text[4] = text[7] = '/';
+  return text;
 }
 
 std::string ValueTypes() {
