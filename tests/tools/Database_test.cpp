@@ -71,6 +71,41 @@ TEST_F(Database, LongValuesComeBackWhole) {
   }
 }
 
+TEST_F(Database, BoundValuesComeBack) {
+  std::string hostile;  // every ASCII character but NUL, which no text of SQLite holds, and Chinese
+  for (char c = 1; c > 0 && c < 127; ++c) hostile += c;
+  hostile += "\x7F\xB3\x5C\xA5\x5C\xBB\x5C '@a ?";  // 許功蓋
+  using qxTools::Variant;
+  const struct {
+    Variant value;
+    std::optional<std::string> returned;
+    const char* type;
+  } cases[] = {
+      {hostile, Convert(hostile, Charset::kCodePage950, Charset::kUtf8), "text"},
+      {"", "", "text"},
+      {std::string(9000, 'x'), std::string(9000, 'x'), "text"},
+      {Variant::Null(), std::nullopt, "null"},
+      {std::int32_t{-5}, "-5", "integer"},
+      {std::int64_t{-9223372036854775807}, "-9223372036854775807", "integer"},
+      {std::uint8_t{255}, "255", "integer"},
+      {true, "1", "integer"},
+      {0.1, "0.1", "real"},
+      {Variant::FromCurrency(9223372036854775807), "922337203685477.5807", "text"},
+      {Variant::FromDate(37652), "2003-01-31", "text"},
+  };
+  for (const auto& c : cases) {
+    Statement statement(connection_);
+    statement.Execute("select ?, typeof(?)", {ToParameter(c.value), ToParameter(c.value)});
+    ASSERT_TRUE(statement.Fetch());
+    EXPECT_EQ(statement.Value(1), c.returned);
+    EXPECT_EQ(statement.Value(2), c.type);
+  }
+  EXPECT_EQ(MessageOf([] { ToParameter(Variant("\x80")); }), "a byte of the value is no character");
+  EXPECT_EQ(MessageOf([] { ToParameter(Variant::FromDate(1.5)); }), "a date with a time of day");
+  EXPECT_EQ(MessageOf([&] { Statement(connection_).Execute("select ?, ?", {ToParameter(1)}); }),
+            "the driver finds 2 marks for 1 bound values");
+}
+
 TEST_F(Database, ConditionsFindTheirRows) {
   Send("create table Goods (Code text, Name text, Price numeric, Kind text)");
   const std::vector<std::string> records[] = {

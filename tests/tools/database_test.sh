@@ -93,6 +93,23 @@ for encoding in UTF-8 UTF-16LE UTF-16BE; do
   [[ "$output" == *"select 1 -- 中"* ]] || fail "$encoding: $output"
 done
 
+# Bound values: the driver declares them, the statement holds marks.
+sql "select @t, @long, @i, @m, @f, @n, @b, @d" '--! {"params": true}'
+run 0 'type,value
+ntext,"select @P1, @P2, @P3, @P4, @P5, @P6, @P7, @P8
+--! {""params"": true}
+"
+ntext,"@P1 NVARCHAR(9),@P2 NVARCHAR(MAX),@P3 INT,@P4 DECIMAL(19,4),@P5 FLOAT,@P6 NVARCHAR(1),@P7 BIT,@P8 DATE"
+nvarchar,"中 O'\''Neil "
+nvarchar,'"$(printf '中%.0s' {1..4001})"'
+int32,-5
+"decimal(19,4)",125000
+float64,0.1
+nvarchar,
+bit8,1
+date,2003-01-31' --csv --bind --set "@t=中 O'Neil " --set "@long=$(printf '中%.0s' {1..4001})" --set @i:int=-5 \
+  --set @m:money=12.5 --set @f:float=0.1 --set @n:null --set @b:bit=1 --set @d:date=2003/01/31
+
 # A connection that breaks: what came is shown, and it is a failure.
 sql '--! {"rows": [["a"], ["x"]]}' '--! {"drop": true}'
 output=$("$qxtool" command run.sql --run "$connection" 2>&1)
@@ -126,7 +143,41 @@ run 0 "a,b"$'\n'"$(printf '中%.0s' {1..5000}),4097" --csv
 sql "select 1 as a; select 1/0 as b; select 2 as c"
 output=$("$qxtool" command run.sql --run "$connection" 2>&1)
 [ $? = 2 ] && [[ "$output" == *"division by zero"* ]] || fail "an error between results: $output"
+sql "insert into 商品 values (@i, @t, @m, null, @d, @n)"
+run 0 "1 row affected" --bind --set @i:int=3 --set "@t=許 O'Neil\\' @i --" --set @m:money=12.5 --set @d:date=2003/01/31 --set @n:null
+sql "select 名稱, 價格, 日期, 空 from 商品 where 名稱 = @t and 日期 = @d and 價格 = @m and 代號 = @i"
+run 0 $'名稱,價格,日期,空\n"許 O\'Neil\\\' @i --",12.50,2003-01-31,' --csv --bind --set @i:int=3 --set "@t=許 O'Neil\\' @i --" \
+  --set @m:money=12.5 --set @d:date=2003/01/31
+sql 'select $$ @a $$'
+run 2 "qxtool: the driver finds 0 marks for 1 bound values" --bind --set @a=x
 sql "select pg_sleep(60)"
 interrupted
+
+# --- SQLite ---
+connection="Driver=SQLite3;Database=$folder/goods.db"
+sql "create table T (t text, i integer, m numeric, f real, d text, n text)"
+run 0 "0 rows affected"
+sql "insert into T values (@t, @i, @m, @f, @d, @n) -- @t?" "GO" "select *, typeof(i) as k, typeof(f) as r from T /* ? */ where T.t = @T and m = @m"
+run 0 $'1 row affected\nt,i,m,f,d,n,k,r\n"\'; drop table T; -- ""許功蓋"" \\ @i ? ",-5,12.5,0.1,2003-01-31,,integer,real' --batches --csv --bind \
+  --set "@t='; drop table T; -- \"許功蓋\" \\ @i ? " --set @i:int=-5 --set @m:money=12.5 --set @f:float=0.1 --set @d:date=2003/01/31 --set @n:null
+sql "select @e = '' as e"
+run 0 $'e\n1' --csv --bind --set @e=
+line="qxtool: --bind: line 2 of the statement:"
+for refused in "'%@a%'| @A is inside a literal or another name, where nothing can be bound" "@a, @b| @B has no value" \
+  "@a, ?| a ? of its own would be taken for a parameter"; do
+  sql "select" "${refused%%|*}" ""
+  run 2 "$line${refused#*|}" --bind --set @a=x
+done
+sql "select 1 -- @a" ""
+run 2 "qxtool: --bind: @A has a value, but no place to be bound to" --bind --set @a=x
+sql "select @a" ""
+run 2 "qxtool: --bind: @a: a text that names its style cannot be bound; NAME:TYPE=VALUE can" --bind --set @a=@N:5
+
+# A call's statement goes by itself, with its macros filled in.
+sql "select [##]x[##] as x, t, @MM_n as n from [\$T] where i = @MM_i"
+call=("$qxtool" --utf8 call run.sql --run "$connection" --csv --bind --set @MM_i:int=-5 --set "@MM_n=O'Neil")
+[[ "$("${call[@]}" --set '$T=T')" == *$'\nx,"\'; drop'*",O'Neil"* ]] || fail "a call: $("${call[@]}" --set '$T=T' 2>&1)"
+[ "$("${call[@]}" 2>&1)" = 'qxtool: --bind: [$T] has no value' ] || fail "a macro without a value: $("${call[@]}" 2>&1)"
+[[ "$("${call[@]}" --safe 2>&1)" == *"not together with --safe"* ]] || fail "--bind --safe: $("${call[@]}" --safe 2>&1)"
 
 exit $bad

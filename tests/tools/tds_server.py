@@ -12,6 +12,7 @@ A line of a statement that begins with "--!" is an answer, in JSON, in the order
     {"sleep": 5}                          waits, or ends at the driver's attention signal
     {"drop": true}                        closes the connection
 """
+import datetime
 import json
 import select
 import socket
@@ -109,6 +110,14 @@ class Reader:
             size = None if most == 0xFFFF else self.number(2)
             data = self.chunks() if size is None else None if size == 0xFFFF else self.take(size)
             return {"type": "varbinary", "value": None if data is None else data.hex()}
+        if kind == 0x63:  # texts without a length
+            self.take(9)
+            size = self.number(4)
+            return {"type": "ntext", "value": None if size == 0xFFFFFFFF else self.text(size)}
+        if kind == 0x28:  # days since the year 1
+            size = self.number(1)
+            day = datetime.date.fromordinal(self.number(size) + 1) if size else None
+            return {"type": "date", "value": None if day is None else str(day)}
         precision = self.number(1)
         if kind in (0x6A, 0x6C):  # decimals
             precision, scale = self.number(1), self.number(1)
@@ -180,7 +189,7 @@ class Connection:
         params = []
         while data.at < len(data.data):
             params.append(data.parameter())
-        texts = [p["value"] for p in params if p["type"] == "nvarchar" and p["value"] is not None]
+        texts = [p["value"] for p in params if p["type"] in ("nvarchar", "ntext") and p["value"] is not None]
         statement = max(texts, key=lambda text: text.count("--!"), default="")
         return statement, [{"procedure": procedure}] + params
 

@@ -1,13 +1,16 @@
 // qxtool call: the sp_executesql call of a statement file.
+#include <qxTools/base/Ascii.h>
 #include <qxTools/base/CodePage950.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 
 #include <filesystem>
 #include <memory>
 
+#include "BindValues.h"
 #include "CallCheck.h"
 #include "Commands.h"
 #include "RunOptions.h"
+#include "RunStatement.h"
 #include "SafeOptions.h"
 #include "StatementFile.h"
 #include "StatementReport.h"
@@ -148,10 +151,39 @@ ExitStatus RunSafe(TQXSqlStoreProc& procedure, const Options& options) {
   return kDone;
 }
 
+/// The statement that the call gives to the server: its literal, without the apostrophes that it needs there.
+std::string StatementOfCall(TQXSqlStoreProc& procedure) {
+  const std::string line = procedure.GetStoreProc()->GetStrings(1);
+  const std::size_t end = line.rfind('\'');
+  std::string statement;
+  for (std::size_t i = 0; i < end; i += line[i] == '\'' ? 2 : 1) statement += line[i];
+  return statement;
+}
+
+/// On its own the statement is no call, so that it runs on every server.
+ExitStatus RunBound(TQXSqlStoreProc& procedure, const Options& options) {
+  if (options.safe.isOn || !options.declare.empty())
+    throw Failure("--bind declares nothing itself: not together with --safe or --declare");
+  const std::vector<NamedValue> values = ReadValues(options.set);
+  SetValues(procedure, options.file, values);
+  BindableValues bindable;
+  for (Integer i = 0; i < procedure.GetParamCount(); ++i) bindable[procedure.GetItems(i)->GetUpperName()];
+  for (const NamedValue& value : values)
+    if (value.name.starts_with('@')) bindable[UpperCase(value.name)] = value.value;
+  for (Integer i = 0; i < procedure.GetFuncCount(); ++i)
+    if (const auto& macro = *procedure.GetFuncItems(i); macro.GetValue().IsNull())
+      throw Failure("--bind: " + VisibleText(macro.GetName()) + " has no value");
+  Batch batch{StatementOfCall(procedure)};
+  BindValues(batch, bindable);
+  RunBatches(options.run, {batch});
+  return kDone;
+}
+
 ExitStatus Run(const Options& options) {
   TQXSqlStoreProc procedure;
   LoadStatement(procedure, options);
   if (options.check) return RunCheck(procedure, options);
+  if (options.run.bind) return RunBound(procedure, options);
   return options.safe.isOn ? RunSafe(procedure, options) : RunOrdinary(procedure, options);
 }
 

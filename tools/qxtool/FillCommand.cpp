@@ -1,11 +1,14 @@
 // qxtool command: a command file with its values filled in.
+#include <qxTools/base/Ascii.h>
 #include <qxTools/sql/QXSqlTools.h>
 
 #include <memory>
 
+#include "BindValues.h"
 #include "CallCheck.h"
 #include "Commands.h"
 #include "RunOptions.h"
+#include "RunStatement.h"
 #include "StatementFile.h"
 #include "StatementReport.h"
 #include "TextIo.h"
@@ -93,6 +96,35 @@ ExitStatus RunCheck(const std::vector<FilledBatch>& batches, const Options& opti
   return CheckCommandValues(options.file, commands);
 }
 
+// --- --bind ---
+
+/// The value as it was set; a text that names its style is written, and has no type that can be bound.
+Variant BoundValue(const TQXSQLItem& item) {
+  if (item.Value.IsString() && item.Style != stString)
+    throw Failure("--bind: " + VisibleText(item.GetName()) +
+                  ": a text that names its style cannot be bound; NAME:TYPE=VALUE can");
+  return item.Value;
+}
+
+BindableValues ValuesOf(TQXSQLItems& params, const std::vector<NamedValue>& values) {
+  BindableValues bindable;
+  for (Integer i = 0; i < params.GetCount(); ++i) bindable[UpperCase(params.GetItems(i)->GetName())];
+  for (const NamedValue& value : values)
+    if (const TQXSQLItem* const item = params.FindByName(value.name))
+      bindable[UpperCase(item->GetName())] = BoundValue(*item);
+  return bindable;
+}
+
+/// The batches as they were read, with their values bound.
+std::vector<Batch> Bound(const std::vector<FilledBatch>& batches, const std::vector<NamedValue>& values) {
+  std::vector<Batch> bound;
+  for (const FilledBatch& filled : batches) {
+    bound.push_back(filled.batch);
+    BindValues(bound.back(), ValuesOf(filled.command->GetParams(), values));
+  }
+  return bound;
+}
+
 ExitStatus Run(const Options& options) {
   const std::vector<FilledBatch> batches = ReadBatches(options);
   const std::vector<NamedValue> values = ReadValues(options.set);
@@ -100,6 +132,10 @@ ExitStatus Run(const Options& options) {
   if (options.check) return RunCheck(batches, options);
   if (options.list) {
     PrintList(ListOf(batches), options.json);
+    return kDone;
+  }
+  if (options.run.bind) {
+    RunBatches(options.run, Bound(batches, values));
     return kDone;
   }
   if (!Report(options.file, Problems(batches, values), options.run)) return kFound;

@@ -31,7 +31,14 @@ Option AddRunOptions(Command& command, RunOptions& options) {
       command.Flag("--strict", options.strict,
                    "Refuse a statement of which something is reported, with status 1; so does "
                    "--run");
-  command.Flag("--no-strict", options.noStrict, "Run it all the same").Needs(run).Excludes(strict);
+  const Option noStrict = command.Flag("--no-strict", options.noStrict, "Run it all the same");
+  Option(noStrict).Needs(run).Excludes(strict);
+  command
+      .Flag("--bind", options.bind,
+            "Bind the values instead of writing them: texts as WVARCHAR, int as INTEGER, bigint as BIGINT, "
+            "bit as BIT, float as DOUBLE, money as DECIMAL(19,4), date as DATE")
+      .Needs(run)
+      .Excludes(noStrict);
   return run;
 }
 

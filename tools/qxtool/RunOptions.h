@@ -13,6 +13,7 @@ namespace qxtool {
 struct RunOptions {
   std::string connection;  // empty: the text is only shown
   std::string charset;     // accepted, and ignored
+  bool bind = false;
   bool csv = false;
   bool strict = false;
   bool noStrict = false;

@@ -37,9 +37,9 @@ class Run {
   Run(const RunOptions& options, const database::Connection& connection, int& shown)
       : csv_(options.csv), statement_(connection), watch_(statement_, ShowsProgress()), shown_(shown) {}
 
-  void Execute(std::string_view text) {
+  void Execute(const std::string& text, const std::vector<database::Parameter>& parameters) {
     watch_.During([&] {
-      statement_.Execute(text);
+      statement_.Execute(text, parameters);
       return true;
     });
     try {
@@ -195,6 +195,16 @@ std::string PlaceOf(const Batch& batch, const std::vector<Batch>& batches) {
   return batches.size() == 1 ? "" : "the batch from line " + std::to_string(batch.firstLine) + " on: ";
 }
 
+/// A batch as it is sent.
+struct Request {
+  explicit Request(const Batch& batch) : text(database::ForServer(batch.text, Charset::kUtf8)) {
+    for (const qxTools::Variant& value : batch.values) parameters.push_back(database::ToParameter(value));
+  }
+
+  std::string text;
+  std::vector<database::Parameter> parameters;
+};
+
 /// Runs `body`; what came before a failure is shown before it. `place` goes in front of its messages.
 template <class Body>
 auto WithPlace(const std::string& place, Body&& body) {
@@ -210,16 +220,16 @@ auto WithPlace(const std::string& place, Body&& body) {
 }  // namespace
 
 void RunBatches(const RunOptions& options, const std::vector<Batch>& batches) {
-  std::vector<std::string> texts;  // all of them, so that none runs if one cannot be sent
+  std::vector<Request> requests;  // all of them, so that none runs if one cannot be sent
   for (const Batch& batch : batches)
-    texts.push_back(
-        WithPlace(PlaceOf(batch, batches), [&] { return database::ForServer(batch.text, Charset::kUtf8); }));
+    requests.push_back(WithPlace(PlaceOf(batch, batches), [&] { return Request(batch); }));
   const auto connection =
       WithPlace("", [&] { return std::make_unique<database::Connection>(Target(options.connection)); });
   int shown = 0;
   for (std::size_t i = 0; i < batches.size(); ++i)
     for (int count = 0; count < batches[i].count; ++count)
-      WithPlace(PlaceOf(batches[i], batches), [&] { Run(options, *connection, shown).Execute(texts[i]); });
+      WithPlace(PlaceOf(batches[i], batches),
+                [&] { Run(options, *connection, shown).Execute(requests[i].text, requests[i].parameters); });
 }
 
 }  // namespace qxtool

@@ -1,6 +1,8 @@
 // Statement files: their encodings, and the batches of a script.
 #pragma once
 
+#include <qxTools/runtime/Variant.h>
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +17,9 @@ std::string ReadStatement(const std::string& fileName);
 /// A part of a script that is sent by itself.
 struct Batch {
   std::string text = {};
-  int firstLine = 1;  // of the file
-  int count = 1;      // how often it is sent
+  int firstLine = 1;                          // of the file
+  int count = 1;                              // how often it is sent
+  std::vector<qxTools::Variant> values = {};  // bound to its "?" marks, in their order
 };
 
 /// The parts of a script between its GO lines; blank ones are left out. GO is a line of its own, in any case,

@@ -56,6 +56,13 @@ SQLRETURN ExecDirect(void* statement, std::u16string& text) {
   return SQLExecDirectW(statement, Text(text), static_cast<SQLINTEGER>(text.size()));
 }
 
+SQLRETURN Prepare(void* statement, std::string& text) {
+  return SQLPrepare(statement, Text(text), static_cast<SQLINTEGER>(text.size()));
+}
+SQLRETURN Prepare(void* statement, std::u16string& text) {
+  return SQLPrepareW(statement, Text(text), static_cast<SQLINTEGER>(text.size()));
+}
+
 template <class String>
 std::vector<Message> ReadMessages(SQLSMALLINT type, void* handle) {
   std::vector<Message> messages;
@@ -165,7 +172,28 @@ void Statement::Keep(std::int16_t result) {
   for (Message& message : statement_.Messages()) messages_.push_back(std::move(message));
 }
 
-void Statement::Execute(std::string_view utf8) {
+/// A driver that finds another number of marks reads the text otherwise: a value would go to a wrong place,
+/// or to none.
+template <class String>
+void Statement::BindAll(String& text) {
+  Keep(Prepare(statement_.Get(), text));
+  SQLSMALLINT marks = 0;
+  statement_.Check(SQLNumParams(statement_.Get(), &marks));
+  if (static_cast<std::size_t>(marks) != parameters_.size())
+    throw Error({Message{.text = "the driver finds " + std::to_string(marks) + " marks for " +
+                                 std::to_string(parameters_.size()) + " bound values"}});
+  for (std::size_t i = 0; i < parameters_.size(); ++i)
+    statement_.Check(
+        Bind(parameters_[i], statement_.Get(), static_cast<SQLUSMALLINT>(i + 1), statement_.IsWide()));
+}
+
+template <class String>
+void Statement::Run(String& text) {
+  if (!parameters_.empty()) BindAll(text);
+  Keep(ExecDirect(statement_.Get(), text));
+}
+
+void Statement::Execute(std::string_view utf8, std::vector<Parameter> parameters) {
   std::u16string wide = Wide(utf8, "the statement");
   if (utf8.size() > std::numeric_limits<SQLINTEGER>::max())
     throw Error({Message{.text = "the statement is too long"}});
@@ -174,8 +202,10 @@ void Statement::Execute(std::string_view utf8) {
   if (utf8.find('\0') != std::string_view::npos)
     throw Error({Message{.text = "the statement holds a NUL byte"}});
   isBinary_.clear();
-  std::string bytes(statement_.IsWide() ? "" : utf8);
-  Keep(statement_.IsWide() ? ExecDirect(statement_.Get(), wide) : ExecDirect(statement_.Get(), bytes));
+  parameters_ = std::move(parameters);
+  if (statement_.IsWide()) return Run(wide);
+  std::string bytes(utf8);
+  Run(bytes);
 }
 
 bool Statement::NextResult() {

@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "database/Parameter.h"
+
 namespace qxtool::database {
 
 /// One record of what a driver says.
@@ -79,8 +81,9 @@ class Statement {
  public:
   explicit Statement(const Connection& connection);
 
-  /// Runs a statement; its first result is then the current one.
-  void Execute(std::string_view utf8);
+  /// Runs a statement; its first result is then the current one. The parameters are bound to its "?" marks.
+  /// @throws Error, before it runs, when the driver finds another number of marks than of parameters.
+  void Execute(std::string_view utf8, std::vector<Parameter> parameters = {});
   /// Goes on to the next result. @return false when there is none.
   bool NextResult();
 
@@ -104,6 +107,10 @@ class Statement {
 
  private:
   void Keep(std::int16_t result);
+  template <class String>
+  void Run(String& text);
+  template <class String>
+  void BindAll(String& text);
   bool IsBinary(int column);
   template <class String>
   std::string Label(int column) const;
@@ -111,6 +118,7 @@ class Statement {
   std::optional<std::basic_string<Unit>> Read(int column, std::int16_t type,
                                               std::basic_string<Unit>& piece) const;
 
+  std::vector<Parameter> parameters_;  // drivers read them while rows are fetched
   Handle statement_;
   // The piece of a value that is being read.
   std::u16string wide_;
