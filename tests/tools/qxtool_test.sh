@@ -180,7 +180,7 @@ for length in {65531..65536}; do
   "$qxtool" convert --from utf8 --to big5 cut.utf8 | "$qxtool" convert --from big5 --to utf8 | cmp - cut.utf8 || bad=1
 done
 expect 0 '"Code":9003,"Value":"unchanged"' date 2024/2/29 --json
-expect 0 "ChinaDate              2024年2月28日" --utf8-terminal date 2024-02-28
+expect 0 "ChinaDate            2024年2月28日" --utf8-terminal date 2024-02-28
 expect 0 '"Text":"1999-01-02","With zeros":"","Refused by":"a year of one or two digits is a ROC year"}' date --minguo 99/1/2 --json
 expect 0 "mfNumerals       民國一百一十三年五月一日" --utf8-terminal date --minguo 2024-05-01
 expect 0 "mfDash           113-2-29" date --minguo 2024/2/29
