@@ -10,17 +10,16 @@
 using namespace qxTools;
 using namespace qxTools::QXMinguoDate;
 
+// 民國前1年12月31日
+constexpr char kBeforeTheFirstYear[] =
+    "\xA5\xC1\xB0\xEA\xAB\x65"
+    "1\xA6\x7E"
+    "12\xA4\xEB"
+    "31\xA4\xE9";
+
 int main() {
   const char* texts[] = {
-      "113/5/1",
-      "1130501",
-      "\xA5\xC1\xB0\xEA\xAB\x65"
-      "1\xA6\x7E"
-      "12\xA4\xEB"
-      "31\xA4\xE9",  // 民國前1年12月31日
-      "99/1/2",
-      "112/2/29",
-      "2024/5/1",
+      "113/5/1", "1130501", kBeforeTheFirstYear, "99/1/2", "112/2/29", "2024/5/1",
   };
   for (const char* text : texts) {
     const TMinguoReading reading = ReadMinguo(text);

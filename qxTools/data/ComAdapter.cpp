@@ -42,8 +42,8 @@ HRESULT TQXOleVariant::ComAdapter::GetValue(std::u16string_view name, Variant& r
   return Guarded(result, [&] { return packet_.GetValue(name); });
 }
 
-HRESULT TQXOleVariant::ComAdapter::SetItems(Integer Index, const Variant& Value) {
-  return Guarded([&] { packet_.SetItems(Index, Value); });
+HRESULT TQXOleVariant::ComAdapter::SetItems(Integer index, const Variant& value) {
+  return Guarded([&] { packet_.SetItems(index, value); });
 }
 
 HRESULT TQXOleVariant::ComAdapter::SetValue(std::u16string_view name, const Variant& value) {

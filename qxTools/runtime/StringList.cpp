@@ -15,6 +15,7 @@ constexpr std::string_view kLineBreak = "\r\n";
 
 TStrings::~TStrings() = default;
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): Assign copies the lines first.
 TStrings& TStrings::operator=(const TStrings& other) {
   Assign(other);
   return *this;

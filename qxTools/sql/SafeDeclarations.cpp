@@ -32,7 +32,7 @@ class Words {
 
  private:
   std::string Take(std::size_t count) {
-    const std::string taken(rest_.substr(0, count));
+    std::string taken(rest_.substr(0, count));
     rest_.remove_prefix(taken.size());
     SkipBlanks();
     return taken;

@@ -111,7 +111,7 @@ std::string ForgottenArgument(const CLI::App& command) {
 /// The first word that nothing took says more than what is missing without it.
 std::string Misuse(const CLI::App& program, const CLI::App& command, const CLI::ParseError& error) {
   const bool lacksCommand = command.get_require_subcommand_min() > 0;
-  if (const std::string hint = ForgottenArgument(command); lacksCommand && !hint.empty()) return hint;
+  if (std::string hint = ForgottenArgument(command); lacksCommand && !hint.empty()) return hint;
   const std::vector<std::string> unknown = program.remaining(true);
   if (unknown.empty()) return Visible(error.what());
   const std::string& word = unknown.front();

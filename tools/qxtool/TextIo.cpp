@@ -118,7 +118,7 @@ namespace {
 /// Text as the bytes of a file.
 std::string FileBytes(const std::string& fileName, const std::string& text) {
   if (!GetEncoding().utf8Files) return text;
-  const std::string bytes = qxTools::BytesToUtf8(text);
+  std::string bytes = qxTools::BytesToUtf8(text);
   if (qxTools::Utf8ToBytes(bytes) != text)
     throw Failure(Visible(fileName) + ": the text holds bytes that are not characters; nothing was saved");
   return bytes;

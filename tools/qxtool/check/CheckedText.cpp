@@ -78,16 +78,16 @@ CheckedText::CheckedText(std::string bytes, bool utf8) {
   const std::size_t invalid = FindInvalidUtf8(bytes);
   coding_.markSize = mark ? kUtf8Mark.size() : 0;
   if (utf8 && invalid != kNowhere) coding_.firstInvalid = invalid - coding_.markSize;
-  if (HasUtf16Mark(bytes)) {
-    coding_.coding = TextCoding::kOther;
-  } else if (invalid == kNowhere && (mark || !IsAscii(bytes))) {
+  const bool isUtf16 = HasUtf16Mark(bytes);
+  if (!isUtf16 && invalid == kNowhere && (mark || !IsAscii(bytes))) {
     coding_.coding = TextCoding::kUtf8;
     utf8_ = std::move(bytes);
     TakeUtf8();
-  } else if (LooksLikeGb2312(bytes)) {
-    coding_.coding = TextCoding::kGb2312;
-  }
-  if (coding_.coding != TextCoding::kUtf8) {
+  } else {
+    if (isUtf16)
+      coding_.coding = TextCoding::kOther;
+    else if (LooksLikeGb2312(bytes))
+      coding_.coding = TextCoding::kGb2312;
     text_ = std::move(bytes);
     text_.erase(0, coding_.markSize);
   }
