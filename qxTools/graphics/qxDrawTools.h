@@ -124,8 +124,7 @@ using TFrameBitmaps = std::array<TBitmap, 9>;
 /// bitmap file is written, whole or not at all, and last the first 76 bytes of the frame file in one write. A
 /// crash between these two writes can leave a pair that does not match. If saving fails, a new frame file is
 /// removed again. On purpose: bytes after the first 76 of an older, longer frame file are unchanged, and if
-/// the name itself ends in
-/// ".bmp", only the bitmap file is written.
+/// the name itself ends in ".bmp", only the bitmap file is written.
 /// @throws EFOpenError, EFCreateError, EWriteError; std::bad_alloc.
 QXTOOLS_API void SaveDWF(const std::string& fileName, const TFrameBitmaps& bitmaps);
 

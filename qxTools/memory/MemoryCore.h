@@ -47,9 +47,11 @@ class QXTOOLS_API IMemoryOperation : public IInterface {
   virtual void GetMemory(void* dest, std::uint32_t offset, std::uint32_t count) const = 0;
   /// Copies `count` bytes from `source` to `offset` of the block. Nothing is checked.
   virtual void SetMemory(const void* source, std::uint32_t offset, std::uint32_t count) = 0;
-  /// Copies up to `count` bytes from the cursor to `buffer` and moves the cursor after them.
+  /// Copies `count` bytes (fewer at the end) from the cursor to `buffer` and moves the cursor after them. On
+  /// purpose: a count of 0 or less reads all that is left.
   virtual void Read(void* buffer, Integer count) = 0;
-  /// Copies up to `count` bytes from `buffer` to the cursor and moves the cursor after them.
+  /// Copies `count` bytes from `buffer` to the cursor and moves the cursor after them. Bytes that do not fit
+  /// are dropped.
   virtual void Write(const void* buffer, Integer count) = 0;
   /// Returns the block's address as a number.
   virtual THandle GetHandle() const = 0;
@@ -57,7 +59,8 @@ class QXTOOLS_API IMemoryOperation : public IInterface {
   virtual void* GetAddress() const = 0;
   /// Returns the block's size in bytes.
   virtual Integer GetSize() const = 0;
-  /// Resizes the block. @throws Exception if `value` is 0 or less.
+  /// Resizes the block; new bytes are zeros.
+  /// @throws Exception "Size cann`t small then 0" if `value` is 0 or less; nothing is changed then.
   virtual void SetSize(Integer value) = 0;
 
  protected:
@@ -72,7 +75,10 @@ class QXTOOLS_API IMemoryBank : public virtual IMemoryOperation {
 
   /// Returns the number of elements.
   virtual Integer GetCount() const = 0;
-  /// Changes the number of elements. @throws Exception as TMemoryBank::SetCount does.
+  /// Sets the count, then the size to count times element size; new elements are zeros.
+  /// @throws Exception "Count cann`t small then 1" if the count before the call is below 1.
+  /// @throws Exception "Size cann`t small then 0" if the new size is 0 or less; the count has changed by
+  /// then.
   virtual void SetCount(Integer value) = 0;
 
  protected:

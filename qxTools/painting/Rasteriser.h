@@ -15,9 +15,10 @@ void AddLine(const TPoint& from, const TPoint& to, const TRect& clip, std::vecto
 /// Adds the pixels in `clip` that lie inside the polygon: rectangles one pixel high.
 void AddPolygonSpans(std::span<const TPoint> points, const TRect& clip, std::vector<TRect>& rects);
 
-/// The part that both rectangles cover; empty or inverted if there is none.
+/// Returns the part that both rectangles cover; empty or inverted if there is none.
 TRect Intersection(const TRect& a, const TRect& b);
 
+/// Returns whether the rectangle has no pixels.
 inline bool IsEmpty(const TRect& rect) { return rect.Left >= rect.Right || rect.Top >= rect.Bottom; }
 
 /// The numbers from `low` up to, but without, `high`.
