@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Prints a table from Google Benchmark results whose names are <work>/<who>/<size>.
 
-Of several repetitions the fastest counts. The ratio is the peer's time by ours: above 1 we are faster. The growth
+Of several repetitions the fastest counts. The ratio is our figure by the peer's: below 1 we are quicker. The growth
 exponent is the slope of log(time) over log(size) from the smallest to the largest size: 1 is linear.
 """
 import json
@@ -9,28 +9,46 @@ import math
 import sys
 
 OURS = "qxTools"
+SECONDS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
 
 
-def read(paths):
-    """{work: {who: {size: seconds}}}, in the order of the files."""
-    works = {}
-    for path in paths:
-        with open(path, encoding="utf-8") as file:
-            runs = json.load(file)["benchmarks"]
-        for run in runs:
-            if run.get("run_type") == "aggregate":
-                continue
+def seconds_of(run):
+    return run["real_time"] * SECONDS[run["time_unit"]]
+
+
+def bytes_of(run):
+    return run.get("max_bytes_used")
+
+
+def least(new, old):
+    return new if old is None else min(new, old)
+
+
+def last(new, _):
+    """Of the memory of several repetitions the library reports the last one only; the others are not its numbers."""
+    return new
+
+
+def runs_of(path):
+    """The measured repetitions in a file; a failed one is reported."""
+    with open(path, encoding="utf-8") as file:
+        for run in json.load(file)["benchmarks"]:
             if run.get("error_occurred"):
                 print(f"error: {run['name']}: {run['error_message']}", file=sys.stderr)
-                continue
-            name = run["run_name"].split("/")
-            if len(name) < 3:
-                name.append("0")
-            work, who, size = name[0], name[1], int(name[2])
-            unit = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}[run["time_unit"]]
-            seconds = run["real_time"] * unit
-            sizes = works.setdefault(work, {}).setdefault(who, {})
-            sizes[size] = min(seconds, sizes.get(size, math.inf))
+            elif run.get("run_type") != "aggregate":
+                yield run
+
+
+def read(paths, figure=seconds_of, keep=least):
+    """{work: {who: {size: figure}}}, in the order of the files; a row without a size has 0."""
+    works = {}
+    for path in paths:
+        for run in runs_of(path):
+            value = figure(run)
+            if value is not None:
+                work, who, size = (run["run_name"].split("/") + ["0"])[:3]
+                sizes = works.setdefault(work, {}).setdefault(who, {})
+                sizes[int(size)] = keep(value, sizes.get(int(size)))
     return works
 
 
@@ -48,15 +66,19 @@ def show_time(seconds):
     return f"{seconds * 1e9:.3g} ns"
 
 
+def peers_of(whos, size):
+    """[(who, figure)] of the others at a size, the best first."""
+    return sorted(((who, figures[size]) for who, figures in whos.items() if who != OURS and size in figures), key=lambda peer: peer[1])
+
+
 def rows(works):
     for work, whos in works.items():
         ours = whos.get(OURS, {})
         exponent = growth(ours) if ours else None
         for size in sorted(ours):
-            peers = [(who, times[size]) for who, times in whos.items() if who != OURS and size in times] or [("", None)]
-            for who, seconds in peers:
+            for who, seconds in peers_of(whos, size) or [("", None)]:
                 yield (work, str(size) if size else "", show_time(ours[size]), who,
-                       show_time(seconds) if seconds else "", f"{seconds / ours[size]:.2f}" if seconds else "",
+                       show_time(seconds) if seconds else "", f"{ours[size] / seconds:.2f}" if seconds else "",
                        f"{exponent:.2f}" if exponent is not None and size == max(ours) else "")
 
 

@@ -75,12 +75,12 @@ def draw_overview(sections, path):
             ours = whos.get(OURS, {})
             peers = [times[max(ours)] for who, times in whos.items() if who != OURS and max(ours, default=0) in times]
             if peers:
-                ratios.append(min(peers) / ours[max(ours)])
+                ratios.append(ours[max(ours)] / min(peers))
         panel.plot(ratios, [place] * len(ratios), "o", color=OURS_COLOR, alpha=0.5, markersize=5)
     panel.set_xscale("log")
     panel.axvline(1, color="#d9822b", linewidth=1)
     panel.set_yticks(range(len(sections)), [name for name, _ in reversed(sections)])
-    panel.set_xlabel("time of the quickest peer by time of qxTools, at the largest size: right of the line qxTools is faster")
+    panel.set_xlabel("time of qxTools by time of the quickest peer, at the largest size: left of the line qxTools is faster")
     panel.grid(True, axis="x", color="#e4e4e4", linewidth=0.6)
     save(figure, path)
 
