@@ -48,17 +48,20 @@ TEST(CodePage950, EveryTwoBytesComeBackButForTheTenSecondCodes) {
 }
 
 TEST(CodePage950, WhatThePageLacksIsAQuestionMark) {
-  test::ExpectRows<std::u16string, std::string>(
-      WideToBytes, {{u"a\u00E9\u2022\uFFFD\uE000z", "a???\xFA\x40z"},  // no look-alikes
-                    {u"\xD83D\xDE00\xD83D\xDC80", "??"},               // one for a surrogate pair
-                    {u"\xD83D-\xDC7F\xDD00\xD83D", "?-???"}});         // one for a lone surrogate
+  // clang-format off
+  test::Rows<std::u16string, std::string>(WideToBytes)
+      (u"a\u00E9\u2022\uFFFD\uE000z", "a???\xFA\x40z")  // no look-alikes
+      (u"\xD83D\xDE00\xD83D\xDC80", "??")  // one for a surrogate pair
+      (u"\xD83D-\xDC7F\xDD00\xD83D", "?-???");  // one for a lone surrogate
   // Invalid UTF-8 gives one for each piece that could have begun a character.
-  test::ExpectRows(Utf8ToBytes, {{"\xEF\xBB\xBFz", "?z"},               // a byte-order mark
-                                 {"\xC3\xA9\xF0\x9F\x98\x80z", "??z"},  // valid, not in the page
-                                 {"\xE4\xB8\xE4\xB8\xAD\xE4\xB8", "?\xA4\xA4?"},
-                                 {"\xF0\x9F\x98z\xF4\x90\x80\x80", "?z????"},       // cut short; above 10FFFF
-                                 {"\xC0\xAF\xE0\x80\xAF\xED\xB2\xA4", "????????"},  // overlong, surrogate
-                                 {"\x80\xBF\xFF", "???"}});
+  test::Rows(Utf8ToBytes)
+      ("\xEF\xBB\xBFz", "?z")  // a byte-order mark
+      ("\xC3\xA9\xF0\x9F\x98\x80z", "??z")  // valid, not in the page
+      ("\xE4\xB8\xE4\xB8\xAD\xE4\xB8", "?\xA4\xA4?")
+      ("\xF0\x9F\x98z\xF4\x90\x80\x80", "?z????")  // cut short; above 10FFFF
+      ("\xC0\xAF\xE0\x80\xAF\xED\xB2\xA4", "????????")  // overlong, surrogate
+      ("\x80\xBF\xFF", "???");
+  // clang-format on
 }
 
 TEST(CodePage950, LongTextIsReadAcrossEveryBorder) {

@@ -6,7 +6,7 @@
 namespace qxTools::CVCode {
 namespace {
 
-using test::ExpectRows;
+using test::Rows;
 
 std::string ReadFile(const std::string& name) { return test::BytesOf(QXTOOLS_TEST_DATA "/cvcode/" + name); }
 
@@ -17,32 +17,27 @@ TEST(CVCode, FrequentAndExceptionalCharactersAndAPageReadRight) {
 }
 
 TEST(CVCode, GbBecomesBig5ByTheIndexAlone) {
-  ExpectRows([](const std::string& text) { return GBtoBIG5(text); },
-             {
-                 {"\xCA\xAE\xD8\xA6\xD8\xA3", "\xA4\x51\xA4\xCA\xA4\x61"},  // 十卅兀, by their first codes
-                 {"\xA1\xA1\xA1\xA4\xA1\xAA\xA9\xB3\xA3\xAE", "\xA1\x40\xA1\x45\xA1\x58\xA2\x7A\xA1\x44"},
-                 {"ASCII ~\x7F\x80\xA0", "ASCII ~\x7F\x80\xA0"},
-                 {"\xA3\x41", GBtoBIG5("\xA1\xFD")},  // index 92
-                 {"\xA0\xFF", GBtoBIG5("\xA1\xA1")},  // index 0
-                 {"\xA1\x41\xA1", "\xA1\x41\xA1"},
-                 {"\xA2", "\xA2"},
-                 {"\xB3", GBtoBIG5("\xB1\xBC")},  // a zero byte stands behind the last one
-                 {"\xF9\x42\xF9\x43\xFA", GBtoBIG5("\xF7\xFE") + "\xF9\x43\xFA"},
-             });
+  // clang-format off
+  Rows([](const std::string& text) { return GBtoBIG5(text); })
+      ("\xCA\xAE\xD8\xA6\xD8\xA3", "\xA4\x51\xA4\xCA\xA4\x61")  // 十卅兀, by their first codes
+      ("\xA1\xA1\xA1\xA4\xA1\xAA\xA9\xB3\xA3\xAE", "\xA1\x40\xA1\x45\xA1\x58\xA2\x7A\xA1\x44")
+      ("ASCII ~\x7F\x80\xA0", "ASCII ~\x7F\x80\xA0")("\xA3\x41", GBtoBIG5("\xA1\xFD"))  // index 92
+      ("\xA0\xFF", GBtoBIG5("\xA1\xA1"))  // index 0
+      ("\xA1\x41\xA1", "\xA1\x41\xA1")("\xA2", "\xA2")
+      ("\xB3", GBtoBIG5("\xB1\xBC"))  // a zero byte stands behind the last one
+      ("\xF9\x42\xF9\x43\xFA", GBtoBIG5("\xF7\xFE") + "\xF9\x43\xFA");
 }
 
 TEST(CVCode, Big5BecomesGbByItsTrailBytes) {
-  ExpectRows([](const std::string& text) { return BIG5toGB(text); },
-             {
-                 {"\xA2\xCC\xA2\xCE\xC9\x4A", "\xCA\xAE\xD8\xA6\xD8\xA3"},  // 十卅兀, by their second codes
-                 {"\xA1\x40\xA1\x41\xA1\x42\xA1\x43\xA1\x44\xA1\x45", "  \xA3\xAC\xA1\xA2\xA1\xA3  \xA1\xA4"},
-                 {"\xA1\x50\xA1\x58\xA1\x5E\xA1\xB0", "\xA1\xA4\xA1\xAA\xA3\xA9\xA1\xF9"},
-                 {"\xA6\x54\xA7\x60\xAF\x40", "      "},  // 吋呎浬, amounts of their own
-                 {"\xAA\x7A\xC6\xA1\xC8\xFE", "      "},  // 沬 is not 沫; user-defined
-                 {"ASCII ~\x7F\x80\xA0", "ASCII ~\x7F\x80\xA0"},
-                 {"\xA4 \xA4\x40\xA4", "\xA4 \xD2\xBB\xA4"},
-                 {"\xA4\x7F\xA4\xA0\xA4\xFF\xFF\x40", "\xA4\x7F\xA4\xA0\xA4\xFF\xFF\x40"},
-             });
+  Rows([](const std::string& text) { return BIG5toGB(text); })
+      ("\xA2\xCC\xA2\xCE\xC9\x4A", "\xCA\xAE\xD8\xA6\xD8\xA3")  // 十卅兀, by their second codes
+      ("\xA1\x40\xA1\x41\xA1\x42\xA1\x43\xA1\x44\xA1\x45", "  \xA3\xAC\xA1\xA2\xA1\xA3  \xA1\xA4")
+      ("\xA1\x50\xA1\x58\xA1\x5E\xA1\xB0", "\xA1\xA4\xA1\xAA\xA3\xA9\xA1\xF9")
+      ("\xA6\x54\xA7\x60\xAF\x40", "      ")  // 吋呎浬, amounts of their own
+      ("\xAA\x7A\xC6\xA1\xC8\xFE", "      ")  // 沬 is not 沫; user-defined
+      ("ASCII ~\x7F\x80\xA0", "ASCII ~\x7F\x80\xA0")("\xA4 \xA4\x40\xA4", "\xA4 \xD2\xBB\xA4")
+      ("\xA4\x7F\xA4\xA0\xA4\xFF\xFF\x40", "\xA4\x7F\xA4\xA0\xA4\xFF\xFF\x40");
+  // clang-format on
 }
 
 /// How many characters have a counterpart, and how many of those come back.

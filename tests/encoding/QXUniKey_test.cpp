@@ -77,8 +77,10 @@ TEST(QXUniKey, KeysDifferAndConvertToHexadecimalAndBack) {
   for (int i = 0; i < 10000; ++i) keys.insert(UniKey());
   EXPECT_EQ(keys.size(), 10000u);
   EXPECT_EQ(UniKey16To32(std::string("\x0A\xFF\0", 3)), "0AFF00");
-  ExpectRows([](const std::string& text) { return UniKey32To16(text); },
-             {{"0aFF", "\x0A\xFF"}, {"0AF", "\x0A"}, {"F", ""}, {"G77G", "\7\7"}});  // digits alone count
+  // clang-format off
+  Rows([](const std::string& text) { return UniKey32To16(text); })
+      ("0aFF", "\x0A\xFF")("0AF", "\x0A")("F", "")("G77G", "\7\7");  // digits alone count
+  // clang-format on
 }
 
 }  // namespace

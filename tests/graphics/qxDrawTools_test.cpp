@@ -80,12 +80,13 @@ TEST(qxDrawTools, RectanglesAndPoints) {
 }
 
 TEST(qxDrawTools, CropRectMovesTheSidesOfItsTable) {
-  const std::pair<TAlignmentEx, TRect> rows[] = {
-      {aeLeftTop, {10, 5, 100, 50}},     {aeLeftCenter, {10, 5, 100, 55}}, {aeLeftBottom, {10, 0, 100, 45}},
-      {aeTopCenter, {10, 5, 110, 50}},   {aeAllCenter, {10, 5, 110, 55}},  {aeBottomCenter, {10, 0, 110, 45}},
-      {aeRightTop, {0, 5, 90, 50}},      {aeRightCenter, {0, 0, 90, 55}},  {aeRightBottom, {0, 0, 90, 45}},
-      {TAlignmentEx(9), {0, 0, 100, 50}}};
-  ExpectEach([](TAlignmentEx alignment) { return CropRect({0, 0, 100, 50}, alignment, 10, 5); }, rows);
+  // clang-format off
+  Rows<TAlignmentEx, TRect>([](TAlignmentEx alignment) { return CropRect({0, 0, 100, 50}, alignment, 10, 5); })
+      (aeLeftTop, {10, 5, 100, 50})(aeLeftCenter, {10, 5, 100, 55})(aeLeftBottom, {10, 0, 100, 45})
+      (aeTopCenter, {10, 5, 110, 50})(aeAllCenter, {10, 5, 110, 55})(aeBottomCenter, {10, 0, 110, 45})
+      (aeRightTop, {0, 5, 90, 50})(aeRightCenter, {0, 0, 90, 55})(aeRightBottom, {0, 0, 90, 45})
+      (TAlignmentEx(9), {0, 0, 100, 50});
+  // clang-format on
 }
 
 TEST(qxDrawTools, PopupsAreKeptOnTheScreen) {
@@ -275,11 +276,13 @@ TEST(qxDrawTools, BadPairsAreRefused) {
   EXPECT_EQ(MessageOf([&] { LoadDWF(name, pieces); }), name + " File not found!");
   EXPECT_EQ(load(""), folder.File("frame.bmp") + " File not found!");
   TBitmap(2, 2).SaveToFile(folder.File("frame.bmp"));
-  ExpectRows(load, {{"", "Stream read error"},
-                    {FrameBytes({1, 1}, 8002).substr(0, 4), name + " is a Draw of Frame(DW1) File."},
-                    {FrameBytes({1, 1}).substr(0, 75), "Stream read error"},
-                    {FrameBytes({4096, 4097}), name + " is damaged."},
-                    {FrameBytes({1, 1, kHighest, kHighest}), name + " is damaged."}});
+  // clang-format off
+  Rows(load)
+      ("", "Stream read error")
+      (FrameBytes({1, 1}, 8002).substr(0, 4), name + " is a Draw of Frame(DW1) File.")
+      (FrameBytes({1, 1}).substr(0, 75), "Stream read error")(FrameBytes({4096, 4097}), name + " is damaged.")
+      (FrameBytes({1, 1, kHighest, kHighest}), name + " is damaged.");
+  // clang-format on
 }
 
 TEST(qxDrawTools, PiecesThatTheStripLacksAreWhite) {

@@ -99,10 +99,11 @@ TEST(Canvas, FillsWithoutTheRightAndBottomEdges) {
   EXPECT_EQ(canvas.GetBrushStyle(), bsSolid);
   canvas.FillRect({0, 0, 1, 1});
   EXPECT_EQ(paper.GetPixel(0, 0), 0x808080U);
-  const std::pair<TColor, TColor> colors[] = {{0x8000000F, 0xC0C0C0}, {0x80000010, 0x808080},
-                                              {0x80000014, 0xFFFFFF}, {0x8000001E, 0},
-                                              {0x8000001F, 0},        {0x7F123456, 0x123456}};
-  ExpectEach(ColorToRGB, colors);
+  // clang-format off
+  Rows<TColor>(ColorToRGB)
+      (0x8000000F, 0xC0C0C0)(0x80000010, 0x808080)(0x80000014, 0xFFFFFF)(0x8000001E, 0)(0x8000001F, 0)
+      (0x7F123456, 0x123456);
+  // clang-format on
 }
 
 TEST(Canvas, CopiesStretchMirrorAndClip) {
@@ -114,13 +115,14 @@ TEST(Canvas, CopiesStretchMirrorAndClip) {
     paper.GetCanvas().CopyRect({sides[0], 0, sides[1], 1}, source, {sides[2], 0, sides[3], 1});
     return TextOf(paper);
   };
-  const std::pair<std::array<Integer, 4>, const char*> rows[] = {
-      {{1, 4, 0, 3}, ".123.....\n"},  {{1, 7, 0, 3}, ".112233..\n"},  {{1, 6, 0, 3}, ".11233...\n"},
-      {{1, 3, 0, 3}, ".13......\n"},  {{1, 2, 0, 3}, ".2.......\n"},  {{4, 1, 0, 3}, ".321.....\n"},
-      {{7, 1, 1, 3}, ".333222..\n"},  {{-1, 5, 0, 3}, "12233....\n"}, {{7, 13, 0, 3}, ".......11\n"},
-      {{1, 6, -1, 4}, "..123....\n"}, {{1, 4, 3, 0}, ".........\n"},  {{1, 4, 1, 1}, ".........\n"},
-      {{1, 1, 0, 3}, ".........\n"},  {{20, 23, 0, 3}, ".........\n"}};
-  ExpectEach(copied, rows);
+  // clang-format off
+  Rows<std::array<Integer, 4>, std::string>(copied)
+      ({1, 4, 0, 3}, ".123.....\n")({1, 7, 0, 3}, ".112233..\n")({1, 6, 0, 3}, ".11233...\n")
+      ({1, 3, 0, 3}, ".13......\n")({1, 2, 0, 3}, ".2.......\n")({4, 1, 0, 3}, ".321.....\n")
+      ({7, 1, 1, 3}, ".333222..\n")({-1, 5, 0, 3}, "12233....\n")({7, 13, 0, 3}, ".......11\n")
+      ({1, 6, -1, 4}, "..123....\n")({1, 4, 3, 0}, ".........\n")({1, 4, 1, 1}, ".........\n")
+      ({1, 1, 0, 3}, ".........\n")({20, 23, 0, 3}, ".........\n");
+  // clang-format on
   TBitmap self;
   Paint(self, "12\n34\n");
   self.GetCanvas().CopyRect({0, 0, 2, 2}, self);

@@ -48,11 +48,11 @@ TEST(QXDialogs, ABoxIsCentredAndTitledAndFreed) {
 }
 
 TEST(QXDialogs, ClosingAnswersAsTheOnlyButtonOrAsCancel) {
-  const std::pair<TDialogButtons, Integer> rows[] = {
-      {dbOK, 1},    {dbOK | dbHelp, 1}, {dbYes | dbNo, 2}, {dbYes, 6}, {dbNo, 7},
-      {dbAbort, 3}, {dbRetry, 4},       {dbIgnore, 5},     {dbAll, 8}, {dbHelp, 2},
-      {0, 2},       {dbNoToAll, 9},     {dbYesToAll, 10}};
-  ExpectEach(GetCloseResult, rows);
+  // clang-format off
+  Rows<TDialogButtons, Integer>(GetCloseResult)
+      (dbOK, 1)(dbOK | dbHelp, 1)(dbYes | dbNo, 2)(dbYes, 6)(dbNo, 7)(dbAbort, 3)(dbRetry, 4)(dbIgnore, 5)
+      (dbAll, 8)(dbHelp, 2)(0, 2)(dbNoToAll, 9)(dbYesToAll, 10);
+  // clang-format on
   EXPECT_EQ(GetDialogResult(dbHelp), 0);
 }
 

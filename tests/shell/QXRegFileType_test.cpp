@@ -74,12 +74,11 @@ class QXRegFileType : public ::testing::Test {
 
 TEST_F(QXRegFileType, FiveValuesStandUnderTheirKeys) {
   RegFileType(".qxo", "QXOrder", "/opt/my orders/o", "\xAD\x71\xB3\xE6", -3);  // 訂單
-  ExpectRows([this](const std::string& key) { return BytesOf(Class(key) + "/%default"); },
-             {{".qxo", "QXOrder"},
-              {".qxo/Shell/Open/Command", "/opt/my orders/o \"%1\""},
-              {"QXOrder", "\xAD\x71\xB3\xE6"},
-              {"QXOrder/DefaultIcon", "/opt/my orders/o,-3"},
-              {"QXOrder/Shell/Open/Command", "/opt/my orders/o \"%1\""}});
+  // clang-format off
+  Rows([this](const std::string& key) { return BytesOf(Class(key) + "/%default"); })
+      (".qxo", "QXOrder")(".qxo/Shell/Open/Command", "/opt/my orders/o \"%1\"")("QXOrder", "\xAD\x71\xB3\xE6")
+      ("QXOrder/DefaultIcon", "/opt/my orders/o,-3")("QXOrder/Shell/Open/Command", "/opt/my orders/o \"%1\"");
+  // clang-format on
 }
 
 TEST_F(QXRegFileType, AKeyThatCannotBeMadeIsLeftOut) {

@@ -16,33 +16,32 @@ using namespace std::string_literals;
 // --- Builders ----------------------------------------------------------------------------------------
 
 TEST(QXSqlTools, TextsBecomeLiteralsListsAndRanges) {
-  ExpectRows(ToSQLStr, {{"", "NULL"}, {" ", "' '"}, {"''", "''''''"}, {"a\0'\r\n\xFF"s, "'a\0''\r\n\xFF'"s}});
-  ExpectRows(ToSQLint, {{"", "NULL"}, {" x'", " x'"}});
-  ExpectRows(ToSQLinlist,
-             {{"x", "('x')"}, {"", "(NULL)"}, {",", " (NULL,NULL) "}, {" a , 'b' ", " (' a ',' ''b'' ') "}});
-  ExpectRows(ToSQLBetween, {{"5", "'5' and '5'"},
-                            {"~9", "NULL and '9'"},
-                            {"a~b~c", "'a' and 'b~c'"},
-                            {"", "NULL and NULL"},
-                            {"\xA6\x7E", "'\xA6' and NULL"}});  // on purpose: the second byte of 年 is a "~"
+  // clang-format off
+  Rows(ToSQLStr)
+      ("", "NULL")(" ", "' '")("''", "''''''")("a\0'\r\n\xFF"s, "'a\0''\r\n\xFF'"s);
+  Rows(ToSQLint)
+      ("", "NULL")(" x'", " x'");
+  Rows(ToSQLinlist)
+      ("x", "('x')")("", "(NULL)")(",", " (NULL,NULL) ")(" a , 'b' ", " (' a ',' ''b'' ') ");
+  Rows(ToSQLBetween)
+      ("5", "'5' and '5'")("~9", "NULL and '9'")("a~b~c", "'a' and 'b~c'")("", "NULL and NULL")
+      ("\xA6\x7E", "'\xA6' and NULL");  // on purpose: the second byte of 年 is a "~"
+  // clang-format on
   const std::vector<std::string> values{"abc", "12", "", "2003/01/02", "it's"};
   EXPECT_EQ(ToSQLEx(values, "SNSDt"), "'abc',12,NULL,'2003/01/02','it''s'");
   EXPECT_EQ(ToSQLEx(values, "xfX"), "12");  // an unknown letter, and no letter, leave a value out
 }
 
 TEST(QXSqlTools, VariantsAreWrittenByTheirType) {
-  ExpectRows<Variant, std::string>(VarToSql,
-                                   {{Variant::Null(), "NULL"},
-                                    {Variant(), ""},
-                                    {Variant::FromDate(EncodeDate(2003, 1, 2) + 0.99), "'2003/01/02'"},
-                                    {Variant::FromDate(-1e-10), "'1899/12/30'"},  // rounded first
-                                    {"  ab ", "'ab'"},
-                                    {u" \u4E2D ", "'\xA4\xA4'"},  // 中
-                                    {"   ", "NULL"},
-                                    {"\ta", "'\ta'"},  // a tab is no blank
-                                    {true, "1"},
-                                    {false, "0"},
-                                    {Variant::FromCurrency(15000), "1.5"}});
+  // clang-format off
+  Rows<Variant, std::string>(VarToSql)
+      (Variant::Null(), "NULL")(Variant(), "")
+      (Variant::FromDate(EncodeDate(2003, 1, 2) + 0.99), "'2003/01/02'")
+      (Variant::FromDate(-1e-10), "'1899/12/30'")  // rounded first
+      ("  ab ", "'ab'")(u" \u4E2D ", "'\xA4\xA4'")  // 中
+      ("   ", "NULL")("\ta", "'\ta'")  // a tab is no blank
+      (true, "1")(false, "0")(Variant::FromCurrency(15000), "1.5");
+  // clang-format on
   EXPECT_THROW(VarToSql(Variant::NewArray(0, 1)), EVariantError);
 }
 
@@ -51,28 +50,27 @@ TEST(QXSqlTools, ConditionsNumbersAndNames) {
   EXPECT_EQ(SQLStrNO("ID", 5), "REPLICATE('0', 5 - LEN(LTRIM(STR(ID))))+ LTRIM(STR(ID))");
   EXPECT_EQ(SQLNumCaption("ID", -5, "Name"),
             "REPLICATE('0',  - LEN(LTRIM(STR(ID))))+ LTRIM(STR(ID))+ ' - ' + Name");
-  ExpectRows([](const std::string& name) { return FormatFieldName(name, fnSqlCase); },
-             {{"TB_ORDER", "tb_Order"}, {"CUSTOMER_NAME", "Customer_name"}, {"TB_", "tb_"}, {"", ""}});
-  ExpectRows<TFieldNameType, std::string>([](TFieldNameType type) { return FormatFieldName("aB", type); },
-                                          {{fnDefault, "aB"}, {fnUpperCase, "AB"}, {fnLowerCase, "ab"}});
-  ExpectRows([](const std::string& name) { return FieldToParam(name, "P"); },
-             {{"tb_Name_x", "P_Name_x"}, {"Name", "P_Name"}});
+  // clang-format off
+  Rows([](const std::string& name) { return FormatFieldName(name, fnSqlCase); })
+      ("TB_ORDER", "tb_Order")("CUSTOMER_NAME", "Customer_name")("TB_", "tb_")("", "");
+  Rows<TFieldNameType, std::string>([](TFieldNameType type) { return FormatFieldName("aB", type); })
+      (fnDefault, "aB")(fnUpperCase, "AB")(fnLowerCase, "ab");
+  Rows([](const std::string& name) { return FieldToParam(name, "P"); })
+      ("tb_Name_x", "P_Name_x")("Name", "P_Name");
+  // clang-format on
 }
 
 TEST(QXSqlTools, TypesAreFoundByNameAndByCode) {
   using namespace QXSqlDefine;
-  ExpectRows<std::string, TSqlTypeStruct>(FindSqlStructByName,
-                                          {{"VARCHAR", SqlStruct[Sql_Varchar]},
-                                           {"uniqueidentifie", SqlStruct[Sql_Uniqueidentifie]},
-                                           {"uniqueidentifier", SqlStructEmpty},
-                                           {"bigint", SqlStructEmpty},
-                                           {"int ", SqlStructEmpty}});
+  // clang-format off
+  Rows<std::string, TSqlTypeStruct>(FindSqlStructByName)
+      ("VARCHAR", SqlStruct[Sql_Varchar])("uniqueidentifie", SqlStruct[Sql_Uniqueidentifie])
+      ("uniqueidentifier", SqlStructEmpty)("bigint", SqlStructEmpty)("int ", SqlStructEmpty);
   // Shared codes give the first row that has them.
-  ExpectRows<Integer, TSqlTypeStruct>(FindSqlStructByDataType, {{3, SqlStruct[Sql_Decimal]},
-                                                                {11, SqlStruct[Sql_Datetime]},
-                                                                {-2, SqlStruct[Sql_Binary]},
-                                                                {99, {"", 0, 'U', false}},
-                                                                {-150, {"Sql_variant", -150, 'F', false}}});
+  Rows<Integer, TSqlTypeStruct>(FindSqlStructByDataType)
+      (3, SqlStruct[Sql_Decimal])(11, SqlStruct[Sql_Datetime])(-2, SqlStruct[Sql_Binary])
+      (99, {"", 0, 'U', false})(-150, {"Sql_variant", -150, 'F', false});
+  // clang-format on
 }
 
 // --- The command -------------------------------------------------------------------------------------
@@ -173,6 +171,7 @@ TEST(TQXSQLItems, ModifyingChangesNeitherTextNorOutput) {
 }
 
 TEST(TQXSQL, NamesBeginWithALetterAndEndBeforeAnythingElse) {
+  // clang-format off
   Rows([](const std::string& text) {
     TQXSQL command;
     command.GetInLines().SetText(text);
@@ -183,6 +182,7 @@ TEST(TQXSQL, NamesBeginWithALetterAndEndBeforeAnythingElse) {
   })("a = @A, b=@b_1;@A", "@A @b_1 ")("@a @A @a ", "@a ")("'@a'", "@a ")("@ x", "@x ")(
       "@@ROWCOUNT", "@ROWCOUNT ")("@1a @_b", "@a @b ")("@a@b", "@b ")("@\r\n(y)", "@y ")("@", "")(
       "a@b.tw", "@b ")("@a\xA4\xA4", "@a ");  // 中
+  // clang-format on
 }
 
 TEST(TQXSQL, AnyChangeOfTheTextFindsItsParametersAnew) {

@@ -185,19 +185,20 @@ TEST(qxSqlSafeCall, DeclarationsAreReadWithTheirSizes) {
       throw Exception(all);
     });
   };
-  ExpectRows(read, {{" \r\n", ""},
-                    {"@a decimal ( 10 , 2 ) output,/* x */ @B_1 NVARCHAR(MAX)OUT\r\n,\t@c int",
-                     "@a Decimal 10 2 out;@B_1 NVarchar 0 0 max out;@c Int 0 0;"},
-                    {"@a Int,", "\"\": \"\" is no name of a parameter"},
-                    {"@a", "\"@a\": unknown type \"\""},
-                    {"@a Varchar(8001)", "\"@a Varchar(8001)\": Varchar(8001) is no type"},
-                    {"@a Varchar(0)", "\"@a Varchar(0)\": no length"},
-                    {"@a Char(max)", "\"@a Char(max)\": Char(max) is no type"},
-                    {"@a Decimal(2,3)", "\"@a Decimal(2,3)\": Decimal(2,3) is no type"},
-                    {"@a Int(4)", "\"@a Int(4)\": Int(4) is no type"},
-                    {"@a Varchar(4", "\"@a Varchar(4\": no length"},
-                    {"@a Int = 5", "\"@a Int = 5\": unknown text behind the type"},
-                    {"@a Int, @A Bit", "@A is declared twice"}});
+  // clang-format off
+  Rows(read)
+      (" \r\n", "")
+      ("@a decimal ( 10 , 2 ) output,/* x */ @B_1 NVARCHAR(MAX)OUT\r\n,\t@c int",
+       "@a Decimal 10 2 out;@B_1 NVarchar 0 0 max out;@c Int 0 0;")
+      ("@a Int,", "\"\": \"\" is no name of a parameter")("@a", "\"@a\": unknown type \"\"")
+      ("@a Varchar(8001)", "\"@a Varchar(8001)\": Varchar(8001) is no type")
+      ("@a Varchar(0)", "\"@a Varchar(0)\": no length")
+      ("@a Char(max)", "\"@a Char(max)\": Char(max) is no type")
+      ("@a Decimal(2,3)", "\"@a Decimal(2,3)\": Decimal(2,3) is no type")
+      ("@a Int(4)", "\"@a Int(4)\": Int(4) is no type")("@a Varchar(4", "\"@a Varchar(4\": no length")
+      ("@a Int = 5", "\"@a Int = 5\": unknown text behind the type")
+      ("@a Int, @A Bit", "@A is declared twice");
+  // clang-format on
 }
 
 TEST(qxSqlSafeCall, TheCallHoldsStatementTypesAndValues) {

@@ -14,18 +14,6 @@
 
 namespace qxTools::test {
 
-/// Expects `function` to give the second of each row for the first.
-template <class Function, class Rows>
-void ExpectEach(Function&& function, const Rows& rows) {
-  for (const auto& [in, want] : rows) EXPECT_EQ(function(in), want) << "for " << testing::PrintToString(in);
-}
-
-/// The same for rows written in the call; they are texts unless told.
-template <class In = std::string, class Out = In, class Function>
-void ExpectRows(Function&& function, std::initializer_list<std::pair<In, Out>> rows) {
-  ExpectEach(function, rows);
-}
-
 /// A table of the values of a function. See Rows.
 template <class In, class Out, class Function>
 class RowsOf {

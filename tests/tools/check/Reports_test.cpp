@@ -42,16 +42,16 @@ std::string Written(const std::string& format, const FileReport& report, ReportO
 
 TEST(Suppressions, TakeAwayTheirRuleOnTheirLine) {
   const auto check = [](const std::string& text) { return IdsOf(CheckText(text)); };
-  qxTools::test::ExpectRows(
-      check, {
-                 {"select '1/2/2024' -- qx:ignore SQL404 no date\nselect '1/2/2024'\n", "SQL404:2"},
-                 {"select '1/2/2024' --qx:ignore sql403,SQL404\n", "IGN101:1"},
-                 {"select '1/2/2024' -- qx:ignore SQL101\n", "SQL404:1"},  // that rule is not asked of a call
-                 {"select '1/2/2024' -- qx:ignore SQL404 don't\n", "SQL404:1 IGN102:1"},
-                 {"select '1/2/2024' -- qx:ignore\n", "SQL404:1 IGN102:1"},
-                 {"select '1/2/2024' /* qx:ignore SQL404 */\n", "SQL404:1"},
-                 {"select 1 -- qx:ignore SQL404 -- qx:ignore SQL403", "IGN101:1"},
-             });
+  // clang-format off
+  qxTools::test::Rows(check)
+      ("select '1/2/2024' -- qx:ignore SQL404 no date\nselect '1/2/2024'\n", "SQL404:2")
+      ("select '1/2/2024' --qx:ignore sql403,SQL404\n", "IGN101:1")
+      ("select '1/2/2024' -- qx:ignore SQL101\n", "SQL404:1")  // that rule is not asked of a call
+      ("select '1/2/2024' -- qx:ignore SQL404 don't\n", "SQL404:1 IGN102:1")
+      ("select '1/2/2024' -- qx:ignore\n", "SQL404:1 IGN102:1")
+      ("select '1/2/2024' /* qx:ignore SQL404 */\n", "SQL404:1")
+      ("select 1 -- qx:ignore SQL404 -- qx:ignore SQL403", "IGN101:1");
+  // clang-format on
 }
 
 TEST(Baselines, KnowLinesWhereverTheyMove) {
@@ -174,14 +174,15 @@ TEST(Configurations, SetRulesByPath) {
   EXPECT_EQ(route("base/subs/a.sql"), Route::kCall);
   EXPECT_EQ(route("base/sub/deep/x1.sql"), Route::kCallAll);
   EXPECT_EQ(configuration.For("base/sub/a.sql", {}).ignore, (std::vector<std::string>{"SQL1", "sql20"}));
-  qxTools::test::ExpectRows(
-      [](const std::string& value) {
+  // clang-format off
+  qxTools::test::Rows([](const std::string& value) {
         return qxTools::test::MessageOf(
             [&] { Configuration("a:[%RootKey%]\n[%\n" + value + "\n%]\n", "/"); });
-      },
-      {{"As:both", "not command, call or call-all: both"},
-       {"Ignore:SQL9", "no rule has an id that begins with SQL9"},
-       {"Us:call", "unknown: US:call; known are As, Select, Ignore and Pedantic:yes"}});
+      })
+      ("As:both", "not command, call or call-all: both")
+      ("Ignore:SQL9", "no rule has an id that begins with SQL9")
+      ("Us:call", "unknown: US:call; known are As, Select, Ignore and Pedantic:yes");
+  // clang-format on
 }
 
 }  // namespace qxtool::check

@@ -44,29 +44,20 @@ std::string Check(const std::string& text, Route route, const std::string& selec
 }  // namespace
 
 TEST(SqlLexer, ReadsOddTexts) {
-  qxTools::test::ExpectRows(
-      Tokens, {
-                  {"a'b''c'n'd'Nn'e'", "w<a> l<'b''c'> l<n'd'> w<Nn> l<'e'>"},
-                  {"'a\nb' 'c", "l<'a\nb'> l!<'c>"},
-                  {"''''", "l<''''>"},
-                  {"[a]]b][c", "b<[a]]b]> b!<[c>"},
-                  {"\"a\"\"b\"x", "q<\"a\"\"b\"> w<x>"},
-                  {"-- a 'b\n1e+2--", "-<-- a 'b> n<1e> s<+> n<2> -<-->"},
-                  {"/* a /* b */ c */d", "*</* a /* b */ c */> w<d>"},
-                  {"/*/ a */b", "*</*/ a */> w<b>"},
-                  {"/* a /* b */", "*!</* a /* b */>"},
-                  {"/**/-/ *", "*</**/> s<-> s</> s<*>"},
-                  {"@a@b @@c @", "v<@a@b> g<@@c> v<@>"},
-                  {"#t $1 a.b$", "w<#t> w<$1> w<a> s<.> w<b$>"},
-                  {std::string("[") + kYi + "]x", std::string("b<[") + kYi + "]> w<x>"},
-                  {std::string(kYi) + "x " + kGong, std::string("w<") + kYi + "x> w<" + kGong + ">"},
-                  {"[\xA4\x5D]x", "b<[\xA4\x5D]> w<x>"},  // 冗, whose second byte is ]
-                  {"a\xA1\x41"
-                   "b",
-                   "w<a> ?<\xA1\x41> w<b>"},  // ，
-                  {"\xFF'a'", "w<\xFF> l<'a'>"},
-                  {"", ""},
-              });
+  // clang-format off
+  qxTools::test::Rows(Tokens)
+      ("a'b''c'n'd'Nn'e'", "w<a> l<'b''c'> l<n'd'> w<Nn> l<'e'>")("'a\nb' 'c", "l<'a\nb'> l!<'c>")
+      ("''''", "l<''''>")("[a]]b][c", "b<[a]]b]> b!<[c>")("\"a\"\"b\"x", "q<\"a\"\"b\"> w<x>")
+      ("-- a 'b\n1e+2--", "-<-- a 'b> n<1e> s<+> n<2> -<-->")
+      ("/* a /* b */ c */d", "*</* a /* b */ c */> w<d>")("/*/ a */b", "*</*/ a */> w<b>")
+      ("/* a /* b */", "*!</* a /* b */>")("/**/-/ *", "*</**/> s<-> s</> s<*>")
+      ("@a@b @@c @", "v<@a@b> g<@@c> v<@>")("#t $1 a.b$", "w<#t> w<$1> w<a> s<.> w<b$>")
+      (std::string("[") + kYi + "]x", std::string("b<[") + kYi + "]> w<x>")
+      (std::string(kYi) + "x " + kGong, std::string("w<") + kYi + "x> w<" + kGong + ">")
+      ("[\xA4\x5D]x", "b<[\xA4\x5D]> w<x>")  // 冗, whose second byte is ]
+      ("a\xA1\x41" "b", "w<a> ?<\xA1\x41> w<b>")  // ，
+      ("\xFF'a'", "w<\xFF> l<'a'>")("", "");
+  // clang-format on
 }
 
 TEST(CommentRemoval, IsTheLibrarys) {
