@@ -24,12 +24,13 @@ QXTOOLS_API bool FolderExists(const std::string& fileName);
 /// @throws EFCreateError `Cannot create file "NAME". REASON`.
 QXTOOLS_API bool CreateFileIfMissing(const std::string& fileName);
 
-/// Returns all bytes of a file. Opening never waits: a named pipe that no program has opened for writing is
-/// an error.
-/// @throws EFOpenError `Cannot open file "NAME". REASON`, also if another program holds the file for writing
-/// or the file is larger than a string can be.
+/// Returns all bytes of a file. If another program holds it for writing, tries again for up to
+/// `waitMilliseconds`. Nothing else is waited for: a named pipe that no program has opened for writing is an
+/// error.
+/// @throws EFOpenError `Cannot open file "NAME". REASON`, also if the time is over or the file is larger than
+/// a string can be.
 /// @throws EReadError "Stream read error" if reading fails.
-QXTOOLS_API std::string ReadWholeFile(const std::string& fileName);
+QXTOOLS_API std::string ReadWholeFile(const std::string& fileName, std::int64_t waitMilliseconds = 0);
 
 /// Saves `bytes` as the whole file. This is a WholeFileWriter with one Write and a Commit.
 /// @throws EFCreateError or EWriteError, as WholeFileWriter does.

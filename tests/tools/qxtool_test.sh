@@ -94,6 +94,8 @@ wait "${loops[@]}"
 same 40 "$("$qxtool" ini shared.ini list | grep -c '[0-9] *[1-4] ')"
 
 printf 'S:[%%RootKey%%]\n[%%\n:\na:b\n[%%\n[%%\nEmpty:[%%RootKey%%]\n' >rows.ini
+flock rows.ini sleep 1 &
+sleep 0.3  # a file that is held for a moment is read after it
 expect 0 "S        1
                  a     b
 S        2

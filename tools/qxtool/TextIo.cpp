@@ -22,13 +22,17 @@ namespace {
 
 std::string Reason() { return std::generic_category().message(errno); }
 
-/// Runs `body`; what the library throws names the file itself.
-template <class Body>
-auto WithOwnWords(Body&& body) {
+/// Runs `open` with the milliseconds that it may wait for another program. What the library throws names the
+/// file itself.
+template <class Open>
+auto WithPatience(Open&& open) {
+  constexpr auto kPatience = std::chrono::seconds(10);
+  const auto end = std::chrono::steady_clock::now() + kPatience;
   try {
-    return body();
+    return open(std::chrono::milliseconds(kPatience).count());
   } catch (const qxTools::Exception& e) {
-    throw Failure(Visible(e.what()));
+    const bool waited = std::chrono::steady_clock::now() >= end;
+    throw Failure(Visible(e.what()) + (waited ? ". Another program has held it for 10 seconds" : ""));
   }
 }
 
@@ -59,8 +63,8 @@ std::string FromUtf8(std::string_view utf8, const std::string& subject) {
 }
 
 std::string ReadBytes(const std::string& fileName) {
-  return WithOwnWords(
-      [&] { return fileName == "-" ? ReadStandardInput() : qxTools::ReadWholeFile(fileName); });
+  if (fileName == "-") return ReadStandardInput();
+  return WithPatience([&](std::int64_t wait) { return qxTools::ReadWholeFile(fileName, wait); });
 }
 
 std::string ReadInput(const std::string& fileName) {
@@ -134,17 +138,10 @@ void SaveText(const std::string& fileName, const std::string& text) {
   WithSubject(fileName, [&] { qxTools::SaveWholeFile(fileName, FileBytes(fileName, text)); });
 }
 
-HeldText::HeldText(const std::string& fileName, qxTools::IfMissing ifMissing) : fileName_(fileName) {
-  constexpr auto kPatience = std::chrono::seconds(10);
-  const auto end = std::chrono::steady_clock::now() + kPatience;
-  try {
-    const std::int64_t wait = std::chrono::milliseconds(kPatience).count();
-    hold_ = std::make_unique<qxTools::FileHold>(fileName, ifMissing, wait);
-  } catch (const qxTools::Exception& e) {
-    const bool waited = std::chrono::steady_clock::now() >= end;
-    throw Failure(Visible(e.what()) + (waited ? ". Another program has held it for 10 seconds" : ""));
-  }
-}
+HeldText::HeldText(const std::string& fileName, qxTools::IfMissing ifMissing)
+    : fileName_(fileName), hold_(WithPatience([&](std::int64_t wait) {
+        return std::make_unique<qxTools::FileHold>(fileName, ifMissing, wait);
+      })) {}
 
 std::string HeldText::Read() const {
   const std::string bytes = WithSubject(fileName_, [&] { return hold_->Read(); });

@@ -51,7 +51,8 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// @throws Failure, naming the file, if it cannot be read or holds a character that the page lacks.
 std::string ReadInput(const std::string& fileName);
 
-/// The bytes of a file as they are; "-" is standard input. @throws Failure, naming the file.
+/// The bytes of a file as they are; "-" is standard input. Waits up to 10 seconds for a command that changes
+/// the file. @throws Failure, naming the file.
 std::string ReadBytes(const std::string& fileName);
 
 /// UTF-8, with a byte-order mark or without, as code page 950.

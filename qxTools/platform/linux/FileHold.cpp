@@ -4,7 +4,6 @@
 #include <qxTools/platform/linux/LockedFile.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 
 namespace qxTools {
@@ -17,11 +16,6 @@ SystemFile MakeLocked(const std::string& path, const std::string& name) {
   if (!file.IsOpen() && errno != EEXIST) RaiseCannotCreate(name);
   if (file.IsOpen() && file.Lock(true) && IsNamed(file, path)) return file;
   return SystemFile();
-}
-
-Deadline DeadlineIn(std::int64_t milliseconds) {
-  constexpr std::int64_t kLongest = std::int64_t{1} << 40;  // far beyond any wait, far below an overflow
-  return std::chrono::steady_clock::now() + std::chrono::milliseconds(std::min(milliseconds, kLongest));
 }
 
 }  // namespace

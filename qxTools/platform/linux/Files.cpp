@@ -22,8 +22,8 @@ bool CreateFileIfMissing(const std::string& fileName) {
   return file.IsOpen();
 }
 
-std::string ReadWholeFile(const std::string& fileName) {
-  SystemFile file = OpenLocked(fileName, O_RDONLY);
+std::string ReadWholeFile(const std::string& fileName, std::int64_t waitMilliseconds) {
+  SystemFile file = OpenLocked(fileName, O_RDONLY, DeadlineIn(waitMilliseconds));
   if (!file.IsOpen()) RaiseCannotOpen(fileName);
   return ReadToEnd(file, fileName);
 }

@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <qxTools/platform/linux/LockedFile.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -23,6 +24,11 @@ bool WaitForLock(SystemFile& file, bool exclusive, Deadline until) {
 }
 
 }  // namespace
+
+Deadline DeadlineIn(std::int64_t milliseconds) {
+  constexpr std::int64_t kLongest = std::int64_t{1} << 40;  // far beyond any wait, far below an overflow
+  return std::chrono::steady_clock::now() + std::chrono::milliseconds(std::min(milliseconds, kLongest));
+}
 
 SystemFile OpenLocked(const std::string& fileName, int flags, Deadline until) {
   for (;;) {

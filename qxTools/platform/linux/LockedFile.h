@@ -9,6 +9,9 @@ namespace qxTools {
 
 using Deadline = std::chrono::steady_clock::time_point;
 
+/// That many milliseconds from now.
+Deadline DeadlineIn(std::int64_t milliseconds);
+
 /// Opens a file and locks it: shared for O_RDONLY, otherwise exclusively. A lock held elsewhere is waited for
 /// until the deadline. What is locked is the file that has the name then: if another took its place
 /// meanwhile, that one is opened. A file made by O_CREAT is readable and writable, less the umask.

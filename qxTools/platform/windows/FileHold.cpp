@@ -8,17 +8,6 @@ namespace {
 
 constexpr DWORD kAccess = GENERIC_READ | GENERIC_WRITE;
 
-/// Opens the file; while another program has it open, tries again until the time is over.
-SystemFile OpenBy(const std::wstring& path, ULONGLONG until) {
-  constexpr DWORD kPause = 2;
-  for (;;) {
-    SystemFile file = OpenFile(path, kAccess, OPEN_EXISTING);
-    if (file.IsOpen() || ::GetLastError() != ERROR_SHARING_VIOLATION || ::GetTickCount64() >= until)
-      return file;
-    ::Sleep(kPause);
-  }
-}
-
 }  // namespace
 
 std::wstring FinalPath(const SystemFile& file, const std::wstring& path) {
@@ -35,9 +24,9 @@ FileHold::FileHold(const std::string& fileName, IfMissing ifMissing, std::int64_
   State& state = *state_;
   state.name = fileName;
   state.path = WidePath(fileName);
-  const ULONGLONG until = ::GetTickCount64() + static_cast<ULONGLONG>(waitMilliseconds);
+  const ULONGLONG until = EndOfWait(waitMilliseconds);
   while (!state.file.IsOpen()) {
-    state.file = OpenBy(state.path, until);
+    state.file = OpenExisting(state.path, kAccess, until);
     if (state.file.IsOpen()) break;
     if (ifMissing == IfMissing::kMake && FolderExists(fileName)) ThrowCannotCreate(fileName);
     if (ifMissing == IfMissing::kFail || !IsMissing()) ThrowCannotOpen(fileName);

@@ -20,8 +20,8 @@ bool CreateFileIfMissing(const std::string& fileName) {
   return file.IsOpen();
 }
 
-std::string ReadWholeFile(const std::string& fileName) {
-  SystemFile file = OpenFile(WidePath(fileName), GENERIC_READ, OPEN_EXISTING);
+std::string ReadWholeFile(const std::string& fileName, std::int64_t waitMilliseconds) {
+  SystemFile file = OpenExisting(WidePath(fileName), GENERIC_READ, EndOfWait(waitMilliseconds));
   if (!file.IsOpen()) ThrowCannotOpen(fileName);
   return ReadToEnd(file, fileName);
 }

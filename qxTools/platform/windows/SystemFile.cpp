@@ -98,6 +98,20 @@ SystemFile OpenFile(const std::wstring& path, DWORD access, DWORD disposition) {
       ::CreateFileW(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
+ULONGLONG EndOfWait(std::int64_t milliseconds) {
+  return ::GetTickCount64() + static_cast<ULONGLONG>(std::max<std::int64_t>(milliseconds, 0));
+}
+
+SystemFile OpenExisting(const std::wstring& path, DWORD access, ULONGLONG until) {
+  constexpr DWORD kPause = 2;
+  for (;;) {
+    SystemFile file = OpenFile(path, access, OPEN_EXISTING);
+    if (file.IsOpen() || ::GetLastError() != ERROR_SHARING_VIOLATION || ::GetTickCount64() >= until)
+      return file;
+    ::Sleep(kPause);
+  }
+}
+
 std::string ReadToEnd(SystemFile& file, const std::string& fileName) {
   constexpr std::size_t kPiece = 65536;
   std::string bytes;

@@ -43,6 +43,12 @@ class SystemFile final : public TStream {
 /// meanwhile, one that is written may not be opened by anybody else. Both may be renamed over.
 SystemFile OpenFile(const std::wstring& path, DWORD access, DWORD disposition);
 
+/// The value of GetTickCount64 in that many milliseconds.
+ULONGLONG EndOfWait(std::int64_t milliseconds);
+
+/// Opens a file that exists. While another program has it open, tries again until GetTickCount64 is `until`.
+SystemFile OpenExisting(const std::wstring& path, DWORD access, ULONGLONG until);
+
 /// Reads from the position to the end. `fileName` is for messages.
 /// @throws EReadError, or EFOpenError for what is larger than a string can be.
 std::string ReadToEnd(SystemFile& file, const std::string& fileName);
