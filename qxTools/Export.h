@@ -1,8 +1,11 @@
 /// @file
-/// The marks of exported names and of global variables.
+/// The marks of exported names, of interfaces' methods and of global variables.
 ///
 /// @def QXTOOLS_API
 /// Marks a name that the shared library exports. All other names are hidden.
+/// @def QXTOOLS_CALL
+/// Precedes the name of a method that other modules call through an interface: the calling convention of the
+/// system's own interfaces. A class that implements such a method repeats it.
 /// @def QXTOOLS_GLOBAL
 /// Marks a global variable of a unit. It is constructed before every other object of a program and destroyed
 /// after it, so it can be read before the library is started, and still exists when Finalize releases it.
@@ -18,6 +21,12 @@
 #endif
 #else
 #define QXTOOLS_API __attribute__((visibility("default")))
+#endif
+
+#if defined(_WIN32)
+#define QXTOOLS_CALL __stdcall
+#else
+#define QXTOOLS_CALL
 #endif
 
 #if defined(__GNUC__)

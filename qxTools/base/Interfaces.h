@@ -55,7 +55,8 @@ consteval GUID MakeGuid(const char (&text)[37]) {
   return guid;
 }
 
-/// The root of all interfaces.
+/// The root of all interfaces. On Windows it is the system's own root interface, slot by slot: an object of
+/// the system can be used through it, and an object of this library is one to the system.
 class QXTOOLS_API IInterface {
  public:
   /// The identifier of this interface.
@@ -63,12 +64,12 @@ class QXTOOLS_API IInterface {
 
   /// Sets `*result` to the interface with this identifier, adds a reference and returns S_OK. If the object
   /// does not have it, sets `*result` to null and returns E_NOINTERFACE.
-  virtual HRESULT QueryInterface(const GUID& iid, void** result) = 0;
+  virtual HRESULT QXTOOLS_CALL QueryInterface(const GUID& iid, void** result) = 0;
   /// Adds a reference and returns the number of references, for information only.
-  virtual Integer _AddRef() = 0;
+  virtual Integer QXTOOLS_CALL _AddRef() = 0;
   /// Gives a reference back and returns the number of references that are left, for information only. The
   /// last one deletes the object.
-  virtual Integer _Release() = 0;
+  virtual Integer QXTOOLS_CALL _Release() = 0;
 
  protected:
   IInterface() = default;
@@ -111,9 +112,9 @@ class QXTOOLS_API TInterfacedObject : public TObject {
 
 /// Defines the three methods of the root interface in a class (or class template) that derives from
 /// TInterfacedObject and from an interface.
-#define QXTOOLS_INTERFACED_OBJECT                                                         \
-  ::qxTools::HRESULT QueryInterface(const ::qxTools::GUID& iid, void** result) override { \
-    return this->QueryInterfaceImpl(iid, result);                                         \
-  }                                                                                       \
-  ::qxTools::Integer _AddRef() override { return this->AddRefImpl(); }                    \
-  ::qxTools::Integer _Release() override { return this->ReleaseImpl(); }
+#define QXTOOLS_INTERFACED_OBJECT                                                                      \
+  ::qxTools::HRESULT QXTOOLS_CALL QueryInterface(const ::qxTools::GUID& iid, void** result) override { \
+    return this->QueryInterfaceImpl(iid, result);                                                      \
+  }                                                                                                    \
+  ::qxTools::Integer QXTOOLS_CALL _AddRef() override { return this->AddRefImpl(); }                    \
+  ::qxTools::Integer QXTOOLS_CALL _Release() override { return this->ReleaseImpl(); }

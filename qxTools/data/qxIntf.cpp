@@ -10,24 +10,24 @@ constexpr Integer kNoCount = -1;
 
 TSafeInterfacedObject::~TSafeInterfacedObject() = default;
 
-HRESULT TSafeInterfacedObject::QueryInterface(const GUID& iid, void** result) {
+HRESULT QXTOOLS_CALL TSafeInterfacedObject::QueryInterface(const GUID& iid, void** result) {
   *result = FindInterface(iid);
   if (*result == nullptr) return E_NOINTERFACE;
   _AddRef();
   return S_OK;
 }
 
-Integer TSafeInterfacedObject::_AddRef() {
+Integer QXTOOLS_CALL TSafeInterfacedObject::_AddRef() {
   locked_ = 1;
   return kNoCount;
 }
 
-Integer TSafeInterfacedObject::_Release() {
+Integer QXTOOLS_CALL TSafeInterfacedObject::_Release() {
   if (locked_ == 0) delete this;
   return kNoCount;
 }
 
-Integer TSafeInterfacedObject::UnLock() {
+Integer QXTOOLS_CALL TSafeInterfacedObject::UnLock() {
   locked_ = 0;
   return kNoCount;
 }

@@ -18,9 +18,9 @@ class QXTOOLS_API ISafeInterface : public IInterface {
   static constexpr GUID IID{};
 
   /// Returns -1 if the object is locked, otherwise 0.
-  virtual Integer GetLocked() const = 0;
+  virtual Integer QXTOOLS_CALL GetLocked() const = 0;
   /// Unlocks the object, so that the next release destroys it. Returns -1.
-  virtual Integer UnLock() = 0;
+  virtual Integer QXTOOLS_CALL UnLock() = 0;
 
  protected:
   ~ISafeInterface() = default;
@@ -38,15 +38,15 @@ class QXTOOLS_API TSafeInterfacedObject : public TObject, public ISafeInterface 
 
   /// Sets `*result` to the interface of that identifier, locks the object and returns S_OK. If the object
   /// does not have it, sets `*result` to null, locks nothing and returns E_NOINTERFACE.
-  HRESULT QueryInterface(const GUID& iid, void** result) override;
+  HRESULT QXTOOLS_CALL QueryInterface(const GUID& iid, void** result) override;
   /// Locks the object. Returns -1, because references are not counted.
-  Integer _AddRef() override;
+  Integer QXTOOLS_CALL _AddRef() override;
   /// Destroys the object if it is unlocked. Returns -1, because references are not counted.
-  Integer _Release() override;
+  Integer QXTOOLS_CALL _Release() override;
   /// Returns -1 if the object is locked, otherwise 0.
-  Integer GetLocked() const override { return locked_ != 0 ? -1 : 0; }
+  Integer QXTOOLS_CALL GetLocked() const override { return locked_ != 0 ? -1 : 0; }
   /// Unlocks the object, so that the next release destroys it. Returns -1.
-  Integer UnLock() override;
+  Integer QXTOOLS_CALL UnLock() override;
 
  protected:
   /// Returns this object's interface of that identifier, or null. A derived class returns its own interfaces

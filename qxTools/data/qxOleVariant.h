@@ -42,49 +42,49 @@ class QXTOOLS_API IQXOleVariant : public IInterface {
   static constexpr GUID IID{};
 
   /// Sets `result` to the field at `index` (0-based), or to null. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT GetFields(Integer index, TOleVariantField*& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetFields(Integer index, TOleVariantField*& result) = 0;
   /// Sets `result` to the value at `index` (0-based), or to empty. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT GetItems(Integer index, Variant& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetItems(Integer index, Variant& result) = 0;
   /// Sets `result` to the value of that name, or to empty. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT GetValue(std::u16string_view name, Variant& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetValue(std::u16string_view name, Variant& result) = 0;
   /// Sets the value at `index` (0-based). @return S_OK or E_UNEXPECTED.
-  virtual HRESULT SetItems(Integer index, const Variant& value) = 0;
+  virtual HRESULT QXTOOLS_CALL SetItems(Integer index, const Variant& value) = 0;
   /// Sets the value of that name, or appends it. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT SetValue(std::u16string_view name, const Variant& value) = 0;
+  virtual HRESULT QXTOOLS_CALL SetValue(std::u16string_view name, const Variant& value) = 0;
   /// Sets `result` to the number of fields. @return S_OK.
-  virtual HRESULT GetCount(Integer& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetCount(Integer& result) = 0;
   /// Sets `result` to the value of that name as an SQL literal, or to "". @return S_OK or E_UNEXPECTED.
-  virtual HRESULT GetSqlValue(std::u16string_view name, WideString& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetSqlValue(std::u16string_view name, WideString& result) = 0;
   /// Sets `result` to the value named "Action", or to 0. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT GetAction(Integer& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetAction(Integer& result) = 0;
   /// Sets `result` to the value named "Option", or to 0. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT GetOption(Integer& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetOption(Integer& result) = 0;
   /// Sets the value named "Action". @return S_OK or E_UNEXPECTED.
-  virtual HRESULT SetAction(Integer value) = 0;
+  virtual HRESULT QXTOOLS_CALL SetAction(Integer value) = 0;
   /// Sets the value named "Option". @return S_OK or E_UNEXPECTED.
-  virtual HRESULT SetOption(Integer value) = 0;
+  virtual HRESULT QXTOOLS_CALL SetOption(Integer value) = 0;
   /// Sets `result` to the value named "StoreProcIndex", or to 0. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT GetStoreProcIndex(Integer& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetStoreProcIndex(Integer& result) = 0;
   /// Sets `result` to the value named "ViewIndex", or to 0. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT GetViewIndex(Integer& result) = 0;
+  virtual HRESULT QXTOOLS_CALL GetViewIndex(Integer& result) = 0;
   /// Sets the value named "StoreProcIndex". @return S_OK or E_UNEXPECTED.
-  virtual HRESULT SetStoreProcIndex(Integer value) = 0;
+  virtual HRESULT QXTOOLS_CALL SetStoreProcIndex(Integer value) = 0;
   /// Sets the value named "ViewIndex". @return S_OK or E_UNEXPECTED.
-  virtual HRESULT SetViewIndex(Integer value) = 0;
+  virtual HRESULT QXTOOLS_CALL SetViewIndex(Integer value) = 0;
   /// Appends an empty field and sets `result` to it, or to null. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT Add(TOleVariantField*& result) = 0;
+  virtual HRESULT QXTOOLS_CALL Add(TOleVariantField*& result) = 0;
   /// On purpose: appends an empty field; name and value are ignored. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT AddValue(std::u16string_view name, const Variant& value) = 0;
+  virtual HRESULT QXTOOLS_CALL AddValue(std::u16string_view name, const Variant& value) = 0;
   /// Deletes all fields. @return S_OK.
-  virtual HRESULT Clear() = 0;
+  virtual HRESULT QXTOOLS_CALL Clear() = 0;
   /// Sets `packet` to the array of names and values. It is unchanged if there are no fields, or if the call
   /// fails. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT SaveToOle(Variant& packet) = 0;
+  virtual HRESULT QXTOOLS_CALL SaveToOle(Variant& packet) = 0;
   /// Replaces the fields with those of `packet`. @return S_OK or E_UNEXPECTED.
-  virtual HRESULT LoadFromOle(const Variant& packet) = 0;
+  virtual HRESULT QXTOOLS_CALL LoadFromOle(const Variant& packet) = 0;
   /// Sets `result` to the LAST field of that name, or to null; an unknown name is not an error. @return S_OK
   /// or E_UNEXPECTED.
-  virtual HRESULT FindField(std::u16string_view name, TOleVariantField*& result) = 0;
+  virtual HRESULT QXTOOLS_CALL FindField(std::u16string_view name, TOleVariantField*& result) = 0;
 
  protected:
   ~IQXOleVariant() = default;

@@ -241,6 +241,7 @@ class QXTOOLS_API Variant {
   }
 
   friend struct VariantArray;
+  friend struct OleForm;  // the system's own form of a value
 
   const VariantArray& ArrayToRead() const;
   VariantArray& ArrayToWrite();

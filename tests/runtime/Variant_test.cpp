@@ -14,9 +14,9 @@ using namespace qxTools::test;
 
 class Counted : public IInterface {
  public:
-  HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
-  Integer _AddRef() override { return ++count; }
-  Integer _Release() override { return --count; }
+  HRESULT QXTOOLS_CALL QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
+  Integer QXTOOLS_CALL _AddRef() override { return ++count; }
+  Integer QXTOOLS_CALL _Release() override { return --count; }
   Integer count = 0;
 };
 
@@ -132,7 +132,7 @@ TEST(Variant, HoldsAReferenceToAnObject) {
   EXPECT_EQ(object.count, 0);
 
   struct Holder final : Counted {
-    Integer _Release() override {
+    Integer QXTOOLS_CALL _Release() override {
       const Integer left = Counted::_Release();
       if (left == 0) delete this;
       return left;
