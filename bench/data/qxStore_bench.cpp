@@ -8,29 +8,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <memory>
 #include <string>
+
+#include "support/Files.h"
 
 namespace {
 
 using qxTools::qxStore::TQXFileStore;
 
 constexpr std::size_t kHeaderSize = 72;
-
-/// A folder in the current one, so that files lie on a disk and not in memory.
-class Folder {
- public:
-  Folder() { std::filesystem::create_directory(path_); }
-  ~Folder() { std::filesystem::remove_all(path_); }
-  std::string File(const char* name) const { return path_ + "/" + name; }
-  const std::string& Path() const { return path_; }
-
- private:
-  std::string path_ = "qxstore_bench." + std::to_string(getpid());
-};
 
 std::string DataOf(std::size_t size) {
   std::string data(size, '\0');
@@ -50,28 +38,11 @@ bool HoldsData(const std::string& fileName, const std::string& data) {
 
 // --- The system's own calls ----------------------------------------------------------------------------
 
-bool WriteAll(int fd, const char* bytes, std::size_t size) {
-  while (size > 0) {
-    const ssize_t written = write(fd, bytes, size);
-    if (written <= 0) return false;
-    bytes += written;
-    size -= static_cast<std::size_t>(written);
-  }
-  return true;
-}
-
-bool PlainSave(const Folder& folder, const std::string& fileName, const std::string& data) {
+bool PlainSave(const std::string& fileName, const std::string& data) {
   char header[kHeaderSize] = {3, 'Q', 'X', 'F'};
   const std::size_t size = data.size();
   std::memcpy(header + 8, &size, sizeof size);
-  const std::string temporary = folder.File("temporary");
-  const int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-  const bool written = WriteAll(fd, header, sizeof header) && WriteAll(fd, data.data(), data.size());
-  const bool flushed = fsync(fd) == 0 && close(fd) == 0;
-  const bool renamed = std::rename(temporary.c_str(), fileName.c_str()) == 0;
-  const int opened = open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY);
-  const bool kept = fsync(opened) == 0 && close(opened) == 0;
-  return written && flushed && renamed && kept;
+  return SaveSafely(fileName, {{header, sizeof header}, data});
 }
 
 std::size_t PlainLoad(const std::string& fileName, std::unique_ptr<char[]>& bytes) {
@@ -108,16 +79,16 @@ void SaveStore(benchmark::State& state) {
 void SavePlainly(benchmark::State& state) {
   const Folder folder;
   const std::string data = DataOf(static_cast<std::size_t>(state.range(0)));
-  if (!PlainSave(folder, folder.File("store"), data) || !HoldsData(folder.File("store"), data))
+  if (!PlainSave(folder.File("store"), data) || !HoldsData(folder.File("store"), data))
     return state.SkipWithError("wrong file");
-  for (auto _ : state) benchmark::DoNotOptimize(PlainSave(folder, folder.File("store"), data));
+  for (auto _ : state) benchmark::DoNotOptimize(PlainSave(folder.File("store"), data));
   state.SetBytesProcessed(state.iterations() * state.range(0));
 }
 
 void LoadStore(benchmark::State& state) {
   const Folder folder;
   const std::string data = DataOf(static_cast<std::size_t>(state.range(0)));
-  if (!PlainSave(folder, folder.File("store"), data) || !HoldsData(folder.File("store"), data))
+  if (!PlainSave(folder.File("store"), data) || !HoldsData(folder.File("store"), data))
     return state.SkipWithError("wrong data");
   for (auto _ : state) {
     TQXFileStore store;
@@ -130,7 +101,7 @@ void LoadStore(benchmark::State& state) {
 void LoadPlainly(benchmark::State& state) {
   const Folder folder;
   const std::string data = DataOf(static_cast<std::size_t>(state.range(0)));
-  if (!PlainSave(folder, folder.File("store"), data)) return state.SkipWithError("wrong file");
+  if (!PlainSave(folder.File("store"), data)) return state.SkipWithError("wrong file");
   for (auto _ : state) {
     std::unique_ptr<char[]> bytes;
     if (PlainLoad(folder.File("store"), bytes) != data.size()) return state.SkipWithError("wrong size");

@@ -1,15 +1,17 @@
-// The string table beside plain standard C++: a vector of lines read and written by streams, and fields cut
-// out by std::string::find. A size is the number of records, each of ten fields and about 200 bytes.
+// The string table beside a vector of lines: read at once and split by Abseil, joined by it and saved as
+// safely; fields cut out by std::string::find or split by Abseil. A size is the number of records, each of
+// ten fields and about 200 bytes.
+#include <absl/strings/str_join.h>
+#include <absl/strings/str_split.h>
 #include <benchmark/benchmark.h>
 #include <qxTools/stores/QXStringTable.h>
-#include <unistd.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "support/Files.h"
 
 namespace {
 
@@ -34,26 +36,10 @@ std::string TableOf(Integer records) {
   return text;
 }
 
-/// A file of this run's own, in memory where the system has such a folder.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(const std::string& text) {
-    const std::string folder = std::filesystem::exists("/dev/shm") ? "/dev/shm" : ".";
-    name_ = folder + "/qxtools-bench-" + std::to_string(getpid()) + ".tbl";
-    std::ofstream(name_, std::ios::binary) << text;
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() { std::remove(name_.c_str()); }
-  const std::string& Name() const { return name_; }
-
- private:
-  std::string name_;
-};
-
 class Ours {
  public:
   explicit Ours(const std::string& name) : table_(name) {}
+  std::string Text() const { return table_.GetText(); }
   void Save(const std::string&) const { table_.UpdateTable(); }
   Integer Records() const { return table_.GetReccount(); }
   void Append(const std::vector<std::string>& values) { table_.AddRecord(values); }
@@ -70,19 +56,13 @@ class Ours {
   TQXStringTable table_;
 };
 
-class Streams {
+class Lines {
  public:
-  explicit Streams(const std::string& name) {
-    std::ifstream file(name, std::ios::binary);
-    for (std::string line; std::getline(file, line);) {
-      if (line.ends_with('\r')) line.pop_back();
-      lines_.push_back(line);
-    }
+  explicit Lines(const std::string& name) : lines_(absl::StrSplit(ReadAll(name), "\r\n")) {
+    lines_.pop_back();
   }
-  void Save(const std::string& name) const {
-    std::ofstream file(name, std::ios::binary);
-    for (const std::string& line : lines_) file << line << "\r\n";
-  }
+  std::string Text() const { return absl::StrJoin(lines_, "\r\n") += "\r\n"; }
+  void Save(const std::string& name) const { SaveSafely(name, {Text()}); }
   Integer Records() const { return static_cast<Integer>(lines_.size()) - 1; }
   void Append(const std::vector<std::string>& values) {
     std::size_t size = 0;
@@ -92,6 +72,15 @@ class Streams {
     for (const std::string& value : values) line.append("[#").append(value).append("#]");
     lines_.push_back(std::move(line));
   }
+
+ protected:
+  std::vector<std::string> lines_;
+};
+
+/// Each field is copied, as GetField does.
+class Cut : public Lines {
+ public:
+  using Lines::Lines;
   std::size_t ReadFields(const std::vector<std::string>&) const {
     std::size_t bytes = 0;
     for (std::size_t i = 1; i < lines_.size(); ++i) {
@@ -105,9 +94,21 @@ class Streams {
     }
     return bytes;
   }
+};
 
- private:
-  std::vector<std::string> lines_;
+/// Fields are views of their line.
+class Split : public Lines {
+ public:
+  using Lines::Lines;
+  std::size_t ReadFields(const std::vector<std::string>&) const {
+    std::size_t bytes = 0;
+    for (std::size_t i = 1; i < lines_.size(); ++i) {
+      const absl::string_view inner(lines_[i].data() + 2, lines_[i].size() - 4);
+      const std::vector<absl::string_view> fields = absl::StrSplit(inner, "#][#");
+      for (const absl::string_view field : fields) bytes += field.size();
+    }
+    return bytes;
+  }
 };
 
 void SetProcessed(benchmark::State& state, const std::string& text) {
@@ -126,6 +127,17 @@ void Load(benchmark::State& state) {
     table.reset();
     state.ResumeTiming();
   }
+  SetProcessed(state, text);
+}
+
+// The text of all lines, without a file.
+template <class Table>
+void Write(benchmark::State& state) {
+  const std::string text = TableOf(static_cast<Integer>(state.range(0)));
+  const TemporaryFile disk(text);
+  const Table table(disk.Name());
+  if (table.Text() != text) return state.SkipWithError("wrong text");
+  for (auto _ : state) benchmark::DoNotOptimize(table.Text());
   SetProcessed(state, text);
 }
 
@@ -191,21 +203,25 @@ void ReadWide(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
+void Register(const std::string& row, void (*run)(benchmark::State&)) {
+  auto* const registered = benchmark::RegisterBenchmark(row.c_str(), run);
+  registered->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+}
+
 template <class Table>
-void Register(const std::string& who) {
-  const auto add = [&](const std::string& work, auto run) {
-    const auto row = benchmark::RegisterBenchmark((work + "/" + who).c_str(), run);
-    row->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
-  };
-  add("table.load", Load<Table>);
-  add("table.save", Save<Table>);
-  add("table.append", Append<Table>);
-  add("table.read_fields", ReadFields<Table>);
+void RegisterTable(const std::string& who) {
+  Register("table.load/" + who, Load<Table>);
+  Register("table.write/" + who, Write<Table>);
+  Register("table.save/" + who, Save<Table>);
+  Register("table.append/" + who, Append<Table>);
 }
 
 [[maybe_unused]] const bool registered = [] {
-  Register<Ours>("qxTools");
-  Register<Streams>("iostream");
+  RegisterTable<Ours>("qxTools");
+  RegisterTable<Lines>("lines");
+  Register("table.read_fields/qxTools", ReadFields<Ours>);
+  Register("table.read_fields/find", ReadFields<Cut>);
+  Register("table.read_fields/StrSplit", ReadFields<Split>);
   benchmark::RegisterBenchmark("table.wide_record/qxTools", ReadWide)->Arg(100)->Arg(1000)->Arg(10000);
   return true;
 }();

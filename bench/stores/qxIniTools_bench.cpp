@@ -1,16 +1,15 @@
-// The settings file beside SimpleIni and GLib's key file: loading and saving the same names and texts, and
-// finding a value among a thousand. A size is the number of values.
+// The settings file beside SimpleIni and GLib's key file: loading and saving the same names and texts, as
+// safely; finding sections and values, and setting new ones. A size is the number of values, or of sections.
 #define SI_NO_CONVERSION  // bytes as they are, as we take them
 #include <SimpleIni.h>
 #include <benchmark/benchmark.h>
 #include <glib.h>
 #include <malloc.h>
 #include <qxTools/stores/qxIniTools.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
 #include <memory>
+
+#include "support/Files.h"
 
 namespace {
 
@@ -45,6 +44,16 @@ class Ours {
   static std::string Text(Integer count, bool oneSection) { return OurText(count, oneSection); }
   void Load(const std::string& name) { file_.LoadFromFile(name); }
   void Save(const std::string& name) { file_.SaveToFile(name); }
+  bool Has(const std::string& section) const {
+    qxTools::qxTreeList::pQXTreeNode node = nullptr;
+    return file_.FindRootKey(section, node);
+  }
+  void Open(const std::string& section) { file_.SetRootKey(section); }
+  void Begin(const std::string& section) {
+    file_.SetRootKey(section);
+    file_.AppendKey();
+  }
+  void Set(const std::string& name, const std::string& text) { file_.SetValue(name, text); }
   // The last value of all.
   std::string Last(Integer count, bool oneSection) {
     file_.SetRootKey("Section" + std::to_string(oneSection ? 0 : (count - 1) / 10));
@@ -62,7 +71,17 @@ class SimpleIni {
  public:
   static std::string Text(Integer count, bool oneSection) { return PeerText(count, oneSection); }
   void Load(const std::string& name) { file_.LoadFile(name.c_str()); }
-  void Save(const std::string& name) { file_.SaveFile(name.c_str(), false); }
+  void Save(const std::string& name) {
+    std::string text;
+    file_.Save(text);
+    SaveSafely(name, {text});
+  }
+  bool Has(const std::string& section) const { return file_.GetSection(section.c_str()) != nullptr; }
+  void Open(const std::string& section) const { benchmark::DoNotOptimize(Has(section)); }
+  void Begin(const std::string& section) { section_ = section; }
+  void Set(const std::string& name, const std::string& text) {
+    file_.SetValue(section_.c_str(), name.c_str(), text.c_str());
+  }
   std::string Last(Integer count, bool oneSection) {
     section_ = "Section" + std::to_string(oneSection ? 0 : (count - 1) / 10);
     return Get(NameOf(count - 1));
@@ -82,7 +101,20 @@ class KeyFile {
   void Load(const std::string& name) {
     g_key_file_load_from_file(file_.get(), name.c_str(), G_KEY_FILE_KEEP_COMMENTS, nullptr);
   }
-  void Save(const std::string& name) { g_key_file_save_to_file(file_.get(), name.c_str(), nullptr); }
+  void Save(const std::string& name) {
+    gsize size = 0;
+    gchar* const text = g_key_file_to_data(file_.get(), &size, nullptr);
+    SaveSafely(name, {{text, size}});
+    g_free(text);
+  }
+  bool Has(const std::string& section) const {
+    return g_key_file_has_group(file_.get(), section.c_str()) != FALSE;
+  }
+  void Open(const std::string& section) const { benchmark::DoNotOptimize(Has(section)); }
+  void Begin(const std::string& section) { section_ = section; }
+  void Set(const std::string& name, const std::string& text) {
+    g_key_file_set_string(file_.get(), section_.c_str(), name.c_str(), text.c_str());
+  }
   std::string Last(Integer count, bool oneSection) {
     section_ = "Section" + std::to_string(oneSection ? 0 : (count - 1) / 10);
     return Get(NameOf(count - 1));
@@ -99,28 +131,10 @@ class KeyFile {
   std::string section_;
 };
 
-/// A file name of this run's own, in memory where the system has such a folder.
-class TemporaryFile {
- public:
-  TemporaryFile() {
-    const std::string folder = std::filesystem::exists("/dev/shm") ? "/dev/shm" : ".";
-    name_ = folder + "/qxtools-bench-" + std::to_string(getpid()) + ".ini";
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() { std::remove(name_.c_str()); }
-  void Write(const std::string& text) const { std::ofstream(name_, std::ios::binary) << text; }
-  const std::string& Name() const { return name_; }
-
- private:
-  std::string name_;
-};
-
 template <class File, bool oneSection>
 void Load(benchmark::State& state) {
   const auto count = static_cast<Integer>(state.range(0));
-  const TemporaryFile disk;
-  disk.Write(File::Text(count, oneSection));
+  const TemporaryFile disk(File::Text(count, oneSection));
   for (auto _ : state) {
     auto file = std::make_unique<File>();
     file->Load(disk.Name());
@@ -136,26 +150,48 @@ void Load(benchmark::State& state) {
   state.counters["bytes_per_value"] = static_cast<double>(mallinfo2().uordblks - before) / count;
 }
 
-// Saving what was loaded, and both together.
-template <class File, bool withLoad>
+template <class File>
 void Save(benchmark::State& state) {
   const auto count = static_cast<Integer>(state.range(0));
-  const TemporaryFile disk;
-  disk.Write(File::Text(count, false));
-  auto file = std::make_unique<File>();
-  file->Load(disk.Name());
-  for (auto _ : state) {
-    if (withLoad) {
-      state.PauseTiming();
-      file = std::make_unique<File>();
-      state.ResumeTiming();
-      file->Load(disk.Name());
-    }
-    file->Save(disk.Name());
-  }
+  const TemporaryFile disk(File::Text(count, false));
+  File file;
+  file.Load(disk.Name());
+  for (auto _ : state) file.Save(disk.Name());
   File again;
   again.Load(disk.Name());
   if (again.Last(count, false) != TextOf(count - 1)) return state.SkipWithError("wrong text");
+  state.SetItemsProcessed(state.iterations() * count);
+}
+
+// Each section is opened once, in an order that skips about.
+template <class File>
+void OpenSections(benchmark::State& state) {
+  const auto count = static_cast<Integer>(state.range(0));
+  const TemporaryFile disk(File::Text(count * 10, false));
+  File file;
+  file.Load(disk.Name());
+  std::vector<std::string> names;
+  for (Integer i = 0; i < count; ++i) names.push_back("Section" + std::to_string(i * 7 % count));
+  for (const std::string& name : names)
+    if (!file.Has(name)) return state.SkipWithError("no such section");
+  for (auto _ : state)
+    for (const std::string& name : names) file.Open(name);
+  state.SetItemsProcessed(state.iterations() * count);
+}
+
+// New values in a new record.
+template <class File>
+void SetNewValues(benchmark::State& state) {
+  const auto count = static_cast<Integer>(state.range(0));
+  std::vector<std::string> names;
+  for (Integer i = 0; i < count; ++i) names.push_back(NameOf(i));
+  const std::string text = TextOf(count);
+  for (auto _ : state) {
+    File file;
+    file.Begin("Section0");
+    for (const std::string& name : names) file.Set(name, text);
+    if (file.Get(names.back()) != text) return state.SkipWithError("wrong text");
+  }
   state.SetItemsProcessed(state.iterations() * count);
 }
 
@@ -173,9 +209,8 @@ std::string OneRecord(const Peer*, Integer count) {
 template <class File>
 void Get(benchmark::State& state) {
   const auto count = static_cast<Integer>(state.range(0));
-  const TemporaryFile disk;
   File file;
-  disk.Write(OneRecord(&file, count));
+  const TemporaryFile disk(OneRecord(&file, count));
   file.Load(disk.Name());
   file.Last(count, true);  // opens the record
   std::vector<std::string> names;
@@ -193,17 +228,18 @@ void Get(benchmark::State& state) {
 }
 
 template <class File>
-void Register(const char* who) {
-  const auto add = [&](const std::string& work, auto run) {
-    return benchmark::RegisterBenchmark((work + "/" + who).c_str(), run);
+void Register(const std::string& who) {
+  const auto add = [&](const std::string& work, void (*run)(benchmark::State&),
+                       std::initializer_list<Integer> sizes) {
+    auto* const row = benchmark::RegisterBenchmark((work + "/" + who).c_str(), run);
+    for (const Integer size : sizes) row->Arg(size);
   };
-  for (const Integer size : {10000, 100000, 1000000}) {
-    add("ini.load", Load<File, false>)->Arg(size)->Unit(benchmark::kMillisecond);
-    add("ini.load_records", Load<File, true>)->Arg(size)->Unit(benchmark::kMillisecond);
-    add("ini.save", Save<File, false>)->Arg(size)->Unit(benchmark::kMillisecond);
-    add("ini.load_and_save", Save<File, true>)->Arg(size)->Unit(benchmark::kMillisecond);
-  }
-  for (const Integer size : {10, 100, 1000}) add("ini.get", Get<File>)->Arg(size);
+  add("ini.load", Load<File, false>, {10000, 100000, 1000000});
+  add("ini.load_records", Load<File, true>, {10000, 100000, 1000000});
+  add("ini.save", Save<File>, {10000, 100000, 1000000});
+  add("ini.section", OpenSections<File>, {100, 1000, 10000});
+  add("ini.get", Get<File>, {10, 100, 1000});
+  add("ini.new_value", SetNewValues<File>, {10, 100, 1000});
 }
 
 [[maybe_unused]] const bool registered = [] {

@@ -13,6 +13,7 @@
 #include <memory>
 #include <random>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -209,6 +210,58 @@ void EnumerateAndDelete(benchmark::State& state, bool chain) {
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
+/// The same by hand: a map that holds the nodes, which point at one another.
+class LinkedNodes {
+ public:
+  struct Node {
+    Key key{};
+    Node* firstChild = nullptr;
+    Node* next = nullptr;
+  };
+
+  Node* Add(Node* parent) {
+    const Key key = FreshKey();
+    Node* const node = &nodes_.emplace(key, Node{key}).first->second;
+    if (parent != nullptr) node->next = std::exchange(parent->firstChild, node);
+    return node;
+  }
+  // Parents before children.
+  template <class Visit>
+  static void ForEach(Node* top, Visit visit) {
+    for (std::vector<Node*> open{top}; !open.empty();) {
+      Node* const node = open.back();
+      open.pop_back();
+      for (Node* child = node->firstChild; child != nullptr; child = child->next) open.push_back(child);
+      visit(node);
+    }
+  }
+  void Delete(Node* top) {
+    ForEach(top, [&](Node* node) { nodes_.erase(Key(node->key)); });
+  }
+
+ private:
+  std::unordered_map<Key, Node, KeyHash> nodes_;
+};
+
+void EnumerateAndDeleteLinked(benchmark::State& state, bool chain) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    LinkedNodes nodes;
+    LinkedNodes::Node* const top = nodes.Add(nullptr);
+    LinkedNodes::Node* parent = top;
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+      LinkedNodes::Node* const node = nodes.Add(parent);
+      if (chain) parent = node;
+    }
+    std::int64_t seen = 0;
+    state.ResumeTiming();
+    LinkedNodes::ForEach(top, [&](LinkedNodes::Node*) { ++seen; });
+    nodes.Delete(top);
+    if (seen != state.range(0) + 1) return state.SkipWithError("nodes are missing");
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
 template <class Run>
 void Row(const char* name, Run run, bool manualTime) {
   auto* const row = benchmark::RegisterBenchmark(name, run)->Arg(10000)->Arg(100000)->Arg(1000000);
@@ -243,10 +296,13 @@ void LookUpRow(const char* name, bool known, LookUp lookUp) {
       "tree.delete/qxTools", [=](benchmark::State& state) { DeleteAll(state, deleteNode); }, false);
   Row(
       "tree.delete/map_and_list", [](benchmark::State& state) { DeleteAll(state, DeleteFromList); }, false);
-  Row(
-      "tree.wide/qxTools", [](benchmark::State& state) { EnumerateAndDelete(state, false); }, false);
-  Row(
-      "tree.chain/qxTools", [](benchmark::State& state) { EnumerateAndDelete(state, true); }, false);
+  for (const bool chain : {false, true}) {
+    const std::string work = chain ? "tree.chain/" : "tree.wide/";
+    Row((work + "qxTools").c_str(), [=](benchmark::State& state) { EnumerateAndDelete(state, chain); },
+        false);
+    Row((work + "linked_nodes").c_str(),
+        [=](benchmark::State& state) { EnumerateAndDeleteLinked(state, chain); }, false);
+  }
   return true;
 }();
 
