@@ -250,6 +250,14 @@ std::string QuoteByAbseil(absl::string_view value) {
   return absl::StrCat("'", absl::StrReplaceAll(value, {{"'", "''"}}), "'");
 }
 
+std::string QuoteByMemchr(std::string_view value) {
+  std::string literal = "'";
+  literal.reserve(value.size() + value.size() / 8 + 2);
+  for (std::size_t at; (at = value.find('\'')) != std::string_view::npos; value.remove_prefix(at + 1))
+    literal.append(value, 0, at + 1) += '\'';
+  return literal.append(value) += '\'';
+}
+
 std::string ListByAbseil(const std::string& list) {
   return absl::StrCat(
       " (",
@@ -258,9 +266,12 @@ std::string ListByAbseil(const std::string& list) {
       ") ");
 }
 
-template <class Ours, class Peer>
-void RegisterLiteral(const std::string& work, Ours ours, Peer peer) {
-  const auto add = [&](const std::string& who, auto build) {
+using List = std::vector<std::string>;
+using MakeLiteral = std::string (*)(const List& values, const std::string& joined);
+
+void RegisterLiteral(const std::string& work, MakeLiteral ours,
+                     std::initializer_list<std::pair<const char*, MakeLiteral>> peers) {
+  const auto add = [&](const std::string& who, MakeLiteral build) {
     benchmark::RegisterBenchmark(
         (work + "/" + who).c_str(),
         [=](benchmark::State& state) {
@@ -274,27 +285,26 @@ void RegisterLiteral(const std::string& work, Ours ours, Peer peer) {
         ->Unit(benchmark::kMicrosecond);
   };
   add("qxTools", ours);
-  add("Abseil", peer);
+  for (const auto& [who, build] : peers) add(who, build);
 }
 
 void RegisterLiterals() {
-  using List = std::vector<std::string>;
-  RegisterLiteral(
-      "sql.ToSQLStr", [](const List&, const std::string& text) { return QXSqlTools::ToSQLStr(text); },
-      [](const List&, const std::string& text) { return QuoteByAbseil(text); });
-  RegisterLiteral(
-      "sql.ToSQLinlist", [](const List&, const std::string& text) { return QXSqlTools::ToSQLinlist(text); },
-      [](const List&, const std::string& text) { return ListByAbseil(text); });
-  RegisterLiteral(
-      "sql.ToSQLEx",
-      [](const List& values, const std::string&) {
-        return QXSqlTools::ToSQLEx(values, std::string(values.size(), 'S'));
-      },
-      [](const List& values, const std::string&) {
-        return absl::StrJoin(values, ",", [](std::string* out, const std::string& value) {
-          out->append(QuoteByAbseil(value));
-        });
-      });
+  RegisterLiteral("sql.ToSQLStr",
+                  [](const List&, const std::string& text) { return QXSqlTools::ToSQLStr(text); },
+                  {{"memchr loop", [](const List&, const std::string& text) { return QuoteByMemchr(text); }},
+                   {"Abseil", [](const List&, const std::string& text) { return QuoteByAbseil(text); }}});
+  RegisterLiteral("sql.ToSQLinlist",
+                  [](const List&, const std::string& text) { return QXSqlTools::ToSQLinlist(text); },
+                  {{"Abseil", [](const List&, const std::string& text) { return ListByAbseil(text); }}});
+  RegisterLiteral("sql.ToSQLEx",
+                  [](const List& values, const std::string&) {
+                    return QXSqlTools::ToSQLEx(values, std::string(values.size(), 'S'));
+                  },
+                  {{"Abseil", [](const List& values, const std::string&) {
+                      return absl::StrJoin(values, ",", [](std::string* out, const std::string& value) {
+                        out->append(QuoteByAbseil(value));
+                      });
+                    }}});
 }
 
 // --- Rows --------------------------------------------------------------------------------------------

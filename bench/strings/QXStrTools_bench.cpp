@@ -4,13 +4,17 @@
 // behind each hit, since overlapping hits count. Abseil and Boost replace each hit once: the same text where
 // the replacement holds nothing of what is replaced, else one of the same length. Abseil and the find loop
 // have no replacement of any case; there they do the plain one.
+#include <absl/strings/ascii.h>
 #include <absl/strings/str_replace.h>
 #include <absl/strings/str_split.h>
 #include <benchmark/benchmark.h>
 #include <qxTools/strings/QXStrTools.h>
 
+#include <algorithm>
 #include <boost/algorithm/string/replace.hpp>
+#include <charconv>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <functional>
 #include <string>
@@ -41,7 +45,11 @@ std::string WordsWith(std::string_view piece, std::size_t distance, std::size_t 
   return text;
 }
 
-std::string Fields(std::size_t count) { return Replicate("1234567, ", static_cast<int>(count - 1)) + "last"; }
+std::string Fields(std::size_t count, std::string_view field) {
+  std::string text;
+  while (--count > 0) text.append(field).append(", ");
+  return text + "last";
+}
 
 // --- Peers -------------------------------------------------------------------
 
@@ -113,30 +121,38 @@ void Register(const Row<Result>& row) {
 
 constexpr int kAll = 0x7FFFFFFF;
 
+/// The n-th hit is the last of all, so that the whole text is searched.
+void RegisterAt(const std::string& work, const std::string& sub, std::size_t distance) {
+  const auto hits = [=](const std::string& s) { return static_cast<int>(s.size() / distance) - 1; };
+  Register<std::size_t>(
+      {work,
+       kBytes,
+       [=](std::size_t size) { return WordsWith(sub, distance, size); },
+       [=](std::size_t at, const std::string& s) { return at == s.rfind(sub); },
+       {{"qxTools", [=](const std::string& s) { return static_cast<std::size_t>(At(sub, s, hits(s)) - 1); }},
+        {"memmem", [=](const std::string& s) { return WalkByMemmem(sub, s, hits(s)).last; }},
+        {"find", [=](const std::string& s) { return WalkByFind(sub, s, hits(s)).last; }}}});
+}
+
 void RegisterCount(const std::string& work, const std::string& sub,
                    const std::function<std::string(std::size_t)>& text) {
-  Register<int>({work,
-                 kBytes,
-                 text,
-                 [=](int count, const std::string& s) { return count == WalkByFind(sub, s, kAll).count; },
-                 {{"qxTools", [=](const std::string& s) { return Occurs(sub, s); }},
-                  {"memmem", [=](const std::string& s) { return WalkByMemmem(sub, s, kAll).count; }},
-                  {"find", [=](const std::string& s) { return WalkByFind(sub, s, kAll).count; }}}});
+  Row<int> row = {work,
+                  kBytes,
+                  text,
+                  [=](int count, const std::string& s) { return count == WalkByFind(sub, s, kAll).count; },
+                  {{"qxTools", [=](const std::string& s) { return Occurs(sub, s); }},
+                   {"memmem", [=](const std::string& s) { return WalkByMemmem(sub, s, kAll).count; }},
+                   {"find", [=](const std::string& s) { return WalkByFind(sub, s, kAll).count; }}}};
+  if (sub.size() == 1)
+    row.contenders.push_back({"std::count", [=](const std::string& s) {
+                                return static_cast<int>(std::count(s.begin(), s.end(), sub.front()));
+                              }});
+  Register<int>(row);
 }
 
 void RegisterSearches() {
-  // The last hit of all: the whole text is searched.
-  const std::string needle = "needle";
-  const auto hits = [](const std::string& s) { return static_cast<int>(s.size() / 2000) - 1; };
-  Register<std::size_t>(
-      {"At sparse",
-       kBytes,
-       [=](std::size_t size) { return WordsWith(needle, 2000, size); },
-       [=](std::size_t at, const std::string& s) { return at == s.rfind(needle); },
-       {{"qxTools",
-         [=](const std::string& s) { return static_cast<std::size_t>(At(needle, s, hits(s)) - 1); }},
-        {"memmem", [=](const std::string& s) { return WalkByMemmem(needle, s, hits(s)).last; }},
-        {"find", [=](const std::string& s) { return WalkByFind(needle, s, hits(s)).last; }}}});
+  RegisterAt("At sparse", "needle", 2000);
+  RegisterAt("At dense", ", ", 25);
   const auto words = [](std::string_view piece, std::size_t distance) {
     return [=](std::size_t size) { return WordsWith(piece, distance, size); };
   };
@@ -156,31 +172,98 @@ void RegisterSearches() {
                   {"find", [=](const std::string& s) { return WalkByFind(longSub, s, kAll).count; }}}});
 }
 
-void RegisterFields() {
-  const auto isLast = [](const std::string& field, const std::string&) { return field == "last"; };
-  const auto fields = [](const std::string& s) { return static_cast<int>((s.size() - 4) / 9) + 1; };
+std::string LastByAbseil(const std::string& s) {
+  const std::vector<absl::string_view> all = absl::StrSplit(s, ", ");
+  return std::string(all.back());
+}
+
+/// The last one of fields that are all like `field`.
+void RegisterFields(const std::string& ending, const std::string& field,
+                    const std::vector<std::int64_t>& sizes) {
+  const auto text = [=](std::size_t count) { return Fields(count, field); };
+  const auto isLast = [](const std::string& last, const std::string&) { return last == "last"; };
+  const auto fields = [=](const std::string& s) {
+    return static_cast<int>((s.size() - 4) / (field.size() + 2)) + 1;
+  };
   const auto byFind = [=](const std::string& s) {
     return s.substr(WalkByFind(", ", s, fields(s) - 1).last + 2);
   };
-  Register<std::string>({"GetAt last field",
-                         kFields,
-                         Fields,
+  Register<std::string>({"GetAt " + ending,
+                         sizes,
+                         text,
                          isLast,
                          {{"qxTools", [=](const std::string& s) { return GetAt(", ", s, fields(s)); }},
-                          {"absl::StrSplit",
-                           [](const std::string& s) {
-                             const std::vector<absl::string_view> all = absl::StrSplit(s, ", ");
-                             return std::string(all.back());
-                           }},
+                          {"absl::StrSplit", LastByAbseil},
                           {"find", byFind}}});
   Register<std::string>(
-      {"GetAtRight",
-       kFields,
-       Fields,
+      {"GetAtRight " + ending,
+       sizes,
+       text,
        isLast,
        {{"qxTools", [=](const std::string& s) { return GetAtRight(", ", s, fields(s) - 1); }},
         {"find", byFind}}});
 }
+
+// --- Blanks and numbers ------------------------------------------------------
+
+std::string TrimByFind(const std::string& s) {
+  const std::size_t start = s.find_first_not_of(' ');
+  return start == std::string::npos ? std::string() : s.substr(start, s.find_last_not_of(' ') + 1 - start);
+}
+
+/// Texts with a quarter of blanks at either end.
+void RegisterTrim() {
+  Register<std::string>({"Trim",
+                         {20, 1000, 100000},
+                         [](std::size_t size) {
+                           return Space(static_cast<int>(size / 4)) + std::string(size / 2, 'x') +
+                                  Space(static_cast<int>(size / 4));
+                         },
+                         [](const std::string& trimmed, const std::string& s) {
+                           return trimmed == std::string(s.size() / 2, 'x');
+                         },
+                         {{"qxTools", [](const std::string& s) { return Trim(s, TrimOrign[tsTrimAll]); }},
+                          {"absl::StripAsciiWhitespace",
+                           [](const std::string& s) { return std::string(absl::StripAsciiWhitespace(s)); }},
+                          {"find", TrimByFind}}});
+}
+
+constexpr int kWidth = 8;
+
+std::string DigitsByChars(int value) {
+  char digits[kWidth + 4];
+  const auto end = std::to_chars(digits, std::end(digits), value).ptr;
+  const auto size = static_cast<std::size_t>(end - digits);
+  return std::string(size < kWidth ? kWidth - size : 0, '0').append(digits, size);
+}
+
+std::string DigitsByPrintf(int value) {
+  char digits[kWidth + 4];
+  return {digits, static_cast<std::size_t>(std::snprintf(digits, sizeof digits, "%0*d", kWidth, value))};
+}
+
+void Digits(benchmark::State& state, std::string (*digits)(int)) {
+  std::uint32_t seed = 1;
+  std::vector<int> values;
+  while (std::ssize(values) < state.range(0)) {
+    seed = seed * 1664525 + 1013904223;
+    values.push_back(static_cast<int>((seed >> 1) >> (seed >> 28)));
+  }
+  for (const int value : values)
+    if (digits(value) != DigitsByPrintf(value)) return state.SkipWithError("wrong digits");
+  for (auto _ : state)
+    for (const int value : values) benchmark::DoNotOptimize(digits(value));
+}
+
+/// Numbers of all lengths to eight digits or more.
+void RegisterDigits() {
+  const auto ours = [](int value) { return StrEx(value, kWidth); };
+  benchmark::RegisterBenchmark("StrEx/qxTools", Digits, ours)->Arg(1000);
+  benchmark::RegisterBenchmark("StrEx/to_chars", Digits, DigitsByChars)->Arg(1000);
+  benchmark::RegisterBenchmark("StrEx/snprintf", Digits, DigitsByPrintf)->Arg(1000);
+}
+
+// --- Replacing ---------------------------------------------------------------
 
 void RegisterReplace(const std::string& work, const std::string& old, const std::string& replacement,
                      bool ignoreCase) {
@@ -205,7 +288,10 @@ void RegisterReplace(const std::string& work, const std::string& old, const std:
 
 const bool registered = [] {
   RegisterSearches();
-  RegisterFields();
+  RegisterFields("dense", "1234567", kFields);
+  RegisterFields("sparse", std::string(500, 'x'), {20, 200, 2000});
+  RegisterTrim();
+  RegisterDigits();
   RegisterReplace("ReplaceAllStr plain", "needle", "thread", false);
   RegisterReplace("ReplaceAllStr IgnoreCase", "needle", "thread", true);
   RegisterReplace("ReplaceAllStr touching", "needle", "eleven", false);
