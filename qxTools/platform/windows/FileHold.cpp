@@ -51,10 +51,4 @@ std::string FileHold::Read() const {
   return ReadToEnd(state_->file, state_->name);
 }
 
-void FileHold::Save(std::string_view bytes) {
-  WholeFileWriter writer(*this);
-  writer.Write(bytes);
-  writer.Commit();
-}
-
 }  // namespace qxTools

@@ -26,10 +26,4 @@ std::string ReadWholeFile(const std::string& fileName, std::int64_t waitMillisec
   return ReadToEnd(file, fileName);
 }
 
-void SaveWholeFile(const std::string& fileName, std::string_view bytes) {
-  WholeFileWriter writer(fileName);
-  writer.Write(bytes);
-  writer.Commit();
-}
-
 }  // namespace qxTools
