@@ -1,7 +1,7 @@
+#include <qxTools/base/Ascii.h>
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/data/NameChanges.h>
 #include <qxTools/data/QXValueTools.h>
-#include <qxTools/data/UpperCaseKey.h>
 #include <qxTools/runtime/NamedList.h>
 
 #include <limits>
@@ -19,8 +19,9 @@ std::string_view Trimmed(std::string_view name) {
   return name;
 }
 
-struct NameInCapitals {
-  UpperCaseKey operator()(const TValueRecord& record) const { return UpperCaseKey(Trimmed(record.Name)); }
+struct CaselessName {
+  static std::string_view Of(const TValueRecord& record) { return Trimmed(record.Name); }
+  static bool Same(std::string_view name, std::string_view asked) { return SameText(name, asked); }
 };
 
 }  // namespace
@@ -28,10 +29,10 @@ struct NameInCapitals {
 struct TQXValueList::State {
   NamePlaces::Places Find(std::string_view name) {
     records.Names().Follow(NameChanges());
-    return records.Find(UpperCaseKey(Trimmed(name)));
+    return records.Find(Trimmed(name));
   }
 
-  NamedList<TValueRecord, NameInCapitals> records;
+  NamedList<TValueRecord, CaselessName> records;
 };
 
 TQXValueList::TQXValueList() : state_(std::make_unique<State>()) {}

@@ -10,8 +10,10 @@ namespace qxTools::qxOleVariant {
 
 namespace {
 
-struct NameOf {
-  std::string_view operator()(const TOleVariantField& field) const { return field.Name; }
+/// Names are looked up in capitals.
+struct ExactName {
+  static std::string_view Of(const TOleVariantField& field) { return field.Name; }
+  static bool Same(std::string_view name, std::string_view asked) { return name == asked; }
 };
 
 }  // namespace
@@ -23,7 +25,7 @@ struct TQXOleVariant::State {
     fields.Add(std::make_unique<TOleVariantField>(UpperCaseKey(name), std::move(value)));
   }
 
-  NamedList<TOleVariantField, NameOf> fields;
+  NamedList<TOleVariantField, ExactName> fields;
   ComAdapter adapter;
 };
 

@@ -2,6 +2,7 @@
 /// Finding the items of a list by name, in constant time on average. For the library's own use.
 #pragma once
 
+#include <qxTools/base/CaselessHash.h>
 #include <qxTools/base/Types.h>
 #include <qxTools/runtime/HashIndex.h>
 
@@ -9,8 +10,9 @@
 
 namespace qxTools {
 
-/// The first and the last place of each name in a list. The names are not copied: `nameAt(place)` reads them
-/// from the list, as a view or as what converts to one.
+/// The first and the last place of each name in a list. The names are not copied: `names.At(place)` is one of
+/// the list, and `names.Same(name, asked)` compares it with the one that is looked up, with letter case or
+/// without.
 ///
 /// After a change of the list or of a name, the first look-up walks the list and the second one builds the
 /// index, so that changing and looking up in turn costs a walk each time and never a new index. Without
@@ -37,60 +39,59 @@ class NamePlaces {
   }
 
   /// To be called after an item was appended at `place`.
-  template <class NameAt>
-  void Append(Integer place, NameAt nameAt) {
+  template <class Names>
+  void Append(Integer place, Names names) {
     if (state_ != State::kIndexed) return;
     try {
-      Put(place, nameAt);
+      Put(place, names);
     } catch (const std::bad_alloc&) {
       Drop();
     }
   }
 
   /// Returns the places of `name` among the places from 0 to count - 1; -1 twice if it is at none.
-  template <class NameAt>
-  Places Find(std::string_view name, Integer count, NameAt nameAt) {
-    if (state_ != State::kIndexed && !(state_ == State::kWalked && Build(count, nameAt))) {
+  template <class Names>
+  Places Find(std::string_view name, Integer count, Names names) {
+    if (state_ != State::kIndexed && !(state_ == State::kWalked && Build(count, names))) {
       state_ = State::kWalked;
-      return Walk(name, count, nameAt);
+      return Walk(name, count, names);
     }
-    const Places* const found = index_.Find(TagOf(name), Matching(name, nameAt));
+    const Places* const found = index_.Find(TagOf(name), Matching(name, names));
     return found != nullptr ? *found : Places();
   }
 
  private:
   enum class State { kChanged, kWalked, kIndexed };
 
-  static HashTag TagOf(std::string_view name) { return {std::hash<std::string_view>()(name)}; }
+  static HashTag TagOf(std::string_view name) { return {CaselessHash(name)}; }
 
-  template <class NameAt>
-  static auto Matching(std::string_view name, NameAt nameAt) {
-    return [=](const Places& places) { return std::string_view(nameAt(places.first)) == name; };
+  template <class Names>
+  static auto Matching(std::string_view name, Names names) {
+    return [=](const Places& places) { return names.Same(names.At(places.first), name); };
   }
 
-  template <class NameAt>
-  static Places Walk(std::string_view name, Integer count, NameAt nameAt) {
+  template <class Names>
+  static Places Walk(std::string_view name, Integer count, Names names) {
     Places places;
     for (Integer i = 0; i < count; ++i)
-      if (std::string_view(nameAt(i)) == name) places = {places.first < 0 ? i : places.first, i};
+      if (names.Same(names.At(i), name)) places = {places.first < 0 ? i : places.first, i};
     return places;
   }
 
-  template <class NameAt>
-  void Put(Integer place, NameAt nameAt) {
-    const auto& kept = nameAt(place);
-    const std::string_view name = kept;
-    index_.Insert({place, place}, TagOf(name), Matching(name, nameAt)).last = place;
+  template <class Names>
+  void Put(Integer place, Names names) {
+    const std::string_view name = names.At(place);
+    index_.Insert({place, place}, TagOf(name), Matching(name, names)).last = place;
   }
 
-  template <class NameAt>
-  bool Build(Integer count, NameAt nameAt) {
+  template <class Names>
+  bool Build(Integer count, Names names) {
     try {
       index_.Reserve(static_cast<std::size_t>(count));
     } catch (const std::bad_alloc&) {
       return false;
     }
-    for (Integer i = 0; i < count; ++i) Put(i, nameAt);
+    for (Integer i = 0; i < count; ++i) Put(i, names);
     state_ = State::kIndexed;
     return true;
   }

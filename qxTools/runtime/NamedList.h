@@ -7,10 +7,11 @@
 
 namespace qxTools {
 
-/// Items in order, as in OwnedList, and the places of their names. `NameOf()(item)` gives the name by which
-/// an item is found, as a view or as what converts to one. After an item's name has changed, the names must
-/// be dropped. If memory runs out, std::bad_alloc is thrown and the list is unchanged.
-template <class Item, class NameOf>
+/// Items in order, as in OwnedList, and the places of their names. `Naming::Of(item)` gives the name by which
+/// an item is found, and `Naming::Same(name, asked)` says whether it is the one that is looked up. After an
+/// item's name has changed, the names must be dropped. If memory runs out, std::bad_alloc is thrown and the
+/// list is unchanged.
+template <class Item, class Naming>
 class NamedList {
  public:
   Integer GetCount() const { return items_.GetCount(); }
@@ -18,7 +19,7 @@ class NamedList {
 
   Item* Add(std::unique_ptr<Item> item) {
     Item* const added = items_.Add(std::move(item));
-    names_.Append(GetCount() - 1, NameAt());
+    names_.Append(GetCount() - 1, NamesOfItems());
     return added;
   }
 
@@ -49,13 +50,16 @@ class NamedList {
     names_.Drop();
   }
 
-  NamePlaces::Places Find(std::string_view name) { return names_.Find(name, GetCount(), NameAt()); }
+  NamePlaces::Places Find(std::string_view name) { return names_.Find(name, GetCount(), NamesOfItems()); }
   NamePlaces& Names() { return names_; }
 
  private:
-  auto NameAt() const {
-    return [this](Integer i) { return NameOf()(*items_.GetItems(i)); };
-  }
+  struct NameReader : Naming {
+    std::string_view At(Integer i) const { return Naming::Of(*items->GetItems(i)); }
+    const OwnedList<Item>* items;
+  };
+
+  NameReader NamesOfItems() const { return {{}, &items_}; }
 
   OwnedList<Item> items_;
   NamePlaces names_;

@@ -1,13 +1,6 @@
-#include <qxTools/base/Ascii.h>
 #include <qxTools/sql/NameScanner.h>
 
 namespace qxTools {
-
-void SetUpperName(std::string& upperName, std::string_view name) {
-  upperName.resize(name.size() + 1);
-  upperName[0] = '@';
-  std::transform(name.begin(), name.end(), upperName.begin() + 1, UpperChar);
-}
 
 bool NameScanner::SkipLiteral() {
   const std::size_t close = text_.find('\'', position_ + 1);
@@ -50,6 +43,13 @@ bool NameScanner::Next(std::string_view& name) {
     return true;
   }
   return false;
+}
+
+std::string_view NameScanner::WithMark(std::string_view name) {
+  const char* const before = name.data() - 1;  // the text has an "@" somewhere in front of the name
+  if (*before == '@') return {before, name.size() + 1};
+  joined_.assign(1, '@').append(name);
+  return joined_;
 }
 
 }  // namespace qxTools

@@ -3,6 +3,7 @@
 
 #include <qxTools/base/Lines.h>
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -10,10 +11,15 @@
 namespace qxTools {
 
 constexpr bool IsNameStart(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-constexpr bool IsNameChar(char c) { return IsNameStart(c) || (c >= '0' && c <= '9') || c == '_'; }
-
-/// Sets `upperName` to "@" and the name in capitals. Its memory is used again.
-void SetUpperName(std::string& upperName, std::string_view name);
+inline constexpr auto kNameChars = [] {
+  std::array<bool, 256> chars{};
+  for (std::size_t byte = 0; byte < chars.size(); ++byte) {
+    const auto c = static_cast<char>(byte);
+    chars[byte] = IsNameStart(c) || (c >= '0' && c <= '9') || c == '_';
+  }
+  return chars;
+}();
+constexpr bool IsNameChar(char c) { return kNameChars[static_cast<unsigned char>(c)]; }
 
 /// Whether names inside quoted literals count.
 enum class Literals { kScan, kSkip };
@@ -32,6 +38,10 @@ class NameScanner {
   /// Sets `name` to the next name, without its "@". Returns false if there is none.
   bool Next(std::string_view& name);
 
+  /// Returns "@" and the name that Next has set: in the text if they are side by side there, otherwise a copy
+  /// that is valid until the next call.
+  std::string_view WithMark(std::string_view name);
+
  private:
   bool IsQuote(std::size_t position) const { return literals_ == Literals::kSkip && text_[position] == '\''; }
   /// Goes from an opening quote to after the closing one. Returns false if it is never closed.
@@ -45,6 +55,7 @@ class NameScanner {
   Literals literals_;
   NearestOfTwo<char> marks_;
   std::size_t position_ = 0;
+  std::string joined_;
 };
 
 }  // namespace qxTools

@@ -1,26 +1,28 @@
 #include <qxTools/base/Ascii.h>
 #include <qxTools/sql/ParameterNames.h>
 
+#include <algorithm>
+
 namespace qxTools::QXSqlTools {
 
 namespace {
 
-constexpr std::uint64_t kNoText = 0xCBF29CE484222325;  // FNV-1a
-
-std::uint64_t WithLetter(std::uint64_t hash, char upper) {
-  return (hash ^ static_cast<unsigned char>(upper)) * 0x100000001B3;
+/// The hash of a text and one more name character, in any case. Times 33 is a shift and a sum, which keeps up
+/// with the reading.
+std::uint64_t WithLetter(std::uint64_t hash, char c) {
+  return hash * 33 + (static_cast<unsigned char>(c) & 0xDF);
 }
 
-HashTag TagOf(std::uint64_t hash) { return {static_cast<std::size_t>(hash ^ hash >> 32)}; }
+HashTag TagOf(std::uint64_t hash) { return {static_cast<std::size_t>(hash * 0x9E3779B97F4A7C15 >> 32)}; }
 
 }  // namespace
 
 void ParameterNames::Add(std::string upperName, Integer item) {
-  std::uint64_t hash = kNoText;
+  std::uint64_t hash = 0;
   for (const char c : upperName) hash = WithLetter(hash, c);
   const std::size_t size = upperName.size();
-  if (size >= hasSize_.size()) hasSize_.resize(size + 1);
-  hasSize_[size] = true;
+  const auto place = std::ranges::lower_bound(sizes_, size);
+  if (place == sizes_.end() || *place != size) sizes_.insert(place, size);
   names_.resize(static_cast<std::size_t>(item));
   names_.push_back(std::move(upperName));
   index_.Insert({item, size}, TagOf(hash),
@@ -28,21 +30,19 @@ void ParameterNames::Add(std::string upperName, Integer item) {
 }
 
 bool ParameterNames::IsName(Integer item, std::string_view text) const {
-  const std::string& name = names_[static_cast<std::size_t>(item)];
-  return std::ranges::equal(name, text, {}, {}, UpperChar);
+  return SameText(names_[static_cast<std::size_t>(item)], text);
 }
 
 ParameterNames::Match ParameterNames::Find(std::string_view run) const {
   Match best;
-  std::uint64_t hash = kNoText;
-  for (std::size_t size = 0; size < hasSize_.size(); ++size) {
-    if (hasSize_[size]) {
-      const Match* const found = index_.Find(
-          TagOf(hash), [&](const Match& match) { return IsName(match.item, run.substr(0, size)); });
-      if (found != nullptr && (best.item < 0 || found->item < best.item)) best = *found;
-    }
-    if (size == run.size()) break;
-    hash = WithLetter(hash, UpperChar(run[size]));
+  std::uint64_t hash = 0;
+  std::size_t read = 0;
+  for (const std::size_t size : sizes_) {
+    if (size > run.size()) break;
+    for (; read < size; ++read) hash = WithLetter(hash, run[read]);
+    const Match* const found =
+        index_.Find(TagOf(hash), [&](const Match& match) { return IsName(match.item, run.substr(0, size)); });
+    if (found != nullptr && (best.item < 0 || found->item < best.item)) best = *found;
   }
   return best;
 }

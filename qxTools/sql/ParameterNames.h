@@ -10,7 +10,7 @@ namespace qxTools::QXSqlTools {
 
 /// Finds, among the names that a text begins with, the one that is first in the list. Names are in capitals
 /// and without their "@". A hash of the text is computed letter by letter; at each size that a name has, it
-/// is looked up.
+/// is looked up. Only name characters are hashed: among them the bit 0x20 tells letters' cases alone.
 class ParameterNames {
  public:
   struct Match {
@@ -26,12 +26,11 @@ class ParameterNames {
   Match Find(std::string_view run) const;
 
  private:
-  bool HasSize(std::size_t size) const { return size < hasSize_.size() && hasSize_[size]; }
   bool IsName(Integer item, std::string_view text) const;
 
   HashIndex<Match> index_;
   std::vector<std::string> names_;  // by place
-  std::vector<bool> hasSize_;
+  std::vector<std::size_t> sizes_;  // of the names, each once, rising
 };
 
 }  // namespace qxTools::QXSqlTools

@@ -164,7 +164,6 @@ class QXTOOLS_API TQXSQLItem : public TPersistent {
   friend class TQXSQLItems;
 
   AnsiString name_;
-  AnsiString upperName_;
   NamePlaces* names_ = nullptr;  // of the list, which must know when the name changes
 };
 
@@ -240,7 +239,6 @@ class QXTOOLS_API TQXSQLItems {
   struct State;
 
   TQXSQLItem& Existing(std::string_view name) const;
-  Integer IndexOfUpper(std::string_view upperName) const;
 
   std::unique_ptr<State> state_;
 };

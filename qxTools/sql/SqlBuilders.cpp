@@ -28,9 +28,7 @@ void AppendSQLStr(std::string& out, std::string_view s) {
   out.append(s) += '\'';
 }
 
-std::size_t QuotedSize(std::string_view s) {
-  return s.size() + static_cast<std::size_t>(std::count(s.begin(), s.end(), '\'')) + 2;
-}
+std::size_t QuotedSize(std::string_view s) { return s.size() + CountByte(s, '\'') + 2; }
 
 bool IsQuotedType(char type) { return std::string_view("CSDTcsdt").find(type) != std::string_view::npos; }
 bool IsPlainType(char type) { return std::string_view("FNfn").find(type) != std::string_view::npos; }
@@ -71,7 +69,7 @@ std::string VarToSql(const Variant& value) {
 
 std::string ToSQLinlist(std::string_view list) {
   std::string out;
-  out.reserve(QuotedSize(list) + 4 + 3 * static_cast<std::size_t>(std::count(list.begin(), list.end(), ',')));
+  out.reserve(QuotedSize(list) + 4 + 3 * CountByte(list, ','));
   std::size_t comma = list.find(',');
   const bool several = comma != std::string_view::npos;
   out += several ? " (" : "(";

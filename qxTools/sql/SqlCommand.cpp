@@ -69,20 +69,19 @@ void TQXSQLItem::Assign(const TPersistent* source) {
 }
 
 void TQXSQLItem::SetName(std::string_view name) {
-  std::string upperName = UpperCase(name);
   name_ = std::string(name);  // a copy first: it may be a part of the old one
-  upperName_ = std::move(upperName);
   if (names_ != nullptr) names_->Drop();
 }
 
 // --- TQXSQLItems -------------------------------------------------------------------------------------
 
 struct TQXSQLItems::State {
-  struct UpperName {
-    std::string_view operator()(const TQXSQLItem& item) const { return item.upperName_; }
+  struct CaselessName {
+    static std::string_view Of(const TQXSQLItem& item) { return item.name_; }
+    static bool Same(std::string_view name, std::string_view asked) { return SameText(name, asked); }
   };
 
-  NamedList<TQXSQLItem, UpperName> items;
+  NamedList<TQXSQLItem, CaselessName> items;
 };
 
 TQXSQLItems::TQXSQLItems() : state_(std::make_unique<State>()) {}
@@ -101,10 +100,9 @@ TQXSQLItem* TQXSQLItems::Add(std::string_view name) {
 void TQXSQLItems::AddNamesOf(std::string_view text) {
   state_->items.AddAllOrNothing([&] {
     NameScanner scanner(text, Literals::kScan);
-    std::string upperName;
     for (std::string_view name; scanner.Next(name);) {
-      SetUpperName(upperName, name);
-      if (IndexOfUpper(upperName) < 0) Add("@" + std::string(name));
+      name = scanner.WithMark(name);
+      if (GetItemsIndex(name) < 0) Add(name);
     }
   });
 }
@@ -132,11 +130,7 @@ TQXSQLItem* TQXSQLItems::FindByName(std::string_view name) const {
   return index >= 0 ? GetItems(index) : nullptr;
 }
 
-Integer TQXSQLItems::GetItemsIndex(std::string_view name) const { return IndexOfUpper(UpperCase(name)); }
-
-Integer TQXSQLItems::IndexOfUpper(std::string_view upperName) const {
-  return state_->items.Find(upperName).last;
-}
+Integer TQXSQLItems::GetItemsIndex(std::string_view name) const { return state_->items.Find(name).last; }
 
 TQXSQLItem& TQXSQLItems::Existing(std::string_view name) const {
   TQXSQLItem* const item = FindByName(name);

@@ -132,8 +132,7 @@ std::string DoubleQuotes(std::string_view text, std::string_view end) {
   // "[##]" begins another one, so those that come in cannot join with what stands around them and one step
   // will do.
   std::string out;
-  out.reserve(text.size() + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\'')) +
-              end.size());
+  out.reserve(text.size() + CountByte(text, '\'') + end.size());
   NearestOfTwo<char> marks(text, '\'', '[');
   std::size_t done = 0;
   for (std::size_t mark = marks.From(0); mark < text.size();) {

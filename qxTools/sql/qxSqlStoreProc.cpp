@@ -38,8 +38,8 @@ constexpr std::string_view kItemSeparator = " , ";
 std::string Trim(std::string_view s) { return QXStrTools::Trim(s, kTrimBoth); }
 
 /// With spAuto only @MM and @MM_... are parameters.
-bool IsKept(std::string_view upperName, TSearchParamType mode) {
-  return mode == spAll || upperName.substr(0, upperName.find('_')) == "@MM";
+bool IsKept(std::string_view name, TSearchParamType mode) {
+  return mode == spAll || (SameText(name.substr(0, 3), "@MM") && (name.size() == 3 || name[3] == '_'));
 }
 
 TStoreProcParamType FindType(std::string_view text) {
@@ -143,10 +143,11 @@ AnsiString TQXSqlStoreProcItem::GetSqlValue() const { return QXSqlTools::VarToSq
 // --- The statement -----------------------------------------------------------------------------------
 
 struct TQXSqlStoreProc::State {
-  struct UpperName {
-    std::string_view operator()(const TQXSqlStoreProcItem& item) const { return item.GetUpperName(); }
+  struct CaselessName {
+    static std::string_view Of(const TQXSqlStoreProcItem& item) { return item.GetName(); }
+    static bool Same(std::string_view name, std::string_view asked) { return SameText(name, asked); }
   };
-  using Items = NamedList<TQXSqlStoreProcItem, UpperName>;
+  using Items = NamedList<TQXSqlStoreProcItem, CaselessName>;
 
   static TQXSqlStoreProcItem* Add(Items& items, std::string_view name) {
     auto item = std::make_unique<TQXSqlStoreProcItem>();
@@ -204,11 +205,9 @@ void TQXSqlStoreProc::SearchAllParams() {
 
 void TQXSqlStoreProc::FindNames(std::string_view text) {
   NameScanner scanner(text, Literals::kSkip);
-  std::string upperName;
   for (std::string_view name; scanner.Next(name);) {
-    SetUpperName(upperName, name);
-    if (IsKept(upperName, searchMode_) && state_->params.Find(upperName).last < 0)
-      State::Add(state_->params, "@" + std::string(name));
+    name = scanner.WithMark(name);
+    if (IsKept(name, searchMode_) && state_->params.Find(name).last < 0) State::Add(state_->params, name);
   }
 }
 
@@ -218,7 +217,7 @@ void TQXSqlStoreProc::FindMacros(std::string_view text) {
     if (close < open) close = text.find(']', open);
     if (close == kNone) return;
     const std::string_view name = text.substr(open, close + 1 - open);
-    if (state_->macros.Find(UpperCase(name)).last < 0) State::Add(state_->macros, name);
+    if (state_->macros.Find(name).last < 0) State::Add(state_->macros, name);
   }
 }
 
@@ -246,11 +245,11 @@ TQXSqlStoreProcItem* TQXSqlStoreProc::GetFuncItems(Integer index) const {
 }
 
 Integer TQXSqlStoreProc::FindParam(std::string_view name) const {
-  return state_->params.Find(Trim(UpperCase(name))).last;
+  return state_->params.Find(Trim(name)).last;
 }
 
 Integer TQXSqlStoreProc::FindFunc(std::string_view name) const {
-  return state_->macros.Find(Trim(UpperCase(name))).last;
+  return state_->macros.Find(Trim(name)).last;
 }
 
 Variant TQXSqlStoreProc::GetValue(std::string_view name) const {
@@ -321,7 +320,8 @@ AnsiString TQXSqlStoreProc::Declarations() const {
   std::string list;
   for (Integer i = 0; i < GetParamCount(); ++i) {
     const TQXSqlStoreProcItem& item = *GetItems(i);
-    Append(list, item.GetName() + " " + StoreProcParamTypeStr[item.GetStyle()]);
+    Append(list, item.GetName());
+    list.append(1, ' ').append(StoreProcParamTypeStr[item.GetStyle()]);
     if (item.GetLength() != 0) list += "(" + std::to_string(item.GetLength()) + ")";
   }
   return list;

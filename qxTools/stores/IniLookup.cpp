@@ -12,7 +12,7 @@ namespace {
 
 constexpr Integer kShortRecord = 16;  // a walk over so few names is as quick
 
-HashTag TagOf(std::string_view name) { return {stores::CaselessHash(name)}; }
+HashTag TagOf(std::string_view name) { return {CaselessHash(name)}; }
 
 }  // namespace
 

@@ -4,8 +4,8 @@
 #pragma once
 
 #include <qxTools/base/Ascii.h>
+#include <qxTools/base/CaselessHash.h>
 #include <qxTools/runtime/HashIndex.h>
-#include <qxTools/stores/Caseless.h>
 #include <qxTools/stores/IniPairs.h>
 #include <qxTools/stores/TreeOrder.h>
 

@@ -1,7 +1,7 @@
 #include <qxTools/base/Ascii.h>
+#include <qxTools/base/CaselessHash.h>
 #include <qxTools/platform/Files.h>
 #include <qxTools/runtime/HashIndex.h>
-#include <qxTools/stores/Caseless.h>
 #include <qxTools/stores/FieldMarks.h>
 #include <qxTools/stores/QXStringTable.h>
 #include <qxTools/strings/QXStrTools.h>
@@ -94,7 +94,7 @@ struct Header {
   }
 };
 
-HashTag TagOf(std::string_view name) { return {stores::CaselessHash(name)}; }
+HashTag TagOf(std::string_view name) { return {CaselessHash(name)}; }
 
 Header::Header(const std::string& text) : line(text), fields(text) {
   for (std::size_t i = 0; i < fields.Count(); ++i) {

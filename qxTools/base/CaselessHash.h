@@ -1,0 +1,37 @@
+/// @file
+/// A hash for names that ignore letter case. For the library's own use.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace qxTools {
+
+/// Returns the bytes of `name`, 8 of them or fewer, as one number.
+inline std::uint64_t WordOf(std::string_view name) {
+  std::uint64_t word = 0;
+  if (name.size() == sizeof word)
+    std::memcpy(&word, name.data(), sizeof word);
+  else
+    for (const char c : name) word = word << 8 | static_cast<unsigned char>(c);
+  return word;
+}
+
+/// Equal for names that are SameText: what tells capitals from small letters is the bit 0x20. A long name's
+/// last word is its last 8 bytes, some of them for the second time.
+inline std::size_t CaselessHash(std::string_view name) {
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
+  std::uint64_t hash = name.size();
+  const auto mix = [&](std::string_view bytes) {
+    hash = (hash ^ (WordOf(bytes) | 0x2020202020202020)) * kSpread;
+    hash ^= hash >> 32;
+  };
+  for (std::size_t i = 0; i + kWord < name.size(); i += kWord) mix(name.substr(i, kWord));
+  mix(name.size() < kWord ? name : name.substr(name.size() - kWord));
+  return static_cast<std::size_t>(hash * kSpread >> 32);
+}
+
+}  // namespace qxTools
