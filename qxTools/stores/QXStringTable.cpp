@@ -14,6 +14,7 @@ using QXStrTools::At;
 
 namespace {
 
+constexpr std::string_view kBetweenFields = "#][#";
 constexpr std::size_t kNoField = std::numeric_limits<std::size_t>::max();
 
 std::size_t FindField(std::string_view line, const FieldMarks& marks, std::string_view name) {
@@ -23,13 +24,9 @@ std::size_t FindField(std::string_view line, const FieldMarks& marks, std::strin
 }
 
 std::string_view TrimSpaces(std::string_view s) {
-  const std::size_t first = s.find_first_not_of(' ');
-  return first == std::string_view::npos ? std::string_view()
-                                         : s.substr(first, s.find_last_not_of(' ') + 1 - first);
-}
-
-void AppendField(std::string& line, std::string_view text) {
-  line.append(kFieldBegin).append(TrimSpaces(text)).append(kFieldEnd);
+  while (s.starts_with(' ')) s.remove_prefix(1);
+  while (s.ends_with(' ')) s.remove_suffix(1);
+  return s;
 }
 
 // What At returns for the n-th "[#" or "#]" of the line, where `offsets` holds the places of all of them.
@@ -45,8 +42,8 @@ Integer Position(const std::vector<std::size_t>& offsets, Integer n, std::string
 // --- Lines -------------------------------------------------------------------
 
 std::string GenField(std::string_view s) {
-  std::string field;
-  AppendField(field, s);
+  std::string field(kFieldBegin);
+  field.append(TrimSpaces(s)).append(kFieldEnd);
   return field;
 }
 
@@ -197,12 +194,16 @@ Integer TQXStringTable::GetFieldCount() const {
 void TQXStringTable::AddRecord(const std::vector<std::string>& values) {
   if (GetEmpty()) return;
   const auto count = static_cast<std::size_t>(GetFieldCount());
-  std::size_t size = count * (kFieldBegin.size() + kFieldEnd.size());
+  std::size_t size = kFieldBegin.size() + count * kBetweenFields.size();
   for (const std::string& value : values) size += value.size();
   std::string line;
   line.reserve(size);
-  for (std::size_t i = 0; i < count; ++i)
-    AppendField(line, i < values.size() ? values[i] : std::string_view());
+  line.append(kFieldBegin);
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i < values.size()) line.append(TrimSpaces(values[i]));
+    line.append(kBetweenFields);
+  }
+  line.resize(line.size() - kFieldBegin.size());  // after the last field none begins
   Add(std::move(line));
 }
 
