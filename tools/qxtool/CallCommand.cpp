@@ -9,6 +9,7 @@
 #include "BindValues.h"
 #include "CallCheck.h"
 #include "Commands.h"
+#include "PathOf.h"
 #include "RunOptions.h"
 #include "RunStatement.h"
 #include "SafeOptions.h"
@@ -47,7 +48,7 @@ void LoadStatement(TQXSqlStoreProc& procedure, const Options& options) {
 /// A declaration list from a file of that name, or else the argument itself.
 std::string ReadDeclarations(const std::string& argument) {
   std::error_code ignored;
-  const bool isFile = std::filesystem::exists(argument, ignored);
+  const bool isFile = std::filesystem::exists(PathOf(argument), ignored);
   return isFile ? ReadInput(argument) : FromArgument(argument);
 }
 

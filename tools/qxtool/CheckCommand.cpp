@@ -9,11 +9,12 @@
 #include <thread>
 
 #include "Commands.h"
-#include "System.h"
+#include "PathOf.h"
 #include "TextIo.h"
 #include "check/CheckFiles.h"
 #include "check/Configuration.h"
 #include "check/Report.h"
+#include "platform/System.h"
 
 namespace qxtool {
 
@@ -57,11 +58,11 @@ FileOptions OptionsOf(const Options& options) {
 
 Configuration ReadConfiguration(const std::string& name) {
   const bool named = !name.empty();
-  const fs::path path = named ? name : kConfigurationName;
-  if (!named && !qxTools::FileExists(path.string())) return {};
-  return WithSubject(path.string(), [&] {
-    const std::string folder = fs::absolute(path).lexically_normal().parent_path().string();
-    return Configuration(qxTools::ReadWholeFile(path.string()), folder);
+  const std::string fileName = named ? name : kConfigurationName;
+  if (!named && !qxTools::FileExists(fileName)) return {};
+  return WithSubject(fileName, [&] {
+    const fs::path folder = fs::absolute(PathOf(fileName)).lexically_normal().parent_path();
+    return Configuration(qxTools::ReadWholeFile(fileName), folder.generic_string());
   });
 }
 
@@ -108,7 +109,7 @@ ReportOptions ReportOptionsOf(const Options& options, const FileOptions& file) {
   report.utf8 = GetEncoding().utf8Output;
   report.most = options.allFindings ? static_cast<std::size_t>(-1) : file.findings.most;
   report.version = QXTOOL_VERSION;
-  report.page = QXTOOL_CHECK_PAGE;
+  report.page = "file://" + UriOf(CheckPage());
   return report;
 }
 

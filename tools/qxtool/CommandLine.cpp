@@ -127,24 +127,26 @@ void AddHelpCommand(CLI::App& program) {
   help->callback([&program, words] { PrintBytes(HelpOf(program, *words)); });
 }
 
-ExitStatus PrintCandidates(const CLI::App& program, int argc, char** argv) {
-  for (const std::string& name : Candidates(program, {argv + 2, argv + argc})) PrintBytes(name + "\n");
+ExitStatus PrintCandidates(const CLI::App& program, const std::vector<std::string>& words) {
+  for (const std::string& name : Candidates(program, {words.begin() + 1, words.end()}))
+    PrintBytes(name + "\n");
   return kDone;
 }
 
 }  // namespace
 
-ExitStatus RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
-                          const std::function<void(Command)>& addCommands) {
+ExitStatus RunCommandLine(const std::vector<std::string>& words, const std::string& description,
+                          const std::string& version, const std::function<void(Command)>& addCommands) {
   CLI::App app(description, "qxtool");
+  app.allow_windows_style_options(false);  // a word with a slash is a file on every system
   UseHelpFormat(app);
   ExitStatus status = kDone;
   addCommands(Command(app, status));
   AddHelpCommand(app);
   app.set_version_flag("--version", version, "Show the version");
-  if (argc > 1 && std::string_view(argv[1]) == "--complete") return PrintCandidates(app, argc, argv);
+  if (!words.empty() && words[0] == "--complete") return PrintCandidates(app, words);
   try {
-    app.parse(argc, argv);
+    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
   } catch (const CLI::CallForHelp&) {
     PrintBytes(app.help());
   } catch (const CLI::CallForVersion&) {

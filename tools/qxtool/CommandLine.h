@@ -109,9 +109,9 @@ class Command {
   ExitStatus* status_;
 };
 
-/// Reads the command line and runs the command that it names.
+/// Reads the words behind the program's name, and runs the command that they name.
 /// @throws Failure for misuse.
-ExitStatus RunCommandLine(int argc, char** argv, const std::string& description, const std::string& version,
-                          const std::function<void(Command)>& addCommands);
+ExitStatus RunCommandLine(const std::vector<std::string>& words, const std::string& description,
+                          const std::string& version, const std::function<void(Command)>& addCommands);
 
 }  // namespace qxtool

@@ -11,10 +11,11 @@
 #include <system_error>
 
 #include "Commands.h"
-#include "System.h"
+#include "PathOf.h"
 #include "TextIo.h"
 #include "Transcoder.h"
 #include "Utf8Width.h"
+#include "platform/System.h"
 
 namespace qxtool {
 
@@ -33,7 +34,7 @@ struct Options {
 class Input {
  public:
   explicit Input(const std::string& name)
-      : name_(name), file_(name == "-" ? stdin : std::fopen(name.c_str(), "rb"), Close) {
+      : name_(name), file_(name == "-" ? stdin : OpenToRead(name), Close) {
     if (file_ == nullptr) Raise();
   }
 
@@ -82,7 +83,7 @@ class Progress {
  public:
   explicit Progress(const std::string& fileName) {
     std::error_code ignored;
-    const auto size = std::filesystem::file_size(fileName, ignored);
+    const auto size = std::filesystem::file_size(PathOf(fileName), ignored);
     if (!ignored) total_ = static_cast<double>(size) / kMegabyte;
   }
   ~Progress() {

@@ -7,8 +7,10 @@
 #include <memory>
 
 #include "Commands.h"
+#include "PathOf.h"
 #include "TextIo.h"
 #include "TextTable.h"
+#include "platform/System.h"
 
 namespace qxtool {
 
@@ -27,9 +29,18 @@ struct Options {
 };
 
 /// A path below the current folder would mean another file in another folder.
-std::string PathOf(const std::string& program) {
-  if (program.find('/') == std::string::npos) return program;
-  return std::filesystem::absolute(program).lexically_normal().string();
+std::string AbsoluteName(const std::string& program) {
+  std::filesystem::path path = PathOf(program);
+  if (!path.has_parent_path()) return program;
+  path = std::filesystem::absolute(path).lexically_normal().make_preferred();
+  const std::u8string name = path.u8string();
+  return std::string(name.begin(), name.end());
+}
+
+/// A program as the library takes it.
+std::string ProgramOf(const std::string& argument) {
+  const std::string program = AbsoluteName(argument);
+  return ArgumentsAreText() ? FromArgument(program) : program;
 }
 
 /// Calls `take` with the arguments of a registration, as the library wants them.
@@ -40,7 +51,7 @@ auto WithArguments(const Options& options, Take&& take) {
   // They share a key then, and the description would take the place of the type's name.
   if (SameText(options.extension, options.type))
     throw Failure(Visible(options.type) + ": a type needs another name than its extension");
-  return take(FromArgument(options.extension), FromArgument(options.type), PathOf(options.program),
+  return take(FromArgument(options.extension), FromArgument(options.type), ProgramOf(options.program),
               FromArgument(options.description), options.icon);
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "Commands.h"
+#include "PathOf.h"
 #include "TextIo.h"
 #include "TextTable.h"
 
@@ -76,7 +77,7 @@ void Pack(const Options& options) {
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     const std::string name = PieceFile(options, k);
     std::error_code ignored;
-    if (!std::filesystem::exists(name, ignored)) continue;
+    if (!std::filesystem::exists(PathOf(name), ignored)) continue;
     WithSubject(name, [&] { pieces[k].LoadFromFile(name); });
     ++found;
   }
@@ -88,7 +89,7 @@ void Pack(const Options& options) {
 void Unpack(const Options& options) {
   TFrameBitmaps pieces;
   Load(options.frame, pieces);
-  WithSubject(options.folder, [&] { std::filesystem::create_directories(options.folder); });
+  WithSubject(options.folder, [&] { std::filesystem::create_directories(PathOf(options.folder)); });
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     const std::string name = PieceFile(options, k);
     WithSubject(name, [&] { pieces[k].SaveToFile(name); });

@@ -1,7 +1,5 @@
 #include "RunStatement.h"
 
-#include <unistd.h>
-
 #include <cstdio>
 #include <memory>
 
@@ -11,6 +9,7 @@
 #include "TextTable.h"
 #include "Utf8Width.h"
 #include "database/Odbc.h"
+#include "platform/System.h"
 
 namespace qxtool {
 
@@ -53,7 +52,7 @@ class Run {
 
  private:
   /// Rows that stream to the terminal show by themselves that something goes on.
-  bool ShowsProgress() const { return isatty(STDERR_FILENO) && !(csv_ && isatty(STDOUT_FILENO)); }
+  bool ShowsProgress() const { return IsTerminal(stderr) && !(csv_ && IsTerminal(stdout)); }
 
   bool Fetch() {
     if (!watch_.During([&] { return statement_.Fetch(); })) return false;
@@ -159,7 +158,7 @@ class Run {
   void Tell(const std::string& line) {
     watch_.Clear();
     FlushOutput();  // rows and messages that go to one file keep their order
-    std::fprintf(stderr, "%s\n", line.c_str());
+    Write(stderr, line + "\n", GetEncoding().utf8Terminal);
   }
 
   void TellMessages() {

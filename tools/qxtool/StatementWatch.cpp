@@ -1,11 +1,7 @@
 #include "StatementWatch.h"
 
-#include <pthread.h>
-
-#include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <ctime>
 
 #include "TextIo.h"
 
@@ -16,35 +12,24 @@ namespace {
 // A call that ends by itself so soon need not be cancelled. Some drivers close the result when they cancel,
 // without a look at the call that is using it: between the short calls that fetch rows that would go wrong.
 constexpr auto kGrace = std::chrono::milliseconds(100);
-constexpr long kTick = 100'000'000;       // nanoseconds
 constexpr unsigned kTicksOfPatience = 5;  // what is done sooner shows no progress
 
 }  // namespace
 
 StatementWatch::StatementWatch(database::Statement& statement, bool progress)
-    : statement_(statement), progress_(progress) {
-  sigemptyset(&interrupt_);
-  struct sigaction action {};
-  sigaction(SIGINT, nullptr, &action);
-  // A program started in the background is to ignore Ctrl-C.
-  if (action.sa_handler != SIG_IGN) sigaddset(&interrupt_, SIGINT);
-  sigset_t blocked = interrupt_;
-  sigaddset(&blocked, SIGUSR1);  // ends the waiting
-  pthread_sigmask(SIG_BLOCK, &blocked, &previous_);
-  waiter_ = std::thread([this] { Wait(); });
-}
+    : statement_(statement), progress_(progress), waiter_([this] { Wait(); }) {}
 
 StatementWatch::~StatementWatch() {
   {
     const std::lock_guard lock(mutex_);
     done_ = true;
     changed_.notify_all();
-    pthread_kill(waiter_.native_handle(), SIGUSR1);
+    interrupts_.Wake(waiter_);
   }
   waiter_.join();
   Clear();
-  if (asked_) SwallowInterrupts();
-  pthread_sigmask(SIG_SETMASK, &previous_, nullptr);
+  // A key that was pressed, or a signal that was sent, twice at once means the same.
+  if (asked_) interrupts_.Forget();
 }
 
 void StatementWatch::Enter() {
@@ -69,15 +54,12 @@ void StatementWatch::Clear() {
 // --- The waiting thread ------------------------------------------------------------------------------
 
 void StatementWatch::Wait() {
-  sigset_t awaited = interrupt_;
-  sigaddset(&awaited, SIGUSR1);
   for (;;) {
-    const timespec tick{0, kTick};
-    const int signal = sigtimedwait(&awaited, nullptr, &tick);
-    if (signal == SIGINT) return Cancel();
+    const Interrupts::Event event = interrupts_.Wait();
+    if (event == Interrupts::Event::kCtrlC) return Cancel();
     const std::lock_guard lock(mutex_);
     if (done_) return;
-    if (signal < 0 && errno == EAGAIN && progress_) ShowProgress();
+    if (event == Interrupts::Event::kTick && progress_) ShowProgress();
   }
 }
 
@@ -86,19 +68,11 @@ void StatementWatch::Cancel() {
   asked_ = true;
   if (!changed_.wait_for(lock, kGrace, [this] { return done_ || !inCall_; })) {
     cancelled_ = true;
-    SwallowInterrupts();
-    signal(SIGINT, SIG_DFL);
-    pthread_sigmask(SIG_UNBLOCK, &interrupt_, nullptr);
+    interrupts_.Forget();
+    interrupts_.LetEnd();
     statement_.Cancel();
   }
   changed_.wait(lock, [this] { return done_; });
-}
-
-/// A key that was pressed, or a signal that was sent, twice at once means the same.
-void StatementWatch::SwallowInterrupts() {
-  const timespec now{};
-  while (sigtimedwait(&interrupt_, nullptr, &now) == SIGINT) {
-  }
 }
 
 /// Only while a call runs, so that it never comes between other output.

@@ -1,8 +1,6 @@
 // Looks after a running statement: Ctrl-C cancels it, and a terminal sees that it is at work.
 #pragma once
 
-#include <signal.h>
-
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
@@ -10,6 +8,7 @@
 #include <thread>
 
 #include "database/Odbc.h"
+#include "platform/Interrupts.h"
 
 namespace qxtool {
 
@@ -47,7 +46,6 @@ class StatementWatch {
   void Leave();
   void Wait();
   void Cancel();
-  void SwallowInterrupts();
   void ShowProgress();
 
   database::Statement& statement_;
@@ -63,8 +61,7 @@ class StatementWatch {
   bool shown_ = false;
   unsigned ticks_ = 0;
 
-  sigset_t interrupt_{};
-  sigset_t previous_{};
+  Interrupts interrupts_;
   std::thread waiter_;
 };
 

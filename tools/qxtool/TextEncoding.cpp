@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "System.h"
 #include "TextIo.h"
+#include "platform/System.h"
 
 namespace qxtool {
 

@@ -12,9 +12,10 @@
 #include <filesystem>
 #include <system_error>
 
-#include "System.h"
+#include "PathOf.h"
 #include "Utf8Width.h"
 #include "database/Charset.h"
+#include "platform/System.h"
 
 namespace qxtool {
 
@@ -77,7 +78,7 @@ std::string FromArgument(const std::string& argument) {
 }
 
 void UseEncodingOfLocale() {
-  GetEncoding().utf8Terminal = LocaleIsUtf8();
+  GetEncoding().utf8Terminal = TerminalIsUtf8();
   GetEncoding().utf8Output = GetEncoding().utf8Terminal && IsTerminal(stdout);
 }
 
@@ -102,7 +103,7 @@ namespace {
 }  // namespace
 
 void PrintBytes(std::string_view bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size()) FailOutput();
+  if (!Write(stdout, bytes, GetEncoding().utf8Output)) FailOutput();
 }
 
 void FlushOutput() {
@@ -110,11 +111,12 @@ void FlushOutput() {
 }
 
 void PrintError(const std::string& message) {
-  std::fprintf(stderr, "%s %s\n", Emphasised("qxtool:", Emphasis::kError, stderr).c_str(), message.c_str());
+  Write(stderr, Emphasised("qxtool:", Emphasis::kError, stderr) + " " + message + "\n",
+        GetEncoding().utf8Terminal);
 }
 
 void PrintReport(const std::string& line) {
-  if (std::fprintf(stderr, "%s\n", line.c_str()) < 0) throw Failure("standard error: " + Reason());
+  if (!Write(stderr, line + "\n", GetEncoding().utf8Terminal)) throw Failure("standard error: " + Reason());
 }
 
 namespace {
@@ -132,8 +134,9 @@ std::string FileBytes(const std::string& fileName, const std::string& text) {
 
 void SaveText(const std::string& fileName, const std::string& text) {
   std::error_code ignored;
+  const std::filesystem::path path = PathOf(fileName);
   const bool isOther =
-      std::filesystem::exists(fileName, ignored) && !std::filesystem::is_regular_file(fileName, ignored);
+      std::filesystem::exists(path, ignored) && !std::filesystem::is_regular_file(path, ignored);
   if (!isOther) return HeldText(fileName, qxTools::IfMissing::kMake).Save(text);
   WithSubject(fileName, [&] { qxTools::SaveWholeFile(fileName, FileBytes(fileName, text)); });
 }
@@ -160,8 +163,7 @@ bool IsSet(const char* variable) {
 }
 
 bool ShowsColour(std::FILE* stream) {
-  const char* const terminal = std::getenv("TERM");
-  return IsTerminal(stream) && !IsSet("NO_COLOR") && IsSet("TERM") && std::string_view(terminal) != "dumb";
+  return IsTerminal(stream) && !IsSet("NO_COLOR") && ShowsColours(stream);
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 #include "Utf8Width.h"
 
-#include <clocale>
 #include <cstdio>
-#include <cwchar>
 
-#include "database/Utf8Locale.h"
+#include "database/Utf16.h"
+#include "platform/System.h"
 
 namespace qxtool {
 
@@ -14,14 +13,12 @@ namespace {
 /// for a byte that is not UTF-8.
 template <class Visit>
 void ForEachCharacter(std::string_view utf8, Visit&& visit) {
-  const Utf8Locale locale;
   while (!utf8.empty()) {
-    wchar_t character = 0;
-    std::mbstate_t state{};
-    std::size_t length = std::mbrtowc(&character, utf8.data(), utf8.size(), &state);
-    const bool valid = length != 0 && length <= utf8.size();
-    if (!valid) length = 1;
-    visit(utf8.substr(0, length), valid ? wcwidth(character) : -1);
+    std::string_view rest = utf8;
+    const char32_t character = database::TakeCharacter(rest);
+    const bool valid = character != 0 && character != database::kNoCharacter;
+    const std::size_t length = valid ? utf8.size() - rest.size() : 1;
+    visit(utf8.substr(0, length), valid ? ColumnsOf(character) : -1);
     utf8.remove_prefix(length);
   }
 }

@@ -2,8 +2,8 @@
 #include <string>
 
 #include "Commands.h"
-#include "System.h"
 #include "TextIo.h"
+#include "platform/System.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ void AddCommands(qxtool::Command program) {
   program.Switch(
       "--cp950-terminal",
       [&encoding] {
-        encoding = {false, false, false};
+        encoding = {false, qxtool::ArgumentsAreText(), false};
       },
       "Arguments, output and files are code page 950, whatever the locale says");
   qxtool::AddCallCommand(program);
@@ -45,11 +45,10 @@ qxtool::ExitStatus Fail(const std::string& message) {
   return qxtool::kFailed;
 }
 
-int Run(int argc, char** argv) {
+int Run(const std::vector<std::string>& words) {
   qxtool::UseEncodingOfLocale();
-  const qxtool::ExitStatus status =
-      qxtool::RunCommandLine(argc, argv, "Work with statements and files of qxTools applications",
-                             "qxtool " QXTOOL_VERSION, AddCommands);
+  const qxtool::ExitStatus status = qxtool::RunCommandLine(
+      words, "Work with statements and files of qxTools applications", "qxtool " QXTOOL_VERSION, AddCommands);
   qxtool::FlushOutput();
   return status;
 }
@@ -59,7 +58,7 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   qxtool::PrepareStandardStreams();
   try {
-    return Run(argc, argv);
+    return Run(qxtool::Arguments(argc, argv));
   } catch (const qxtool::ClosedPipe&) {
     qxtool::EndByClosedPipe();
     return qxtool::kFailed;

@@ -31,6 +31,12 @@ std::wstring FromUtf8(std::string_view text) {
   return wide;
 }
 
+/// Wide text in the encoding of file names.
+std::string InFileNames(std::wstring_view text) {
+  const std::string bytes = WideToBytes(Units(text));
+  return encoding == feUtf8 ? BytesToUtf8(bytes) : bytes;
+}
+
 std::wstring Absolute(const std::wstring& path) {
   std::wstring full(::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
   full.resize(::GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
@@ -68,7 +74,7 @@ std::string ReasonOf(unsigned long error) {
   const DWORD length = ::FormatMessageW(
       FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK, nullptr,
       error, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
-  std::string reason = FromWide({text, length});
+  std::string reason = InFileNames({text, length});
   reason.erase(reason.find_last_not_of(" .") + 1);
   return reason.empty() ? "Error " + std::to_string(error) : reason;
 }

@@ -16,7 +16,8 @@ std::string FromWide(std::wstring_view text);
 /// with the prefix of long paths where it would be too long otherwise. "" for a name that holds a NUL.
 std::wstring WidePath(const std::string& fileName);
 
-/// What the system says of an error of its functions, without the line break at the end.
+/// What the system says of an error of its functions, without the line break at the end. It goes into a
+/// message beside a file name, so it has the encoding of file names.
 std::string ReasonOf(unsigned long error);
 
 }  // namespace qxTools

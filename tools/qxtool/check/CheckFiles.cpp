@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "FileKinds.h"
+#include "PathOf.h"
 
 namespace qxtool::check {
 
@@ -22,11 +23,11 @@ namespace {
 
 void AddFolder(const std::string& folder, std::vector<FileToCheck>& files) {
   const std::size_t first = files.size();
-  fs::recursive_directory_iterator entry(folder);
+  fs::recursive_directory_iterator entry(PathOf(folder));
   for (; entry != fs::recursive_directory_iterator(); ++entry) {
-    const bool hidden = entry->path().filename().string().starts_with('.');
+    const bool hidden = entry->path().filename().generic_string().starts_with('.');
     if (hidden && entry->is_directory()) entry.disable_recursion_pending();
-    if (!hidden && entry->is_regular_file()) files.push_back({entry->path().string(), false});
+    if (!hidden && entry->is_regular_file()) files.push_back({entry->path().generic_string(), false});
   }
   std::sort(files.begin() + static_cast<std::ptrdiff_t>(first), files.end(),
             [](const FileToCheck& a, const FileToCheck& b) { return a.path < b.path; });
@@ -67,13 +68,13 @@ class BudgetShare {
 
 std::uint64_t SizeOf(const std::string& path) {
   std::error_code ignored;
-  const std::uint64_t size = fs::file_size(path, ignored);
+  const std::uint64_t size = fs::file_size(PathOf(path), ignored);
   return ignored ? 0 : size;
 }
 
 bool IsWorthReading(const FileToCheck& file) {
   if (file.named || HasKnownExtension(file.path)) return true;
-  std::ifstream stream(file.path, std::ios::binary);
+  std::ifstream stream(PathOf(file.path), std::ios::binary);
   char head[4096];
   stream.read(head, sizeof head);
   return HasKnownMarks({head, static_cast<std::size_t>(stream.gcount())});
@@ -143,11 +144,11 @@ std::vector<FileToCheck> FindFiles(const std::vector<std::string>& paths) {
   std::vector<FileToCheck> files;
   for (const std::string& path : paths) {
     std::error_code ignored;
-    if (!fs::exists(path, ignored)) throw qxTools::Exception(path + ": no such file or folder");
+    if (!fs::exists(PathOf(path), ignored)) throw qxTools::Exception(path + ": no such file or folder");
     try {
-      fs::is_directory(path) ? AddFolder(path, files) : files.push_back({path, true});
+      fs::is_directory(PathOf(path)) ? AddFolder(path, files) : files.push_back({path, true});
     } catch (const fs::filesystem_error& e) {
-      throw qxTools::Exception(path + ": " + e.code().message());
+      throw qxTools::Exception(path + ": " + e.code().default_error_condition().message());
     }
   }
   return files;

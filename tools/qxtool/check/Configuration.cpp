@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "PathOf.h"
+
 namespace qxtool::check {
 
 namespace {
@@ -99,8 +101,10 @@ Configuration::Configuration(const std::string& text, std::string folder) : fold
 
 FileOptions Configuration::For(const std::string& path, FileOptions options) const {
   if (entries_.empty()) return options;
-  const std::string place =
-      std::filesystem::absolute(path).lexically_normal().lexically_relative(folder_).generic_string();
+  const std::string place = std::filesystem::absolute(PathOf(path))
+                                .lexically_normal()
+                                .lexically_relative(PathOf(folder_))
+                                .generic_string();
   for (const Entry& entry : entries_)
     if (Fits(entry.pattern, place)) Apply(entry.name, entry.value, options);
   return options;

@@ -1,15 +1,12 @@
 #include "database/Odbc.h"
 
-#include <sql.h>
-#include <sqlext.h>
-#include <sqlucode.h>
-
 #include <algorithm>
 #include <limits>
 #include <utility>
 
+#include "OdbcHeaders.h"
+#include "Utf8Locale.h"
 #include "database/Utf16.h"
-#include "database/Utf8Locale.h"
 
 namespace qxtool::database {
 

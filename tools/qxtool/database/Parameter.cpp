@@ -2,12 +2,11 @@
 
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/runtime/DateTime.h>
-#include <sql.h>
-#include <sqlext.h>
 
 #include <algorithm>
 #include <cmath>
 
+#include "OdbcHeaders.h"
 #include "database/Charset.h"
 #include "database/Utf16.h"
 

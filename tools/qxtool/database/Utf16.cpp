@@ -2,26 +2,23 @@
 
 namespace qxtool::database {
 
-namespace {
-
-constexpr char32_t kInvalid = 0xFFFFFFFF;
-
-/// The character at the front, which is removed; kInvalid if it is none.
 char32_t TakeCharacter(std::string_view& utf8) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
   const unsigned lead = byte(0);
   const std::size_t size = lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  if (size == 0 || lead > 0xF4 || utf8.size() < size) return kInvalid;
+  if (size == 0 || lead > 0xF4 || utf8.size() < size) return kNoCharacter;
   char32_t character = size == 1 ? lead : lead & (0x7Fu >> size);
   for (std::size_t i = 1; i < size; ++i) {
-    if ((byte(i) & 0xC0) != 0x80) return kInvalid;
+    if ((byte(i) & 0xC0) != 0x80) return kNoCharacter;
     character = character << 6 | (byte(i) & 0x3Fu);
   }
   utf8.remove_prefix(size);
   const bool isLong = (size == 3 && character < 0x800) || (size == 4 && character < 0x10000);
   const bool isSurrogate = character >= 0xD800 && character < 0xE000;
-  return isLong || isSurrogate || character > 0x10FFFF ? kInvalid : character;
+  return isLong || isSurrogate || character > 0x10FFFF ? kNoCharacter : character;
 }
+
+namespace {
 
 char32_t TakeCharacter(std::u16string_view& utf16) {
   const char32_t first = utf16[0];
@@ -49,7 +46,7 @@ std::optional<std::u16string> ToUtf16(std::string_view utf8) {
   utf16.reserve(utf8.size());
   while (!utf8.empty()) {
     const char32_t character = TakeCharacter(utf8);
-    if (character == kInvalid) return std::nullopt;
+    if (character == kNoCharacter) return std::nullopt;
     if (character >= 0x10000) utf16 += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
     utf16 += static_cast<char16_t>(character < 0x10000 ? character : 0xDC00 + (character & 0x3FF));
   }

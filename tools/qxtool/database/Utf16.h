@@ -7,6 +7,13 @@
 
 namespace qxtool::database {
 
+/// What no character is.
+inline constexpr char32_t kNoCharacter = 0xFFFFFFFF;
+
+/// The character that a text, which is not empty, begins with, and removes it; kNoCharacter if it begins with
+/// none.
+char32_t TakeCharacter(std::string_view& utf8);
+
 /// Nothing if the text is not UTF-8.
 std::optional<std::u16string> ToUtf16(std::string_view utf8);
 

@@ -1,21 +1,34 @@
-#include "System.h"
+#include "platform/System.h"
 
 #include <fcntl.h>
 #include <iconv.h>
 #include <langinfo.h>
 #include <locale.h>
 #include <unistd.h>
+#include <wchar.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <string>
 
 #include "TextIo.h"
+#include "Utf8Locale.h"
 
 namespace qxtool {
 
-// --- Streams -----------------------------------------------------------------------------------------
+// --- Arguments and file names ------------------------------------------------------------------------
+
+std::vector<std::string> Arguments(int argc, char** argv) { return {argv + std::min(argc, 1), argv + argc}; }
+
+bool ArgumentsAreText() { return false; }
+
+std::FILE* OpenToRead(const std::string& fileName) { return std::fopen(fileName.c_str(), "rb"); }
+
+std::string CheckPage() { return QXTOOL_CHECK_PAGE; }
+
+// --- Standard streams --------------------------------------------------------------------------------
 
 void PrepareStandardStreams() {
   std::signal(SIGPIPE, SIG_IGN);
@@ -35,7 +48,16 @@ void EndByClosedPipe() {
 
 bool IsTerminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
 
-// --- Character sets ----------------------------------------------------------------------------------
+bool ShowsColours(std::FILE*) {
+  const char* const terminal = std::getenv("TERM");
+  return terminal != nullptr && *terminal != '\0' && std::string_view(terminal) != "dumb";
+}
+
+bool Write(std::FILE* stream, std::string_view text, bool) {
+  return std::fwrite(text.data(), 1, text.size(), stream) == text.size();
+}
+
+// --- Characters --------------------------------------------------------------------------------------
 
 namespace {
 
@@ -58,7 +80,7 @@ std::string NamedCodeset() {
 
 }  // namespace
 
-bool LocaleIsUtf8() {
+bool TerminalIsUtf8() {
   const locale_t locale = newlocale(LC_CTYPE_MASK, "", nullptr);
   if (locale == nullptr) return NamesUtf8(NamedCodeset());
   const std::string codeset = nl_langinfo_l(CODESET, locale);
@@ -66,11 +88,25 @@ bool LocaleIsUtf8() {
   return NamesUtf8(codeset);
 }
 
-SystemCharset::SystemCharset(const char* name) : converter_(iconv_open("UTF-16LE", name)) {
-  if (converter_ == iconv_t(-1)) throw Failure(std::string("this system has no table of ") + name);
+int ColumnsOf(char32_t character) {
+  const Utf8Locale locale;
+  return wcwidth(static_cast<wchar_t>(character));
 }
 
-SystemCharset::~SystemCharset() { iconv_close(converter_); }
+struct SystemCharset::State {
+  explicit State(const char* name) : converter(iconv_open("UTF-16LE", name)) {
+    if (converter == iconv_t(-1)) throw Failure(std::string("this system has no table of ") + name);
+  }
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+  ~State() { iconv_close(converter); }
+
+  iconv_t converter;
+};
+
+SystemCharset::SystemCharset(const char* name) : state_(std::make_unique<State>(name)) {}
+
+SystemCharset::~SystemCharset() = default;
 
 char16_t SystemCharset::Unit(unsigned char lead, unsigned char trail) const {
   char code[] = {static_cast<char>(lead), static_cast<char>(trail)};
@@ -79,8 +115,9 @@ char16_t SystemCharset::Unit(unsigned char lead, unsigned char trail) const {
   char* out = reinterpret_cast<char*>(unit);
   std::size_t inLeft = sizeof code;
   std::size_t outLeft = sizeof unit;
-  iconv(converter_, nullptr, nullptr, nullptr, nullptr);
-  const bool converted = iconv(converter_, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1);
+  iconv(state_->converter, nullptr, nullptr, nullptr, nullptr);
+  const bool converted =
+      iconv(state_->converter, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1);
   return converted && outLeft == 2 ? static_cast<char16_t>(unit[0] | unit[1] << 8) : u'\0';
 }
 

@@ -1,0 +1,18 @@
+# qxtools_header_only(<package> <version> <target> <header>): a library that is headers only. A cross build takes the
+# build machine's: it sees these headers alone, since the others beside them are of another system.
+function(qxtools_header_only package version target header)
+  if(NOT CMAKE_CROSSCOMPILING)
+    find_package(${package} ${version} REQUIRED GLOBAL)
+    return()
+  endif()
+  if(TARGET ${target})
+    return()
+  endif()
+  find_path(QXTOOLS_${package} ${header} REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+  cmake_path(GET header PARENT_PATH folder)
+  set(headers ${PROJECT_BINARY_DIR}/headers)
+  file(MAKE_DIRECTORY ${headers})
+  file(CREATE_LINK ${QXTOOLS_${package}}/${folder} ${headers}/${folder} SYMBOLIC)
+  add_library(${target} INTERFACE IMPORTED GLOBAL)
+  target_include_directories(${target} INTERFACE ${headers})
+endfunction()

@@ -1,0 +1,6 @@
+// The interface of ODBC.
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+#include <sqlucode.h>
