@@ -82,10 +82,12 @@ def lines_of(works, goals):
 
 
 def lines(times, memory):
-    """All lines in the order of the table. Of memory only those that have a goal."""
+    """All lines in the order of the table: memory where it has a goal, time unless memory alone has one."""
     goals = read_goals()
-    by_memory = lines_of(memory, [goal for goal in goals if goal.is_memory])
-    found = [*lines_of(times, [goal for goal in goals if not goal.is_memory]), *(line for line in by_memory if line.goal)]
+    by_memory = [line for line in lines_of(memory, [goal for goal in goals if goal.is_memory]) if line.goal]
+    by_time = lines_of(times, [goal for goal in goals if not goal.is_memory])
+    only_memory = {line.work for line in by_memory}
+    found = by_memory + [line for line in by_time if line.goal or line.work not in only_memory]
     return sorted(found, key=lambda line: line.place)
 
 

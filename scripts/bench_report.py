@@ -22,7 +22,8 @@ Every row is measured beside what one would use otherwise, in one run of `script
 - *growth* is the slope of log(time) over log(size) from the smallest to the largest size: 1 is linear. Rows of the canvas and
   of bitmaps give the side of a square, so that 2 is linear there. Caches show: 1,000,000 nodes do not fit where 10,000 do.
 - *memory* is the most that the row held at one time, with its own data, but not with data that several rows share. Memory is
-  taken and given back as in any program. In the section `commands` it is the most that the whole process had.
+  taken and given back as in any program. In the section `commands` it is the most that a whole process had; for large cases
+  (`peak.`) less what an empty program has, with the input. Converted text goes to `/dev/null`, ours with a report.
 
 `scripts/bench --growth` counts instructions instead, and fails where a row grows faster than its size.
 

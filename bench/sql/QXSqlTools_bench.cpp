@@ -18,6 +18,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "sql/Statement.h"
+
 namespace {
 
 using namespace qxTools;
@@ -27,19 +29,6 @@ using QXSqlTools::TQXSQL;
 using Bytes = std::size_t;
 
 // --- Input -------------------------------------------------------------------------------------------
-
-/// A statement of about `size` bytes that names `names` different parameters, one every 25 bytes, and holds a
-/// literal now and then. All names are of one length, so that none begins another.
-std::string Statement(Bytes size, std::size_t names) {
-  std::string text;
-  text.reserve(size + 100);
-  for (std::size_t i = 0; text.size() < size; ++i) {
-    text += " and Col = @MM_P" + std::to_string(1000000 + i % names);
-    if (i % 10 == 0) text += " or Kind = 'old'";
-    if (i % 4 == 0) text += "\r\n";
-  }
-  return text + "\r\n";
-}
 
 std::vector<std::string> Values(std::size_t count) {
   std::vector<std::string> values;
