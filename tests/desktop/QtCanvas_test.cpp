@@ -11,7 +11,7 @@
 #include <cmath>
 
 #include "desktop/Application.h"
-#include "support/Picture.h"
+#include "support/RandomPicture.h"
 #include "support/Testing.h"
 
 namespace qxTools::test {
@@ -21,7 +21,6 @@ namespace {
 using desktop::QtCanvas;
 
 constexpr Integer kSide = 64;
-constexpr char kStamp[] = "012\n345\n";
 constexpr char kOrder[] = "\xAD\x71\xB3\xE6";  // 訂單
 
 /// A picture of the core as Qt shows it: each pixel has those of the surface that its rounded sides enclose.
@@ -38,34 +37,6 @@ QImage ImageOf(const TBitmap& bitmap, double ratio = 1) {
 }
 
 QImage QtPaper(double ratio = 1) { return ImageOf(Paper(kSide, kSide), ratio); }
-
-/// Random lines, polygons, fills and copies of `stamp`, the same for the same seed, under controls and a
-/// frame.
-void DrawAtRandom(TCanvas& canvas, unsigned seed, const char* stamp = kStamp) {
-  std::mt19937 random(seed);
-  const auto place = [&random] { return static_cast<Integer>(random() % 90) - 15; };
-  const auto rect = [&place] { return TRect{place(), place(), place(), place()}; };
-  TBitmap bitmap;
-  Paint(bitmap, stamp);
-  for (int i = 0; i < 8; ++i) {
-    canvas.SetPenColor(kInks[random() % std::size(kInks)].color);
-    canvas.SetBrushColor(kInks[random() % std::size(kInks)].color);
-    const TPoint corners[] = {{place(), place()}, {place(), place()}, {place(), place()}};
-    canvas.Polygon(corners);
-    canvas.LineTo(place(), place());
-    canvas.FillRect(rect());
-    canvas.CopyRect(rect(), bitmap, rect());
-    canvas.CopyRect(rect(), bitmap);
-  }
-  qxDrawTools::DrawButton(canvas, {1, 1, 20, 10}, true);
-  qxDrawTools::DrawBox(canvas, {22, 1, 40, 10}, false);
-  for (const auto direction : {qxDrawTools::daLeft, qxDrawTools::daTop})
-    qxDrawTools::Draw3Angle(canvas, {1, 12, 20, 30}, direction, ColorOf('r'));
-  qxDrawTools::DrawTabset(canvas, {22, 12, 60, 24}, ColorOf('r'), 0, "", false);
-  qxDrawTools::TFrameBitmaps pieces;
-  for (TBitmap& piece : pieces) Paint(piece, stamp);
-  qxDrawTools::DrawFrameWithBMP(canvas, {1, 32, 60, 60}, pieces);
-}
 
 /// What that gives on the core's own canvas.
 QImage Expected(unsigned seed, double ratio = 1, const char* stamp = kStamp) {

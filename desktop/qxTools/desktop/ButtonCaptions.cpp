@@ -32,4 +32,10 @@ const ButtonCaption& CaptionOf(TDialogButton button) {
   return kCaptions[i];
 }
 
+TDialogButtons DefaultButton(TDialogButtons buttons) {
+  for (const TDialogButtons button : {dbOK, dbYes, dbRetry})
+    if ((buttons & button) != 0) return button;
+  return 0;
+}
+
 }  // namespace qxTools::desktop

@@ -1,4 +1,4 @@
-// The captions of message dialogs' buttons, for every host.
+// The buttons of message dialogs, for every host: their captions, and which one the Enter key presses.
 #pragma once
 
 #include <qxTools/painting/MessageDialog.h>
@@ -13,5 +13,9 @@ struct ButtonCaption {
 
 /// Returns the captions of one button.
 const ButtonCaption& CaptionOf(TDialogButton button);
+
+/// Returns the button that the Enter key presses at first: OK, Yes or Retry, the first of these that there
+/// is. Returns 0 if there is none.
+TDialogButtons DefaultButton(TDialogButtons buttons);
 
 }  // namespace qxTools::desktop

@@ -1,5 +1,6 @@
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/desktop/Desktop.h>
+#include <qxTools/desktop/Services.h>
 #include <qxTools/desktop/qt/BitmapText.h>
 #include <qxTools/desktop/qt/QtDialogs.h>
 #include <qxTools/desktop/qt/QtScreen.h>
@@ -13,18 +14,8 @@ namespace qxTools::desktop {
 class Desktop::Parts : public QObject {
  public:
   Parts() {
-    SetTextPainter(&text_);
-    SetScreenSource(&screen_);
-    SetDialogService(&dialogs_);
     SetSystemColors(SystemColorsOf(QApplication::palette()));
     QCoreApplication::instance()->installEventFilter(this);
-  }
-
-  ~Parts() override {
-    SetSystemColors(DefaultSystemColors());
-    SetDialogService(nullptr);
-    SetScreenSource(nullptr);
-    SetTextPainter(nullptr);
   }
 
   bool eventFilter(QObject* receiver, QEvent* event) override {
@@ -37,6 +28,7 @@ class Desktop::Parts : public QObject {
   BitmapText text_;
   QtScreen screen_;
   QtDialogs dialogs_;
+  const Services services_{text_, screen_, dialogs_};
 };
 
 Desktop::Desktop() {

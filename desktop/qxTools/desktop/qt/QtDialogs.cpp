@@ -47,10 +47,6 @@ constexpr Button kButtons[] = {
 constexpr QStyle::StandardPixmap kIcons[] = {QStyle::SP_MessageBoxWarning, QStyle::SP_MessageBoxCritical,
                                              QStyle::SP_MessageBoxInformation, QStyle::SP_MessageBoxQuestion};
 
-/// The button that the Enter key presses: the first of these that there is.
-constexpr QDialogButtonBox::StandardButton kDefaultButtons[] = {QDialogButtonBox::Ok, QDialogButtonBox::Yes,
-                                                                QDialogButtonBox::Retry};
-
 /// Whether the user reads Chinese, by the application's translators or its locale, which is the desktop's
 /// unless it was set.
 bool IsChinese() {
@@ -157,29 +153,24 @@ class Dialog final : public QDialog, public MessageDialog {
   QWidget* MakeButtons(TDialogButtons buttons) {
     auto* const box = new QDialogButtonBox;
     for (const Button& button : kButtons)
-      if ((buttons & button.button) != 0) AddButton(*box, button);
-    SetDefault(*box);
+      if ((buttons & button.button) != 0) AddButton(*box, button, button.button == DefaultButton(buttons));
     return box;
   }
 
-  void AddButton(QDialogButtonBox& box, const Button& button) {
+  void AddButton(QDialogButtonBox& box, const Button& button, bool isDefault) {
     QPushButton* const made =
         button.standard != QDialogButtonBox::NoButton
             ? box.addButton(button.standard)
             : box.addButton(QCoreApplication::translate("qxTools", "&All"), QDialogButtonBox::YesRole);
     made->setText(Translated(made->text(), button.button));
     made->setObjectName(button.name);
+    if (isDefault) {
+      made->setDefault(true);
+      made->setFocus();
+    }
     if (button.button == dbHelp) return;  // leaves the dialog open
     connect(made, &QPushButton::clicked, this,
             [this, result = GetDialogResult(button.button)] { done(result); });
-  }
-
-  static void SetDefault(const QDialogButtonBox& box) {
-    for (const QDialogButtonBox::StandardButton standard : kDefaultButtons)
-      if (QPushButton* const button = box.button(standard)) {
-        button->setDefault(true);
-        return button->setFocus();
-      }
   }
 
   /// The width that shows the whole caption between the window's icon and its buttons, where the screen has

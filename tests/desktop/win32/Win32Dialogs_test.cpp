@@ -1,0 +1,195 @@
+#include <windows.h>
+// After windows.h, whose macros they must survive.
+#include <qxTools/desktop/Desktop.h>
+#include <qxTools/shell/QXDialogs.h>
+
+#include <functional>
+
+#include "support/Testing.h"
+
+namespace qxTools::test {
+
+namespace {
+
+using QXDialogs::QX_MessageBox;
+
+constexpr TDialogButtons kAllButtons = (1U << 11) - 1;
+constexpr int kText = 101;
+
+struct Box {
+  TDialogButtons buttons = dbOK;
+  TDialogType type = dtConfirmation;
+  std::string_view title = "";
+  std::string_view message = "<b>A&B</b>\n\xAD\x71\xB3\xE6\r\nC";  // 訂單
+};
+
+std::function<void(HWND)> action;
+
+void CALLBACK Act(HWND, UINT, UINT_PTR timer, DWORD) {
+  HWND const window = ::FindWindowW(L"#32770", nullptr);
+  if (window == nullptr || ::IsWindowVisible(window) == FALSE) return;
+  ::KillTimer(nullptr, timer);
+  action(window);
+  ::PostMessageW(window, WM_CLOSE, 0, 0);
+}
+
+/// Shows a dialog, does something with its window once it is open, and closes it if that does not.
+Integer Answer(const Box& box, std::function<void(HWND)> wanted) {
+  const desktop::Desktop desktop;
+  action = std::move(wanted);
+  ::SetTimer(nullptr, 0, 10, Act);
+  return QX_MessageBox(box.message, box.type, box.buttons, box.title);
+}
+
+void Click(HWND window, int id) { ::PostMessageW(::GetDlgItem(window, id), BM_CLICK, 0, 0); }
+
+std::wstring TextOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+SIZE SizeOf(HWND window) {
+  RECT rect{};
+  ::GetWindowRect(window, &rect);
+  return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+std::wstring Clipboard() {
+  if (::OpenClipboard(nullptr) == FALSE) return L"(cannot be opened)";
+  const auto* const text = static_cast<const wchar_t*>(::GlobalLock(::GetClipboardData(CF_UNICODETEXT)));
+  const std::wstring copy = text != nullptr ? text : L"(no text)";
+  ::CloseClipboard();
+  return copy;
+}
+
+void Press(HWND window, WPARAM key, bool control = false) {
+  BYTE keys[256]{};
+  keys[VK_CONTROL] = control ? 0x80 : 0;
+  ::SetKeyboardState(keys);
+  ::PostMessageW(window, WM_KEYDOWN, key, 1);
+}
+
+TEST(Win32Dialogs, EveryButtonHasItsResultAndHelpLeavesTheDialogOpen) {
+  for (Integer result = 1; result <= 10; ++result)
+    EXPECT_EQ(Answer({kAllButtons},
+                     [result](HWND window) {
+                       ::SendMessageW(::GetDlgItem(window, 100), BM_CLICK, 0, 0);
+                       Click(window, result);
+                     }),
+              result);
+  Answer({dbYes | dbHelp}, [](HWND window) {
+    EXPECT_EQ(TextOf(::GetDlgItem(window, IDYES)), L"&Yes");
+    for (const int id : {IDOK, IDCANCEL, IDNO, 10}) EXPECT_EQ(::GetDlgItem(window, id), nullptr);
+  });
+}
+
+TEST(Win32Dialogs, ClosingAnswersAsTheOnlyButtonOrAsCancelAndEnterAsTheDefault) {
+  const auto nothing = [](HWND) {};
+  const auto enter = [](HWND) { Press(::GetFocus(), VK_RETURN); };
+  const auto escape = [](HWND) { Press(::GetFocus(), VK_ESCAPE); };
+  const struct {
+    int line;
+    TDialogButtons buttons;
+    std::function<void(HWND)> action;
+    Integer result;
+  } rows[] = {
+      {__LINE__, dbYes | dbNo, nothing, 2},
+      {__LINE__, dbOK | dbHelp, nothing, 1},
+      {__LINE__, dbOK | dbHelp, escape, 1},
+      {__LINE__, dbYes | dbNo, escape, 2},
+      {__LINE__, dbNo | dbYes, enter, 6},
+      {__LINE__, dbCancel | dbOK | dbYes, enter, 1},
+      {__LINE__, dbAbort | dbRetry | dbIgnore, enter, 4},
+      {__LINE__, 0, escape, 2},
+  };
+  for (const auto& row : rows) EXPECT_EQ(Answer({row.buttons}, row.action), row.result) << row.line;
+}
+
+TEST(Win32Dialogs, CaptionsAreThoseOfTheTypeUnlessGiven) {
+  const auto expect = [](TDialogType type, const char* title, const std::wstring& caption) {
+    Answer({dbOK, type, title}, [&](HWND window) {
+      EXPECT_EQ(TextOf(window), caption);
+      EXPECT_EQ(::GetDlgItem(window, 102) != nullptr, type != dtCustom);
+    });
+  };
+  expect(dtWarning, "", L"Warning");
+  expect(dtError, "", L"Error");
+  expect(dtInformation, "", L"Information");
+  expect(dtConfirmation, "", L"Confirm");
+  expect(dtCustom, "", L"Win32Dialogs_test");
+  expect(dtWarning, "\xAD\x71&\xB3\xE6", L"\x8A02&\x55AE");
+}
+
+TEST(Win32Dialogs, TextIsPlainAndIsCopiedWholeOrInPart) {
+  const std::wstring whole = L"<b>A&B</b>\r\n\x8A02\x55AE\r\nC";
+  Answer({}, [&](HWND window) {
+    HWND const text = ::GetDlgItem(window, kText);
+    EXPECT_EQ(TextOf(text), whole);
+    EXPECT_EQ(::SendMessageW(text, EM_GETLINECOUNT, 0, 0), 3);
+    Press(::GetFocus(), 'C', true);
+    Click(window, IDOK);
+  });
+  EXPECT_EQ(Clipboard(), whole);
+  Answer({}, [](HWND window) {
+    HWND const text = ::GetDlgItem(window, kText);
+    ::SetFocus(text);
+    ::SendMessageW(text, EM_SETSEL, 3, 6);
+    ::SendMessageW(text, WM_COPY, 0, 0);
+  });
+  EXPECT_EQ(Clipboard(), L"A&B");
+}
+
+TEST(Win32Dialogs, LongTextWrapsOrScrolls) {
+  const int screenWidth = ::GetSystemMetrics(SM_CXSCREEN);
+  const int screenHeight = ::GetSystemMetrics(SM_CYSCREEN);
+  std::string words;
+  std::string lines;
+  for (int i = 0; i < 200; ++i) words += "\xAD\x71\xB3\xE6 ", lines += "line\n";
+  const struct {
+    int line;
+    std::string message;
+    bool scrolls;
+  } rows[] = {{__LINE__, words, false}, {__LINE__, lines, true}, {__LINE__, std::string(9000, 'x'), true}};
+  for (const auto& row : rows)
+    Answer({dbOK, dtError, "", row.message}, [&](HWND window) {
+      HWND const text = ::GetDlgItem(window, kText);
+      const bool scrolls = (::GetWindowLongW(text, GWL_STYLE) & WS_VSCROLL) != 0;
+      EXPECT_EQ(scrolls, row.scrolls) << row.line;
+      EXPECT_LT(SizeOf(window).cx, screenWidth) << row.line;
+      EXPECT_LT(SizeOf(window).cy, screenHeight) << row.line;
+      EXPECT_GT(::SendMessageW(text, EM_GETLINECOUNT, 0, 0), 1) << row.line;
+      EXPECT_EQ(TextOf(text).find(L'\0'), std::wstring::npos);
+    });
+}
+
+TEST(Win32Dialogs, ButtonsAreChineseOnAChineseDesktop) {
+  const LCID before = ::GetThreadLocale();
+  ::SetThreadLocale(MAKELCID(MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_TRADITIONAL), SORT_DEFAULT));
+  Answer({kAllButtons}, [](HWND window) {
+    EXPECT_EQ(TextOf(::GetDlgItem(window, IDYES)), L"\x662F(&Y)");
+    EXPECT_EQ(TextOf(::GetDlgItem(window, 8)), L"\x5168\x90E8(&A)");
+  });
+  ::SetThreadLocale(before);
+}
+
+TEST(Win32Dialogs, TheEndOfTheProgramClosesTheDialogAndIsPassedOn) {
+  EXPECT_EQ(Answer({dbYes | dbNo}, [](HWND) { ::PostQuitMessage(7); }), 2);
+  MSG message;
+  EXPECT_NE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), FALSE);
+  EXPECT_EQ(message.wParam, 7U);
+}
+
+TEST(Win32Dialogs, TheWindowBelowIsDisabledMeanwhileAndMayBeDestroyed) {
+  HWND const owner = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr,
+                                       nullptr, nullptr, nullptr);
+  ::SetActiveWindow(owner);
+  EXPECT_EQ(Answer({dbYes}, [&](HWND) { EXPECT_EQ(::IsWindowEnabled(owner), FALSE); }), 6);
+  EXPECT_NE(::IsWindowEnabled(owner), FALSE);
+  ::SetActiveWindow(owner);
+  EXPECT_EQ(Answer({dbYes | dbNo}, [&](HWND) { ::DestroyWindow(owner); }), 2);
+}
+
+}  // namespace
+
+}  // namespace qxTools::test
