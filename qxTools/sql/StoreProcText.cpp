@@ -15,6 +15,7 @@ constexpr std::size_t kNone = std::string_view::npos;
 
 constexpr std::string_view kMacroOpen = "[$";
 constexpr std::string_view kQuoteMark = "[##]";
+constexpr std::string_view kLineBreak = "\r\n";
 
 /// Returns the first place from `start` on where `first` and `second` are, or kNone.
 template <class Char>
@@ -108,6 +109,26 @@ std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTab
   return out;
 }
 
+/// The most that AppendDoubled appends.
+std::size_t DoubledSize(std::string_view text) { return text.size() + CountByte(text, '\''); }
+
+/// In two steps this is: every apostrophe becomes "[##]", then every "[##]" two apostrophes. No end of "[##]"
+/// begins another one, so those that come in cannot join with what stands around them and one step will do.
+void AppendDoubled(std::string& out, std::string_view text) {
+  NearestOfTwo<char> marks(text, '\'', '[');
+  std::size_t done = 0;
+  for (std::size_t mark = marks.From(0); mark < text.size();) {
+    const bool isQuote = text[mark] == '\'';
+    std::size_t next = mark + 1;
+    if (isQuote || text.substr(mark).starts_with(kQuoteMark)) {
+      out.append(text, done, mark - done).append("''");
+      next = done = mark + (isQuote ? 1 : kQuoteMark.size());
+    }
+    mark = marks.From(next);
+  }
+  out.append(text, done);
+}
+
 }  // namespace
 
 void RemoveNotes(std::string& text) { Remove(text); }
@@ -128,23 +149,23 @@ std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros
 }
 
 std::string DoubleQuotes(std::string_view text, std::string_view end) {
-  // In two steps this is: every apostrophe becomes "[##]", then every "[##]" two apostrophes. No end of
-  // "[##]" begins another one, so those that come in cannot join with what stands around them and one step
-  // will do.
   std::string out;
-  out.reserve(text.size() + CountByte(text, '\'') + end.size());
-  NearestOfTwo<char> marks(text, '\'', '[');
-  std::size_t done = 0;
-  for (std::size_t mark = marks.From(0); mark < text.size();) {
-    const bool isQuote = text[mark] == '\'';
-    std::size_t next = mark + 1;
-    if (isQuote || text.substr(mark).starts_with(kQuoteMark)) {
-      out.append(text, done, mark - done).append("''");
-      next = done = mark + (isQuote ? 1 : kQuoteMark.size());
-    }
-    mark = marks.From(next);
+  out.reserve(DoubledSize(text) + end.size());
+  AppendDoubled(out, text);
+  out += end;
+  return out;
+}
+
+std::string DoubleQuotes(const TStrings& lines, std::string_view end) {
+  std::size_t size = end.size();
+  for (Integer i = 0; i < lines.GetCount(); ++i) size += DoubledSize(lines.GetStrings(i)) + kLineBreak.size();
+  std::string out;
+  out.reserve(size);
+  for (Integer i = 0; i < lines.GetCount(); ++i) {
+    AppendDoubled(out, lines.GetStrings(i));
+    out += kLineBreak;
   }
-  out.append(text, done).append(end);
+  out += end;
   return out;
 }
 

@@ -1,6 +1,8 @@
 // The texts of the stored-procedure set: removing comments, expanding macros, doubling quotes.
 #pragma once
 
+#include <qxTools/runtime/StringList.h>
+
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,5 +23,8 @@ std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros
 
 /// Returns the text with two apostrophes for each one and for each "[##]", and `end` after it as it is.
 std::string DoubleQuotes(std::string_view text, std::string_view end);
+
+/// Does the same with the text of a list of lines, without making that text: no mark goes over a line's end.
+std::string DoubleQuotes(const TStrings& lines, std::string_view end);
 
 }  // namespace qxTools::qxSqlStoreProc

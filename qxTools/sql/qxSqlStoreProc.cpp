@@ -182,8 +182,10 @@ void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) {
 void TQXSqlStoreProc::Load(std::string text) {
   statement_.Clear();
   StringsUpdate update(statement_);
-  const std::string statement = std::move(text);
-  statement_.SetText(statement);
+  {
+    const std::string statement = std::move(text);
+    statement_.SetText(statement);
+  }
   update.End();
 }
 
@@ -345,18 +347,18 @@ AnsiString TQXSqlStoreProc::ExpandedStatement() const {
   std::vector<Macro> macros;
   for (Integer i = 0; i < GetFuncCount(); ++i)
     macros.emplace_back(GetFuncItems(i)->GetName(), GetFuncItems(i)->GetValue().AsString());
-  std::string text = statement_.GetText();
-  if (!macros.empty()) text = ExpandMacros(text, macros);
-  return text;
+  return ExpandMacros(statement_.GetText(), macros);
 }
 
 TStrings* TQXSqlStoreProc::GetStoreProc() {
   call_.Clear();
-  std::string statement = ExpandedStatement();
+  const bool hasMacros = GetFuncCount() > 0;
+  std::string statement = hasMacros ? ExpandedStatement() : "";
   const std::string declarations = Declarations();
   std::string values = Values();
   const bool hasValues = !declarations.empty() && !values.empty();
-  statement = DoubleQuotes(statement, hasValues ? "'," : "'");
+  const char* const end = hasValues ? "'," : "'";
+  statement = hasMacros ? DoubleQuotes(statement, end) : DoubleQuotes(statement_, end);
   try {
     call_.Add("sp_executesql N'");
     call_.Add(std::move(statement));
