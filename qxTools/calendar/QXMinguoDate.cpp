@@ -77,7 +77,8 @@ std::string MinguoToStr(TDateTime date, TMinguoForm form, bool zeros) {
   std::string text = form == mfChinese ? ChinesePrefix(year) : year < 0 ? kBeforeRepublic : "";
   text.append(Digits(std::abs(year), padded ? 3 : 1)).append(marks.year);
   text.append(Digits(parts.Month, padded ? 2 : 1)).append(marks.month);
-  return text.append(Digits(parts.Day, padded ? 2 : 1)).append(marks.day);
+  text.append(Digits(parts.Day, padded ? 2 : 1)).append(marks.day);
+  return text;
 }
 
 std::string MinguoYearCn(TDateTime date) { return Numerals(WritableYear(DecodeDate(date))); }

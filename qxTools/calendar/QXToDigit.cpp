@@ -40,7 +40,8 @@ std::string ToKiloBit(std::string_view text) {
   grouped.reserve(text.size() + (point - sign) / 3);
   grouped += text.substr(0, next);
   for (; next < point; next += 3) (grouped += ',').append(text, next, 3);
-  return grouped += text.substr(point);
+  grouped += text.substr(point);
+  return grouped;
 }
 
 std::string Space(Integer count) { return std::string(count > 0 ? static_cast<std::size_t>(count) : 0, ' '); }

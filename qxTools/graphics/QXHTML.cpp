@@ -3,7 +3,9 @@
 namespace qxTools::QXHTML {
 
 std::string HTMLColor(std::string_view color, std::string_view text) {
-  return std::string("<Font Color=").append(color).append(">").append(text).append("</Font>");
+  std::string html = "<Font Color=";
+  html.append(color).append(">").append(text).append("</Font>");
+  return html;
 }
 
 }  // namespace qxTools::QXHTML

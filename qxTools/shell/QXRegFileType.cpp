@@ -16,7 +16,8 @@ constexpr std::string_view kArgument = " \"%1\"";
 
 std::string KeyOf(std::string_view name, std::string_view below = "") {
   std::string key = "\\";
-  return key.append(name).append(below);
+  key.append(name).append(below);
+  return key;
 }
 
 std::string Read(std::string_view name, std::string_view below = "") {

@@ -80,7 +80,9 @@ void Append(std::string& list, std::string_view separator, std::string_view item
 }
 
 std::string Variable(std::string_view name, std::string_view type, std::string_view value) {
-  return std::string("DECLARE ").append(name).append(" ").append(type).append(" = ").append(value);
+  std::string line = "DECLARE ";
+  line.append(name).append(" ").append(type).append(" = ").append(value);
+  return line;
 }
 
 const char* MaxType(bool national) { return national ? "nvarchar(max)" : "varchar(max)"; }

@@ -69,7 +69,8 @@ std::string ReplaceField(std::string_view rec, Integer index, std::string_view n
   const std::string_view tail = rec.substr(end);
   std::string record;
   record.reserve(head.size() + newText.size() + tail.size());
-  return record.append(head).append(newText).append(tail);
+  record.append(head).append(newText).append(tail);
+  return record;
 }
 
 // --- The table ---------------------------------------------------------------

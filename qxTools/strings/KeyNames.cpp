@@ -51,7 +51,8 @@ std::string FormatEx(std::string_view fmt, std::string_view value) {
     text.append(fmt, done, i - done).append(value);
     done = i + 2;
   }
-  return text.append(fmt, done);
+  text.append(fmt, done);
+  return text;
 }
 
 }  // namespace qxTools::QXStrTools

@@ -57,7 +57,8 @@ std::string substr(std::string_view s, Integer start, Integer count) {
 std::string CommaAdd(std::string_view list, std::string_view item, std::string_view sep) {
   std::string sum(list);
   if (!list.empty()) sum += sep;
-  return sum += item;
+  sum += item;
+  return sum;
 }
 
 std::string Space(Integer n) { return std::string(static_cast<std::size_t>(std::max(n, 0)), ' '); }

@@ -39,7 +39,8 @@ std::optional<std::string> ReplaceInOneReading(std::string_view s, std::string_v
     return !joined;
   });
   if (joined) return std::nullopt;
-  return text.append(s, done);
+  text.append(s, done);
+  return text;
 }
 
 // Replaces the first occurrence again and again. Nothing before a replacement can become an occurrence but
@@ -143,7 +144,11 @@ std::string ReplaceStr(std::string_view s, std::string_view old, std::string_vie
                        bool ignoreCase) {
   const Integer position = ignoreCase ? At(UpperCase(old), UpperCase(s), 1) : At(old, s, 1);
   if (position < 1) return std::string(s);
-  return std::string(s).replace(static_cast<std::size_t>(position - 1), old.size(), replacement);
+  const auto place = static_cast<std::size_t>(position - 1);
+  std::string text;
+  text.reserve(s.size() - old.size() + replacement.size());
+  text.append(s, 0, place).append(replacement).append(s, place + old.size());
+  return text;
 }
 
 std::string ReplaceAllStr(std::string_view s, std::string_view old, std::string_view replacement,

@@ -51,7 +51,8 @@ std::string Explain(const Rule& rule) {
   text.append("\n\nLooks at:  ").append(PlacesOf(rule)).append(rule.byDefault ? "\n" : " (off by default)\n");
   text.append("Why:       ").append(rule.why).append("\nInstead:   ").append(rule.remedy);
   text.append("\n\nFound in:\n\n").append(indented(rule.bad));
-  return text.append("\nNot in:\n\n").append(indented(rule.good));
+  text.append("\nNot in:\n\n").append(indented(rule.good));
+  return text;
 }
 
 namespace {
