@@ -6,8 +6,6 @@
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/shell/QXDialogs.h>
 
-#include <QtGui/QMouseEvent>
-
 #include "Skin.h"
 #include "Texts.h"
 
@@ -18,8 +16,6 @@ using namespace qxTools::qxDrawTools;
 
 namespace {
 
-constexpr Integer kWidth = 780;
-constexpr Integer kHeight = 592;
 constexpr TColor kWhite = 0xFFFFFF;
 constexpr TColor kBlack = 0;
 constexpr TColor kInk = 0x602010;     // dark blue
@@ -53,16 +49,13 @@ void PaintArrowButton(TCanvas& canvas, const TRect& rect, TDrawAngleType directi
   Draw3Angle(canvas, arrow, direction, kBlack);
 }
 
-void PaintBanner(desktop::QtCanvas& canvas) {
+void PaintBanner(TCanvas& canvas, const OrderForm::SetLargeText& setLargeText) {
   constexpr TRect kRect{22, 22, 758, 60};
   DrawFrame(canvas, kRect, false, kBanner);
   const TRect inside = ResizeRect(kRect, 10, roIn);
-  const QFont before = canvas.GetFont();
-  QFont large = before;
-  large.setPointSizeF(before.pointSizeF() * 1.5);
-  canvas.SetFont(large);
+  setLargeText(true);
   Write(canvas, {inside.Left, kRect.Top, inside.Right, kRect.Bottom}, kTitle, aeLeftCenter, kWhite);
-  canvas.SetFont(before);
+  setLargeText(false);
   const std::string date = QXDateTools::ChinaDate(Ordered()) + "  " + QXDateTools::ChinaWeek(Ordered());
   Write(canvas, inside, date, aeRightCenter, kWhite);
 }
@@ -179,20 +172,15 @@ void PaintBevels(TCanvas& canvas) {
 
 }  // namespace
 
-OrderForm::OrderForm(const std::string& frame) {
-  LoadDWF(frame, pieces_);
-  setFixedSize(kWidth, kHeight);
-  setWindowTitle(QString::fromUtf16(u"qxTools"));
-}
+OrderForm::OrderForm(const std::string& frame) { LoadDWF(frame, pieces_); }
 
 Integer OrderForm::AskToSave() {
   return QXDialogs::QX_MessageBox(desk::kAskToSave, dtConfirmation, dbYes | dbNo | dbCancel, kOrder);
 }
 
-void OrderForm::paintEvent(QPaintEvent*) {
-  desktop::QtCanvas canvas(*this);
+void OrderForm::Paint(TCanvas& canvas, const SetLargeText& setLargeText) const {
   PaintFrame(canvas);
-  PaintBanner(canvas);
+  PaintBanner(canvas, setLargeText);
   PaintFields(canvas);
   PaintLines(canvas);
   PaintSheets(canvas);
@@ -214,17 +202,13 @@ void OrderForm::PaintSheets(TCanvas& canvas) const {
     DrawTabset(canvas, kSheetTabs[i], i == sheet_ ? kWhite : clBtnFace, kBlack, kSheetNames[i], i < 2);
 }
 
-void OrderForm::mouseReleaseEvent(QMouseEvent* event) {
-  const TPoint at{event->pos().x(), event->pos().y()};
+bool OrderForm::Click(const TPoint& at) {
   for (int i = 0; i < 3; ++i)
     if (PosInRect(at, kSheetTabs[i])) sheet_ = i;
-  update();
   const bool ends = PosInRect(at, kCloseButton);
   constexpr Integer kCancelled = 2;
-  if (PosInRect(at, kSaveButton) || ends) {
-    const bool answered = AskToSave() != kCancelled;
-    if (ends && answered) close();
-  }
+  if (!ends && !PosInRect(at, kSaveButton)) return false;
+  return AskToSave() != kCancelled && ends;
 }
 
 }  // namespace desk

@@ -7,15 +7,47 @@
 //   desk --make-frame FILE.dw1    writes the frame that the form wears, with its bitmap file
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/desktop/Desktop.h>
+#include <qxTools/desktop/qt/QtCanvas.h>
 
 #include <QtCore/QTimer>
+#include <QtGui/QMouseEvent>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 #include <iostream>
 
-#include "OrderForm.h"
-#include "Skin.h"
+#include "../OrderForm.h"
+#include "../Skin.h"
 
 namespace {
+
+/// The form as a window.
+class Window : public QWidget {
+ public:
+  Window() {
+    setFixedSize(desk::kWidth, desk::kHeight);
+    setWindowTitle(QString::fromUtf16(u"qxTools"));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    qxTools::desktop::QtCanvas canvas(*this);
+    const QFont first = canvas.GetFont();
+    form_.Paint(canvas, [&](bool isLarge) {
+      QFont font = first;
+      font.setPointSizeF(first.pointSizeF() * (isLarge ? 1.5 : 1));
+      canvas.SetFont(font);
+    });
+  }
+
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    const bool ends = form_.Click({event->pos().x(), event->pos().y()});
+    update();
+    if (ends) close();
+  }
+
+ private:
+  desk::OrderForm form_{DESK_FRAME};
+};
 
 constexpr int kGap = 24;
 
@@ -52,7 +84,7 @@ QPixmap GrabMessageBox() {
   return grabbed;
 }
 
-bool SavePicture(desk::OrderForm& form, const QString& fileName) {
+bool SavePicture(Window& form, const QString& fileName) {
   const QPixmap formPicture = form.grab();
   const QPixmap box = GrabMessageBox();
   const QSize boxSize = box.deviceIndependentSize().toSize();
@@ -79,7 +111,7 @@ int Run(QApplication& application) {
     return 0;
   }
   const qxTools::desktop::Desktop desktop;
-  desk::OrderForm form(DESK_FRAME);
+  Window form;
   if (arguments.size() == 3 && arguments[1] == "--screenshot") return SavePicture(form, arguments[2]) ? 0 : 1;
   form.show();
   return application.exec();
