@@ -6,6 +6,8 @@
 /// @def QXTOOLS_CALL
 /// Precedes the name of a method that other modules call through an interface: the calling convention of the
 /// system's own interfaces. A class that implements such a method repeats it.
+/// @def QXTOOLS_ON_WINDOWS
+/// Encloses declarations that only Windows has: names that windows.h makes of a function's name.
 /// @def QXTOOLS_GLOBAL
 /// Marks a global variable of a unit. It is constructed before every other object of a program and destroyed
 /// after it, so it can be read before the library is started, and still exists when Finalize releases it.
@@ -25,8 +27,10 @@
 
 #if defined(_WIN32)
 #define QXTOOLS_CALL __stdcall
+#define QXTOOLS_ON_WINDOWS(...) __VA_ARGS__
 #else
 #define QXTOOLS_CALL
+#define QXTOOLS_ON_WINDOWS(...)
 #endif
 
 #if defined(__GNUC__)

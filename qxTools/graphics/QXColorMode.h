@@ -75,6 +75,12 @@ QXTOOLS_API TColor(RGB)(Integer r, Integer g, Integer b);
 /// Returns the channels of a packed colour; its highest byte is ignored.
 QXTOOLS_API TRGBMode(RGB)(TColor color);
 
+/// RGB by a name that windows.h has no macro of: packs the low bytes of the three channels.
+inline TColor PackRGB(Integer r, Integer g, Integer b) { return (RGB)(r, g, b); }
+
+/// RGB by a name that windows.h has no macro of: returns the channels of a packed colour.
+inline TRGBMode UnpackRGB(TColor color) { return (RGB)(color); }
+
 /// Returns HSVtoRGB's channels packed without scaling, so give V on the scale 0 to 255; black if the hue is
 /// outside 0 to 360 and S is not 0.
 QXTOOLS_API TColor HSV(Real h, Real s, Real v);

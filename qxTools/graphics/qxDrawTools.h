@@ -105,6 +105,12 @@ QXTOOLS_API void Draw3Angle(TCanvas& canvas, const TRect& rect, TDrawAngleType d
 /// not painted, and the brush's style is unchanged. An alignment outside its enumeration means aeLeftTop.
 QXTOOLS_API void DrawText(TCanvas& canvas, const TRect& rect, std::string_view text, TAlignmentEx alignment);
 
+// What windows.h makes of a call of DrawText, with narrow and with wide characters as its default.
+QXTOOLS_ON_WINDOWS(QXTOOLS_API void DrawTextA(TCanvas& canvas, const TRect& rect, std::string_view text,
+                                              TAlignmentEx alignment);
+                   QXTOOLS_API void DrawTextW(TCanvas& canvas, const TRect& rect, std::string_view text,
+                                              TAlignmentEx alignment);)
+
 /// Draws a tab with a black outline that hangs from the top edge; its lower corners are 6 pixels further in.
 /// If `isPlain` is false, its right side has a notch and the right lower corner is not moved. The caption
 /// starts 7 pixels from the left and 2 from the top.
