@@ -114,7 +114,7 @@ def write_table(folder):
     with open(path, "w", encoding="ascii", newline="") as file:
         for i in range(MB + 1):
             file.write("".join(f"[#value {i:07} of {field}#]" for field in range(5)) + "\r\n")
-    return {"qxTools": path, "lines": path}
+    return {"qxTools": path, "getline": path}
 
 
 def large_rows(build, folder):

@@ -3,6 +3,7 @@
 
     bench_report.py RESULTS     RESULTS/<folder>/<program>.json, as scripts/bench leaves them
 """
+import itertools
 import json
 import pathlib
 import platform
@@ -58,9 +59,9 @@ def table(times, memory):
 
 def page(results):
     paths = sorted(results.glob("*/*.json"))
-    contexts = [json.loads(path.read_text(encoding="utf-8")).get("context") for path in paths]
+    contexts = filter(None, (json.loads(path.read_text(encoding="utf-8")).get("context") for path in paths))
     memory = bench_table.read(paths, bench_table.bytes_of, bench_table.last)
-    parts = [INTRODUCTION, machine(next(filter(None, contexts))), GOALS, bench_goals.table(bench_table.read(paths), memory)]
+    parts = [INTRODUCTION, *map(machine, itertools.islice(contexts, 1)), GOALS, bench_goals.table(bench_table.read(paths), memory)]
     for folder in sorted({path.parent for path in paths}):
         times = bench_table.read(sorted(folder.glob("*.json")))
         parts += [f"## {folder.name}\n", table(dict(sorted(times.items())), memory)]

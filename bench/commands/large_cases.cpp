@@ -4,7 +4,6 @@
 //   large_cases CASE [FILE]
 #define SI_NO_CONVERSION  // bytes as they are, as we take them
 #include <SimpleIni.h>
-#include <absl/strings/str_split.h>
 #include <glib.h>
 #include <qxTools/data/qxOleVariant.h>
 #include <qxTools/encoding/QXUniKey.h>
@@ -17,6 +16,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <map>
 #include <string>
 #include <unordered_map>
@@ -24,7 +24,6 @@
 #include <vector>
 
 #include "sql/Statement.h"
-#include "support/Files.h"
 
 namespace {
 
@@ -113,8 +112,10 @@ bool LoadTable(const std::string& fileName) {
 }
 
 bool LoadLines(const std::string& fileName) {
-  const std::vector<std::string> lines = absl::StrSplit(ReadAll(fileName), "\r\n");
-  return lines.size() == kCount + 2;
+  std::vector<std::string> lines;
+  std::ifstream file(fileName, std::ios::binary);
+  for (std::string line; std::getline(file, line);) lines.push_back(line);
+  return lines.size() == kCount + 1;
 }
 
 // --- Packets -------------------------------------------------------------------------------------------
@@ -191,7 +192,7 @@ const std::map<std::string, bool (*)(const std::string&)> kCases = {
     {"settings/SimpleIni", LoadBySimpleIni},
     {"settings/GKeyFile", LoadByKeyFile},
     {"table/qxTools", LoadTable},
-    {"table/lines", LoadLines},
+    {"table/getline", LoadLines},
     {"packet/qxTools", SaveAndLoadPacket},
     {"packet/vector", SaveAndLoadVector},
     {"tree/qxTools", FillTree},
