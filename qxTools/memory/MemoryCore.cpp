@@ -10,6 +10,7 @@ namespace qxTools::MemoryCore {
 namespace {
 
 constexpr Integer kDefaultSize = 32;
+constexpr std::size_t kLargest = std::numeric_limits<Integer>::max();
 
 constexpr std::size_t Bytes(Integer size) { return static_cast<std::size_t>(size); }
 
@@ -38,6 +39,7 @@ TMemorySize MemSize(const void* p) {
 
 TMemoryOperation::TMemoryOperation(Integer aSize) : size_(aSize > 0 ? aSize : kDefaultSize) {
   address_ = static_cast<std::byte*>(HeapCreate(Bytes(size_)));
+  zeroed_ = address_ != nullptr ? size_ : 0;
 }
 
 TMemoryOperation::~TMemoryOperation() { HeapFree(address_); }
@@ -62,8 +64,17 @@ void TMemoryOperation::SetPosition(Integer value) { position_ = value >= 0 && va
 
 void TMemoryOperation::SetSize(Integer value) {
   if (value <= 0) throw Exception("Size cann`t small then 0");
-  address_ = static_cast<std::byte*>(HeapResize(address_, Bytes(size_), Bytes(value)));
+  if (value < size_ || value > zeroed_) Resize(value);
   size_ = value;
+}
+
+// Growth takes the heap's room in steps, so that a block which grows little by little seldom asks the heap.
+void TMemoryOperation::Resize(Integer value) {
+  constexpr std::size_t kStep = 4096;
+  const std::size_t room = value > size_ ? std::min(HeapSize(address_), kLargest) : 0;
+  const std::size_t reach = std::max(Bytes(value), std::min(room, Bytes(value) + kStep));
+  address_ = static_cast<std::byte*>(HeapResize(address_, Bytes(size_), reach));
+  zeroed_ = address_ != nullptr ? static_cast<Integer>(reach) : 0;
 }
 
 void TMemoryOperation::GetMemory(void* dest, std::uint32_t offset, std::uint32_t count) const {

@@ -144,6 +144,11 @@ class QXTOOLS_API TMemoryOperation : public TInterfacedObject, public virtual IM
   std::byte* address_ = nullptr;  ///< The block.
   Integer size_ = 0;              ///< Its bytes in use.
   Integer position_ = 0;          ///< The cursor, which may be beyond the end.
+
+ private:
+  void Resize(Integer value);
+
+  Integer zeroed_ = 0;  // the block reaches to here, with zeros after the bytes in use
 };
 
 // --- The array ---------------------------------------------------------------

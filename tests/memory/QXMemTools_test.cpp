@@ -1,5 +1,6 @@
 #include <qxTools/memory/QXMemTools.h>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <numeric>
@@ -76,15 +77,18 @@ TEST(QXMemTools, ACursorOutOfRangeGoesToTheStartAndOneLeftBehindMovesNothing) {
 
 TEST(QXMemTools, SetSizeKeepsTheFrontAndZeroesWhatGrows) {
   TMemoryOperation block(-5);
-  EXPECT_EQ(block.GetSize(), 32);
-  block.Write("abcdefghijklmnopqrstuvwxyz012345", 32);
-  block.SetSize(3);
-  EXPECT_EQ(MessageOf([&] { block.SetSize(0); }), kBadSize);
-  for (const Integer size : {3, 6, 32, 100000, 5}) {
+  std::string text(32, '\0');
+  for (const Integer size : {32, 3, 6, 7, 100000, 100001, 100002, 104097, 104099, 140000, 5, 4300}) {
     block.SetSize(size);
-    EXPECT_EQ(Bytes(block), "abc" + std::string(static_cast<std::size_t>(size) - 3, '\0')) << size;
+    text.resize(static_cast<std::size_t>(size));
+    EXPECT_EQ(Bytes(block), text) << size;
     EXPECT_EQ(block.GetHandle(), reinterpret_cast<THandle>(block.GetAddress()));
+    std::ranges::fill(text, static_cast<char>('a' + size % 26));
+    block.SetPosition(0);
+    block.Write(text.data(), size);
   }
+  EXPECT_EQ(MessageOf([&] { block.SetSize(0); }), kBadSize);
+  EXPECT_EQ(Bytes(block), text);
 }
 
 TEST(QXMemTools, TheIndexIsCheckedAtBothEnds) {
