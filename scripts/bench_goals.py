@@ -101,10 +101,9 @@ def show_bytes(count):
 def show(line):
     is_memory = line.goal is not None and line.goal.is_memory
     figure = show_bytes if is_memory else bench_table.show_time
-    missed = line.verdict == "**no**"
-    cells = [line.work + (", memory" if is_memory else ""), f"{line.size:,}" if line.size else "", figure(line.ours), line.peer,
-             figure(line.theirs) if line.theirs else "", f"{line.ratio:.2f}" if line.ratio else "", line.goal.text if line.goal else "",
-             line.verdict, line.goal.why if missed else ""]
+    cells = [line.work + (", memory" if is_memory else ""), f"{line.size:,}" if line.size else "", figure(line.ours),
+             f"{figure(line.theirs)} ({line.peer})" if line.theirs else "", f"{line.ratio:.2f}" if line.ratio else "",
+             line.goal.text if line.goal else "", line.verdict, line.goal.why if line.verdict == "**no**" else ""]
     return f"| {' | '.join(cells)} |"
 
 
@@ -113,5 +112,5 @@ def table(times, memory):
     found = lines(times, memory)
     verdicts = [line.verdict for line in found]
     count = f"{verdicts.count('yes')} of {verdicts.count('yes') + verdicts.count('**no**')} goals are met."
-    head = ["| row | size | ours | best peer | its figure | ratio | goal | met | why not |", "|---|--:|--:|---|--:|--:|--:|---|---|"]
+    head = ["| row | size | ours | best peer | ratio | goal | met | why not |", "|---|--:|--:|---|--:|--:|---|---|"]
     return "\n".join([count, "", *head, *map(show, found)]) + "\n"
