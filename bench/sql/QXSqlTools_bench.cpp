@@ -1,5 +1,7 @@
 // SQL text beside what one would otherwise write it with: Abseil's replace for literals and for the call, a
 // loop with a hash table for filling values in, compiled PCRE2 and RE2 patterns for finding names.
+#include <absl/container/flat_hash_map.h>
+#include <absl/container/flat_hash_set.h>
 #include <absl/strings/str_join.h>
 #include <absl/strings/str_replace.h>
 #include <absl/strings/str_split.h>
@@ -14,8 +16,6 @@
 
 #include <memory>
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "sql/Statement.h"
@@ -40,7 +40,7 @@ std::vector<std::string> Values(std::size_t count) {
 
 /// The different names that a compiled PCRE2 pattern finds: group 1 of its matches.
 std::size_t CountByPcre2(const pcre2_code* code, const std::string& text) {
-  std::unordered_set<std::string_view> names;
+  absl::flat_hash_set<std::string_view> names;
   const std::unique_ptr<pcre2_match_data, decltype(&pcre2_match_data_free)> data(
       pcre2_match_data_create_from_pattern(code, nullptr), &pcre2_match_data_free);
   const auto* const subject = reinterpret_cast<PCRE2_SPTR>(text.data());
@@ -61,7 +61,7 @@ const pcre2_code* Pcre2(const char* pattern) {
 }
 
 std::size_t CountByRe2(const RE2& pattern, const std::string& text) {
-  std::unordered_set<std::string> names;
+  absl::flat_hash_set<std::string_view> names;
   re2::StringPiece rest(text);
   for (re2::StringPiece name; RE2::FindAndConsume(&rest, pattern, &name);)
     if (!name.empty()) names.emplace(name.data(), name.size());
@@ -135,7 +135,7 @@ bool IsNamePart(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
 }
 
-using Literals = std::unordered_map<std::string_view, std::string>;
+using Literals = absl::flat_hash_map<std::string_view, std::string>;
 
 /// One pass over the text; each whole name is looked up as it is.
 std::string FillByHash(const std::string& text, const Literals& literals) {
