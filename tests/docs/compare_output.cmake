@@ -1,5 +1,5 @@
-# Runs PROGRAM and compares what it prints with the file EXPECTED, line ends aside.
-execute_process(COMMAND ${PROGRAM} OUTPUT_VARIABLE printed RESULT_VARIABLE status)
+# Runs PROGRAM (by EMULATOR where one is given) and compares what it prints with the file EXPECTED, line ends aside.
+execute_process(COMMAND ${EMULATOR} ${PROGRAM} OUTPUT_VARIABLE printed RESULT_VARIABLE status)
 file(READ ${EXPECTED} expected)
 string(REPLACE "\r" "" printed "${printed}")
 if(NOT status EQUAL 0 OR NOT printed STREQUAL expected)
