@@ -41,12 +41,28 @@ std::vector<unsigned char> AccessListOf(const SystemFile& file) {
   return list;
 }
 
-/// Gives the new file the old one's attributes (hidden, archive), where there is an old one.
+bool IsReadOnly(const SystemFile& file) {
+  FILE_BASIC_INFO info{};
+  return ::GetFileInformationByHandleEx(file.Get(), FileBasicInfo, &info, sizeof info) &&
+         (info.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+/// Gives the new file the old one's attributes (hidden, archive) and birth, where there is an old one.
 void TakeOverAttributes(const SystemFile& to, const SystemFile& from) {
   FILE_BASIC_INFO info{};
   if (!::GetFileInformationByHandleEx(from.Get(), FileBasicInfo, &info, sizeof info)) return;
-  info.CreationTime = info.LastAccessTime = info.LastWriteTime = info.ChangeTime = {};  // these stay
+  info.LastAccessTime = info.LastWriteTime = info.ChangeTime = {};  // these stay
   ::SetFileInformationByHandle(to.Get(), FileBasicInfo, &info, sizeof info);
+}
+
+/// Gives an open file another name, in one step; it takes the place of the file that has it.
+bool Rename(const SystemFile& file, const std::wstring& path, FILE_INFO_BY_HANDLE_CLASS how, DWORD flags) {
+  std::vector<std::uint64_t> room((sizeof(FILE_RENAME_INFO) + path.size() * sizeof(wchar_t)) / 8 + 1);
+  auto* const info = reinterpret_cast<FILE_RENAME_INFO*>(room.data());
+  info->Flags = flags;
+  info->FileNameLength = static_cast<DWORD>(path.size() * sizeof(wchar_t));
+  path.copy(info->FileName, path.size());
+  return ::SetFileInformationByHandle(file.Get(), how, info, static_cast<DWORD>(room.size() * 8)) != 0;
 }
 
 void CopyAll(SystemFile& from, SystemFile& to) {
@@ -67,6 +83,7 @@ struct WholeFileWriter::Target {
   void OpenOld(const std::string& fileName);
   void OpenTemporary();
   bool CanBeReplaced() const;
+  bool PutInPlace();
   void Replace();
   void WriteInPlace();
 };
@@ -80,12 +97,16 @@ void WholeFileWriter::Target::OpenOld(const std::string& fileName) {
 }
 
 void WholeFileWriter::Target::OpenTemporary() {
+  if (old->file.IsOpen() && IsReadOnly(old->file)) {  // some users may write to such a file all the same
+    ::SetLastError(ERROR_ACCESS_DENIED);
+    ThrowCannotCreate(old->name);
+  }
   std::vector<unsigned char> list =
       old->file.IsOpen() ? AccessListOf(old->file) : std::vector<unsigned char>();
   SECURITY_ATTRIBUTES security{sizeof security, list.empty() ? nullptr : list.data(), FALSE};
   temporary = TemporaryName(old->path);
-  file = SystemFile(::CreateFileW(temporary.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, &security,
-                                  CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+  file = SystemFile(::CreateFileW(temporary.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_DELETE,
+                                  &security, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file.IsOpen()) ThrowCannotCreate(old->name);
   SetDeleted(file, true);
 }
@@ -98,24 +119,33 @@ bool WholeFileWriter::Target::CanBeReplaced() const {
          info.nNumberOfLinks == 1;
 }
 
+/// By one call of the system, so that a kill leaves the old file or the new one. Where the file system
+/// replaces no open file, the old one is closed just before.
+bool WholeFileWriter::Target::PutInPlace() {
+  constexpr auto kRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);  // not in every header
+  constexpr DWORD kAlsoOpenOnes = FILE_RENAME_FLAG_REPLACE_IF_EXISTS | FILE_RENAME_FLAG_POSIX_SEMANTICS;
+  if (Rename(file, old->path, kRenameInfoEx, kAlsoOpenOnes)) return true;
+  const bool wasOpen = old->file.IsOpen();
+  old->file = SystemFile();
+  if (Rename(file, old->path, FileRenameInfo, FILE_RENAME_FLAG_REPLACE_IF_EXISTS)) return true;
+  const DWORD error = ::GetLastError();
+  if (wasOpen) old->file = OpenFile(old->path, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING);
+  ::SetLastError(error);
+  return false;
+}
+
 void WholeFileWriter::Target::Replace() {
   file.Flush();
   if (!SetDeleted(file, false)) ThrowCannotWrite();
   TakeOverAttributes(file, old->file);
-  file = SystemFile();
-  // Replacing keeps the old file's attributes and access list.
-  const bool isDone = old->file.IsOpen() ? ::ReplaceFileW(old->path.c_str(), temporary.c_str(), nullptr,
-                                                          REPLACEFILE_WRITE_THROUGH, nullptr, nullptr)
-                                         : ::MoveFileExW(temporary.c_str(), old->path.c_str(),
-                                                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-  if (!isDone) {
+  if (!PutInPlace()) {
     const DWORD error = ::GetLastError();
-    ::DeleteFileW(temporary.c_str());
+    SetDeleted(file, true);
     ::SetLastError(error);
     ThrowCannotCreate(old->name);
   }
-  // A hold goes on with the new file.
-  if (old != &own) old->file = OpenFile(old->path, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING);
+  ::FlushFileBuffers(file.Get());  // of the name
+  old->file = std::move(file);     // a hold goes on with the new file
 }
 
 void WholeFileWriter::Target::WriteInPlace() {
