@@ -6,24 +6,21 @@
 #include <SimpleIni.h>
 #include <glib.h>
 #include <qxTools/data/qxOleVariant.h>
-#include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlStoreProc.h>
 #include <qxTools/stores/QXStringTable.h>
 #include <qxTools/stores/qxIniTools.h>
 
-#include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <map>
 #include <string>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
+#include "data/Pairs.h"
 #include "sql/Statement.h"
+#include "stores/PlainMap.h"
 
 namespace {
 
@@ -135,18 +132,11 @@ bool SaveAndLoadPacket(const std::string&) {
   return again.GetValue(NameOf(kCount - 1)) == Variant(kCount - 1);
 }
 
-bool SaveAndLoadVector(const std::string&) {
-  std::vector<std::pair<std::u16string, Variant>> pairs;
+bool SaveAndLoadPairs(const std::string&) {
+  Pairs pairs;
   for (Integer i = 0; i < kCount; ++i) pairs.emplace_back(NameOf(i), i);
-  Variant array = Variant::NewArray(0, 2 * kCount - 1);
-  for (Integer i = 0; i < kCount; ++i) {
-    array.SetElement(2 * i, pairs[static_cast<std::size_t>(i)].first);
-    array.SetElement(2 * i + 1, pairs[static_cast<std::size_t>(i)].second);
-  }
-  std::vector<std::pair<std::u16string, Variant>> again;
-  for (Integer i = 0; i < kCount; ++i)
-    again.emplace_back(array.GetElement(2 * i).AsWideString(), array.GetElement(2 * i + 1));
-  return again.back().second == Variant(kCount - 1);
+  const Variant array = ArrayOf(pairs);
+  return PairsIn(array).back().second == Variant(kCount - 1);
 }
 
 // --- Trees ---------------------------------------------------------------------------------------------
@@ -160,24 +150,10 @@ bool FillTree(const std::string&) {
   return tree.FindNode(last, node);
 }
 
-using Key = std::array<char, 16>;
-struct KeyHash {
-  std::size_t operator()(const Key& key) const {
-    return std::hash<std::string_view>()(std::string_view(key.data(), key.size()));
-  }
-};
-struct Record {
-  Key parent;
-  Key key;
-  void* data;
-  int level;
-};
-
 bool FillMap(const std::string&) {
-  std::unordered_map<Key, Record, KeyHash> map;
+  Map map;
   for (Integer i = 0; i < kCount; ++i) {
-    Key key;
-    std::copy_n(QXUniKey::UniKey().begin(), key.size(), key.begin());
+    const Key key = FreshKey();
     map.emplace(key, Record{Key{}, key, nullptr, 1});
   }
   return map.size() == kCount;
@@ -194,7 +170,7 @@ const std::map<std::string, bool (*)(const std::string&)> kCases = {
     {"table/qxTools", LoadTable},
     {"table/getline", LoadLines},
     {"packet/qxTools", SaveAndLoadPacket},
-    {"packet/vector", SaveAndLoadVector},
+    {"packet/vector", SaveAndLoadPairs},
     {"tree/qxTools", FillTree},
     {"tree/unordered_map", FillMap},
 };

@@ -12,13 +12,14 @@
 #include <utility>
 #include <vector>
 
+#include "data/Pairs.h"
+
 using namespace qxTools;
 using qxOleVariant::TQXOleVariant;
 using QXValueTools::TQXValueList;
 
 namespace {
 
-using Pairs = std::vector<std::pair<std::u16string, Variant>>;
 using Map = std::unordered_map<std::string, Variant>;
 
 /// `stem`, a dash and five digits.
@@ -46,23 +47,6 @@ void Fill(TQXOleVariant& packet, Integer count) {
 Pairs PairsOf(Integer count) {
   Pairs pairs;
   for (Integer i = 0; i < count; ++i) pairs.emplace_back(NameAt(std::u16string(u"FIELD-"), i), ValueAt(i));
-  return pairs;
-}
-
-Variant ArrayOf(const Pairs& pairs) {
-  Integer i = 0;
-  Variant array = Variant::NewArray(0, static_cast<Integer>(2 * pairs.size()) - 1);
-  for (const auto& [name, value] : pairs) {
-    array.SetElement(i++, name);
-    array.SetElement(i++, value);
-  }
-  return array;
-}
-
-Pairs PairsIn(const Variant& array) {
-  Pairs pairs;
-  for (Integer i = 0; i < array.Bounds().High; i += 2)
-    pairs.emplace_back(array.GetElement(i).AsWideString(), array.GetElement(i + 1));
   return pairs;
 }
 

@@ -5,7 +5,6 @@
 #include <qxTools/stores/qxTreeList.h>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <ctime>
 #include <list>
@@ -16,34 +15,15 @@
 #include <utility>
 #include <vector>
 
+#include "stores/PlainMap.h"
+
 namespace {
 
 using namespace qxTools::qxTreeList;
-using Key = std::array<char, 16>;
 
-struct KeyHash {
-  std::size_t operator()(const Key& key) const {
-    return std::hash<std::string_view>()(std::string_view(key.data(), key.size()));
-  }
-};
-// What one would keep nodes in by hand: a map; for siblings a list in order, and a map from the keys to its
-// places.
-struct Record {
-  Key parent;
-  Key key;
-  void* data;
-  int level;
-};
-using Map = std::unordered_map<Key, Record, KeyHash>;
+// For siblings: a list in order, and a map from the keys to its places.
 using Records = std::list<Record>;
 using Places = std::unordered_map<Key, Records::iterator, KeyHash>;
-
-Key FreshKey() {
-  const std::string text = qxTools::QXUniKey::UniKey();
-  Key key;
-  std::copy_n(text.begin(), key.size(), key.begin());
-  return key;
-}
 
 // Processor time, so that other programs do not count.
 double Now() {
