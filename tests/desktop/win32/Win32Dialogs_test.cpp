@@ -180,14 +180,26 @@ TEST(Win32Dialogs, TheEndOfTheProgramClosesTheDialogAndIsPassedOn) {
   EXPECT_EQ(message.wParam, 7U);
 }
 
-TEST(Win32Dialogs, TheWindowBelowIsDisabledMeanwhileAndMayBeDestroyed) {
-  HWND const owner = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr,
-                                       nullptr, nullptr, nullptr);
-  ::SetActiveWindow(owner);
-  EXPECT_EQ(Answer({dbYes}, [&](HWND) { EXPECT_EQ(::IsWindowEnabled(owner), FALSE); }), 6);
-  EXPECT_NE(::IsWindowEnabled(owner), FALSE);
-  ::SetActiveWindow(owner);
-  EXPECT_EQ(Answer({dbYes | dbNo}, [&](HWND) { ::DestroyWindow(owner); }), 2);
+TEST(Win32Dialogs, OtherWindowsAreDisabledMeanwhileAndMayBeDestroyed) {
+  const auto makeWindow = [](DWORD style) {
+    return ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE | style, 0, 0, 300, 200, nullptr,
+                             nullptr, nullptr, nullptr);
+  };
+  HWND const windows[] = {makeWindow(0), makeWindow(0), makeWindow(WS_DISABLED)};
+  const auto enabled = [&windows] {
+    int count = 0;
+    for (HWND const window : windows) count += ::IsWindowEnabled(window);
+    return count;
+  };
+  for (HWND const active : {windows[0], HWND{nullptr}}) {
+    ::SetActiveWindow(active);
+    EXPECT_EQ(Answer({dbYes}, [&](HWND) { EXPECT_EQ(enabled(), 0); }), 6);
+    EXPECT_EQ(enabled(), 2);
+  }
+  ::SetActiveWindow(windows[0]);
+  EXPECT_EQ(Answer({dbYes | dbNo}, [&](HWND) { ::DestroyWindow(windows[0]); }), 2);
+  EXPECT_EQ(enabled(), 1);
+  for (HWND const window : windows) ::DestroyWindow(window);
 }
 
 }  // namespace

@@ -60,6 +60,27 @@ RECT WorkArea() {
 
 SIZE SizeOf(const RECT& rect) { return {rect.right - rect.left, rect.bottom - rect.top}; }
 
+/// While it lives, no other window of this thread takes input.
+class OthersDisabled {
+ public:
+  OthersDisabled() { ::EnumThreadWindows(::GetCurrentThreadId(), Disable, reinterpret_cast<LPARAM>(this)); }
+  OthersDisabled(const OthersDisabled&) = delete;
+  OthersDisabled& operator=(const OthersDisabled&) = delete;
+  ~OthersDisabled() {
+    for (HWND const window : windows_) ::EnableWindow(window, TRUE);
+  }
+
+ private:
+  static BOOL CALLBACK Disable(HWND window, LPARAM self) {
+    if (::IsWindowVisible(window) == FALSE || ::IsWindowEnabled(window) == FALSE) return TRUE;
+    reinterpret_cast<OthersDisabled*>(self)->windows_.push_back(window);
+    ::EnableWindow(window, FALSE);
+    return TRUE;
+  }
+
+  std::vector<HWND> windows_;
+};
+
 class Dialog final : public MessageDialog {
  public:
   Dialog(std::string_view message, TDialogType type, TDialogButtons buttons)
@@ -67,6 +88,9 @@ class Dialog final : public MessageDialog {
         type_(type),
         buttons_(buttons),
         caption_(type < dtCustom ? ToWide(GetDialogCaption(type)) : ApplicationName()) {}
+  Dialog(const Dialog&) = delete;
+  Dialog& operator=(const Dialog&) = delete;
+  ~Dialog() override { ::DestroyWindow(window_); }
 
   /// A message has no help of its own, whatever the context.
   void SetHelpContext(Integer) override {}
@@ -75,12 +99,13 @@ class Dialog final : public MessageDialog {
 
   Integer ShowModal() override {
     HWND const owner = ::GetActiveWindow();
-    MakeWindow(owner);
-    if (owner != nullptr) ::EnableWindow(owner, FALSE);
-    ::ShowWindow(window_, SW_SHOW);
-    while (result_ == 0 && window_ != nullptr) HandleMessage();
-    if (owner != nullptr)
-      ::EnableWindow(owner, TRUE);  // before the window goes, so that it becomes the active one
+    {
+      const OthersDisabled
+          others;  // until just before the window is destroyed: one of them becomes active then
+      MakeWindow(owner);
+      ::ShowWindow(window_, SW_SHOW);
+      while (result_ == 0 && window_ != nullptr) HandleMessage();
+    }
     ::DestroyWindow(window_);
     return std::exchange(result_, 0);
   }
@@ -215,7 +240,7 @@ class Dialog final : public MessageDialog {
 
   // --- Answering ------------------------------------------------------------------
   void HandleMessage() {
-    MSG message;
+    MSG message{};
     if (::GetMessageW(&message, nullptr, 0, 0) <= 0) {  // the program ends
       ::PostQuitMessage(static_cast<int>(message.wParam));
       result_ = closeResult_;
