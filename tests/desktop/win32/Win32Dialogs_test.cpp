@@ -133,9 +133,9 @@ TEST(Win32Dialogs, TextIsPlainAndIsCopiedWholeOrInPart) {
   EXPECT_EQ(Clipboard(), whole);
   Answer({}, [](HWND window) {
     HWND const text = ::GetDlgItem(window, kText);
-    ::SetFocus(text);
     ::SendMessageW(text, EM_SETSEL, 3, 6);
-    ::SendMessageW(text, WM_COPY, 0, 0);
+    Press(::GetFocus(), 'C', true);
+    Click(window, IDOK);
   });
   EXPECT_EQ(Clipboard(), L"A&B");
 }

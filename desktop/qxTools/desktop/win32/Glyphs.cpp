@@ -1,5 +1,5 @@
+#include <qxTools/base/CodePage950.h>
 #include <qxTools/desktop/win32/Glyphs.h>
-#include <qxTools/desktop/win32/Wide.h>
 
 #include <algorithm>
 #include <new>
@@ -24,6 +24,11 @@ Integer WidthOf(HDC context, std::wstring_view piece) {
 }
 
 }  // namespace
+
+std::wstring ToWide(std::string_view text) {
+  const WideString units = BytesToWide(text);
+  return {units.begin(), units.end()};
+}
 
 TPoint MeasureGlyphs(HDC context, std::string_view text) {
   TEXTMETRICW metrics{};
@@ -50,16 +55,18 @@ void PaintGlyphs(HDC context, const TRect& clip, const TPoint& at, std::string_v
   }
 }
 
-DesktopFont::DesktopFont() {
+MemoryContext::MemoryContext() : context_(::CreateCompatibleDC(nullptr)) {
+  if (context_ == nullptr) throw std::bad_alloc();
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
   ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
   font_ = ::CreateFontIndirectW(&metrics.lfMessageFont);
+  ::SelectObject(context_, font_);
 }
 
-MemoryContext::MemoryContext() : context_(::CreateCompatibleDC(nullptr)) {
-  if (context_ == nullptr) throw std::bad_alloc();
-  ::SelectObject(context_, font_.Get());
+MemoryContext::~MemoryContext() {
+  ::DeleteDC(context_);
+  ::DeleteObject(font_);
 }
 
 }  // namespace qxTools::desktop

@@ -4,9 +4,13 @@
 #include <qxTools/painting/Geometry.h>
 #include <windows.h>
 
+#include <string>
 #include <string_view>
 
 namespace qxTools::desktop {
+
+/// The wide form of text in code page 950, by the library's own table.
+std::wstring ToWide(std::string_view text);
 
 inline RECT ToRect(const TRect& rect) { return {rect.Left, rect.Top, rect.Right, rect.Bottom}; }
 
@@ -16,30 +20,18 @@ TPoint MeasureGlyphs(HDC context, std::string_view text);
 /// Paints nothing outside `clip`; `at` is the top left of the text.
 void PaintGlyphs(HDC context, const TRect& clip, const TPoint& at, std::string_view text, TColor color);
 
-/// The font of message boxes.
-class DesktopFont {
- public:
-  DesktopFont();
-  DesktopFont(const DesktopFont&) = delete;
-  DesktopFont& operator=(const DesktopFont&) = delete;
-  ~DesktopFont() { ::DeleteObject(font_); }
-  HFONT Get() const { return font_; }
-
- private:
-  HFONT font_;
-};
-
 /// A device context in memory that has the font of message boxes.
 class MemoryContext {
  public:
   MemoryContext();
   MemoryContext(const MemoryContext&) = delete;
   MemoryContext& operator=(const MemoryContext&) = delete;
-  ~MemoryContext() { ::DeleteDC(context_); }
+  ~MemoryContext();
   HDC Get() const { return context_; }
+  HFONT Font() const { return font_; }
 
  private:
-  const DesktopFont font_;
+  HFONT font_;
   HDC context_;
 };
 

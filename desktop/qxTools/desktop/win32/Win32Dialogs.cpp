@@ -1,7 +1,6 @@
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/desktop/ButtonCaptions.h>
 #include <qxTools/desktop/win32/Glyphs.h>
-#include <qxTools/desktop/win32/Wide.h>
 #include <qxTools/desktop/win32/Win32Dialogs.h>
 
 #include <algorithm>
@@ -100,8 +99,8 @@ class Dialog final : public MessageDialog {
   Integer ShowModal() override {
     HWND const owner = ::GetActiveWindow();
     {
-      const OthersDisabled
-          others;  // until just before the window is destroyed: one of them becomes active then
+      // Until just before the window is destroyed: one of the others becomes active then.
+      const OthersDisabled others;
       MakeWindow(owner);
       ::ShowWindow(window_, SW_SHOW);
       while (result_ == 0 && window_ != nullptr) HandleMessage();
@@ -164,7 +163,7 @@ class Dialog final : public MessageDialog {
     HWND const control = ::CreateWindowExW(
         0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, place.left, place.top, size.cx, size.cy,
         window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-    ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
+    ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(context_.Font()), FALSE);
     return control;
   }
 
@@ -244,7 +243,7 @@ class Dialog final : public MessageDialog {
     if (::GetMessageW(&message, nullptr, 0, 0) <= 0) {  // the program ends
       ::PostQuitMessage(static_cast<int>(message.wParam));
       result_ = closeResult_;
-    } else if (IsCopyKey(message) && !HasSelection()) {
+    } else if (IsCopyKey(message)) {
       CopyText();
     } else if (::IsDialogMessageW(window_, &message) == FALSE) {
       ::TranslateMessage(&message);
@@ -267,9 +266,10 @@ class Dialog final : public MessageDialog {
 
   /// The keys for copying take the whole message, unless a part of it is selected.
   void CopyText() const {
-    ::SendDlgItemMessageW(window_, kText, EM_SETSEL, 0, -1);
+    const bool isWhole = !HasSelection();
+    if (isWhole) ::SendDlgItemMessageW(window_, kText, EM_SETSEL, 0, -1);
     ::SendDlgItemMessageW(window_, kText, WM_COPY, 0, 0);
-    ::SendDlgItemMessageW(window_, kText, EM_SETSEL, 0, 0);
+    if (isWhole) ::SendDlgItemMessageW(window_, kText, EM_SETSEL, 0, 0);
   }
 
   void Click(int id) {
@@ -304,7 +304,6 @@ class Dialog final : public MessageDialog {
   const Integer closeResult_ = GetCloseResult(buttons_);
   std::wstring caption_;
   bool isCentered_ = false;
-  const DesktopFont font_;
   const MemoryContext context_;
   const Integer line_ = MeasureGlyphs(context_.Get(), "").Y;
   const Integer margin_ = line_;
