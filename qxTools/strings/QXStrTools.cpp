@@ -12,7 +12,15 @@ namespace qxTools::QXStrTools {
 
 namespace {
 
+constexpr std::string_view kBlanks = "                ";
+
+// Of as many bytes as kBlanks has. Padded fields have many blanks.
+bool IsBlank(const char* p) { return std::memcmp(p, kBlanks.data(), kBlanks.size()) == 0; }
+
 std::string_view TrimmedView(std::string_view s, bool left, bool right) {
+  while (left && s.size() >= kBlanks.size() && IsBlank(s.data())) s.remove_prefix(kBlanks.size());
+  while (right && s.size() >= kBlanks.size() && IsBlank(s.data() + s.size() - kBlanks.size()))
+    s.remove_suffix(kBlanks.size());
   if (left) s.remove_prefix(std::min(s.find_first_not_of(' '), s.size()));
   if (right) s.remove_suffix(s.size() - (s.find_last_not_of(' ') + 1));
   return s;

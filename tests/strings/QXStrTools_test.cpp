@@ -48,6 +48,7 @@ TEST(QXStrTools, TextIsTrimmedCutPaddedAndJoined) {
       (Trim("  a b  ", TrimOrign[tsTrimAll]), "a b")(Trim("  a b  ", TrimOrign[tsTrimLeft]), "a b  ")
       (Trim("  a b  ", TrimOrign[tsTrimRight]), "  a b")(Trim(" x ", TrimOrign[tsNotTrim]), " x ")
       (Trim("  a b  ", 3), "a b")(Trim("  ", 1), "")(Trim("  ", 2), "")(Trim(" \t ", 0), "\t")
+      (Trim(Space(33) + "a" + Space(40) + "b" + Space(16), 0), "a" + Space(40) + "b")(Trim(Space(47), 0), "")
       (GetRightStr("a = b=c "), "b=c")(GetRightStr("abc"), "")
       (substr("abc", 2, 2), "bc")(substr("abc", 3, 9), "c\0\0"s)(substr("abc", 0, 2), "\0a"s)
       (substr("abc", 2147483647, 2147483647), "\0\0\0"s)(substr("abc", kMin, 2), "\0\0"s)
