@@ -23,8 +23,8 @@ constexpr char LowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<cha
 
 /// Returns whether `a` and `b` are equal apart from letter case.
 inline bool SameText(std::string_view a, std::string_view b) {
-  const auto same = [](char x, char y) { return UpperChar(x) == UpperChar(y); };
-  return a == b || std::equal(a.begin(), a.end(), b.begin(), b.end(), same);
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return x == y || UpperChar(x) == UpperChar(y); });
 }
 
 /// Returns `s` with a to z replaced by A to Z.

@@ -2,6 +2,8 @@
 /// A hash for names that ignore letter case. For the library's own use.
 #pragma once
 
+#include <qxTools/base/Ascii.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -33,5 +35,8 @@ inline std::size_t CaselessHash(std::string_view name) {
   mix(name.size() < kWord ? name : name.substr(name.size() - kWord));
   return static_cast<std::size_t>(hash * kSpread >> 32);
 }
+
+/// Returns whether two names of one hash are SameText. Nearly always they are equal as they are.
+inline bool SameHashedName(std::string_view a, std::string_view b) { return a == b || SameText(a, b); }
 
 }  // namespace qxTools

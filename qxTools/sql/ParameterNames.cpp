@@ -1,4 +1,4 @@
-#include <qxTools/base/Ascii.h>
+#include <qxTools/base/CaselessHash.h>
 #include <qxTools/sql/ParameterNames.h>
 
 #include <algorithm>
@@ -30,7 +30,7 @@ void ParameterNames::Add(std::string upperName, Integer item) {
 }
 
 bool ParameterNames::IsName(Integer item, std::string_view text) const {
-  return SameText(names_[static_cast<std::size_t>(item)], text);
+  return SameHashedName(names_[static_cast<std::size_t>(item)], text);
 }
 
 ParameterNames::Match ParameterNames::Find(std::string_view run) const {

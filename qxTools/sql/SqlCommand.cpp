@@ -78,7 +78,7 @@ void TQXSQLItem::SetName(std::string_view name) {
 struct TQXSQLItems::State {
   struct CaselessName {
     static std::string_view Of(const TQXSQLItem& item) { return item.name_; }
-    static bool Same(std::string_view name, std::string_view asked) { return SameText(name, asked); }
+    static bool Same(std::string_view name, std::string_view asked) { return SameHashedName(name, asked); }
   };
 
   NamedList<TQXSQLItem, CaselessName> items;

@@ -145,7 +145,7 @@ AnsiString TQXSqlStoreProcItem::GetSqlValue() const { return QXSqlTools::VarToSq
 struct TQXSqlStoreProc::State {
   struct CaselessName {
     static std::string_view Of(const TQXSqlStoreProcItem& item) { return item.GetName(); }
-    static bool Same(std::string_view name, std::string_view asked) { return SameText(name, asked); }
+    static bool Same(std::string_view name, std::string_view asked) { return SameHashedName(name, asked); }
   };
   using Items = NamedList<TQXSqlStoreProcItem, CaselessName>;
 

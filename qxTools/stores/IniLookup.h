@@ -38,7 +38,7 @@ class FirstByName {
   void Put(pQXTreeNodeLink link);
   std::string_view NameOf(pQXTreeNodeLink link) const { return View(PairOf(link)->*name_); }
   auto HasName(std::string_view name) const {
-    return [this, name](pQXTreeNodeLink link) { return SameText(NameOf(link), name); };
+    return [this, name](pQXTreeNodeLink link) { return SameHashedName(NameOf(link), name); };
   }
 
   char* TQXIniPair::*name_;

@@ -87,7 +87,7 @@ struct Header {
   explicit Header(const std::string& text);
   auto HasName(std::string_view name) const {
     return [this, name](Integer number) {
-      return SameText(fields.Text(line, static_cast<std::size_t>(number) - 1), name);
+      return SameHashedName(fields.Text(line, static_cast<std::size_t>(number) - 1), name);
     };
   }
 };
