@@ -112,5 +112,8 @@ def table(times, memory):
     found = lines(times, memory)
     verdicts = [line.verdict for line in found]
     count = f"{verdicts.count('yes')} of {verdicts.count('yes') + verdicts.count('**no**')} goals are met."
+    used = {line.goal for line in found}
+    without = [f"`{goal.rows}`" for goal in read_goals() if goal not in used]
+    count += f" Not measured: {', '.join(without)}." if without else ""
     head = ["| row | size | ours | best peer | ratio | goal | met | why not |", "|---|--:|--:|---|--:|--:|---|---|"]
     return "\n".join([count, "", *head, *map(show, found)]) + "\n"
