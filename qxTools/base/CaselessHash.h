@@ -11,18 +11,22 @@
 
 namespace qxTools {
 
-/// Returns the bytes of `name`, 8 of them or fewer, as one number.
+/// Returns the bytes of `name`, 8 of them or fewer, as one number. It is the same for the same bytes; some
+/// may be in it twice.
 inline std::uint64_t WordOf(std::string_view name) {
+  if (name.size() >= sizeof(std::uint32_t)) {
+    std::uint32_t front = 0;
+    std::uint32_t back = 0;
+    std::memcpy(&front, name.data(), sizeof front);
+    std::memcpy(&back, name.data() + name.size() - sizeof back, sizeof back);
+    return front | std::uint64_t{back} << 32;
+  }
   std::uint64_t word = 0;
-  if (name.size() == sizeof word)
-    std::memcpy(&word, name.data(), sizeof word);
-  else
-    for (const char c : name) word = word << 8 | static_cast<unsigned char>(c);
+  for (const char c : name) word = word << 8 | static_cast<unsigned char>(c);
   return word;
 }
 
-/// Equal for names that are SameText: what tells capitals from small letters is the bit 0x20. A long name's
-/// last word is its last 8 bytes, some of them for the second time.
+/// Equal for names that are SameText: what tells capitals from small letters is the bit 0x20.
 inline std::size_t CaselessHash(std::string_view name) {
   constexpr std::size_t kWord = sizeof(std::uint64_t);
   constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
@@ -31,8 +35,8 @@ inline std::size_t CaselessHash(std::string_view name) {
     hash = (hash ^ (WordOf(bytes) | 0x2020202020202020)) * kSpread;
     hash ^= hash >> 32;
   };
-  for (std::size_t i = 0; i + kWord < name.size(); i += kWord) mix(name.substr(i, kWord));
-  mix(name.size() < kWord ? name : name.substr(name.size() - kWord));
+  for (; name.size() > kWord; name.remove_prefix(kWord)) mix(name.substr(0, kWord));
+  mix(name);
   return static_cast<std::size_t>(hash * kSpread >> 32);
 }
 
