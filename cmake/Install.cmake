@@ -1,4 +1,4 @@
-# What `cmake --install` and the Debian packages hold. A shared and a static build go into one prefix side by side:
+# What `cmake --install` and the packages hold. A shared and a static build go into one prefix side by side:
 # each brings its own list of targets, and find_package takes the one that is asked for.
 include(CMakePackageConfigHelpers)
 
@@ -12,6 +12,7 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qxTools)
 # qxtools_install(<target> <component>): the library with its headers and its list of targets.
 function(qxtools_install target component)
   install(TARGETS ${target} EXPORT ${target}-${kind}
+    RUNTIME COMPONENT ${component}
     LIBRARY COMPONENT ${component} NAMELINK_COMPONENT ${component}-dev
     ARCHIVE COMPONENT ${component}-dev
     FILE_SET HEADERS COMPONENT ${component}-dev)
@@ -46,6 +47,13 @@ install(FILES ${PROJECT_BINARY_DIR}/qxToolsConfig.cmake ${PROJECT_BINARY_DIR}/qx
 
 # The prefix is found from where the file stands, so that an installed tree can be moved.
 file(RELATIVE_PATH prefix_from_pkgconfig ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+# The system's libraries, which a program with the static library links, too.
+get_target_property(libraries qxTools LINK_LIBRARIES)
+list(FILTER libraries EXCLUDE REGEX "::@")  # which say in which folder they were named
+if(libraries)
+  list(TRANSFORM libraries PREPEND " -l" OUTPUT_VARIABLE QXTOOLS_SYSTEM_LIBRARIES)
+  string(REPLACE ";" "" QXTOOLS_SYSTEM_LIBRARIES "${QXTOOLS_SYSTEM_LIBRARIES}")
+endif()
 configure_file(cmake/qxtools.pc.in ${PROJECT_BINARY_DIR}/qxtools.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qxtools.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT core-dev)
 
@@ -54,4 +62,8 @@ if(QXTOOLS_BUILD_TOOLS)
   file(RELATIVE_PATH lib_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
   set(QXTOOLS_TOOL_RPATH "$ORIGIN/${lib_from_bin}")
 endif()
-include(cmake/Packages.cmake)
+if(WIN32)
+  include(cmake/WindowsPackages.cmake)
+else()
+  include(cmake/Packages.cmake)
+endif()

@@ -48,7 +48,7 @@ build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev unixodbc-d
 test_packages=(libgtest-dev clang g++-multilib googletest shared-mime-info libglib2.0-bin desktop-file-utils python3-jsonschema
   qt6-base-dev fonts-wqy-microhei ccache locales zsh python3 tdsodbc postgresql odbc-postgresql)
 package_packages=(dpkg-dev file lintian pkg-config abigail-tools)
-windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64)
+windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix googletest wine wine64 nsis pkg-config python3)
 docs_packages=(doxygen man-db groff python3-matplotlib)
 tidy_packages=(clang-tidy)
 fuzz_packages=(clang libclang-rt-14-dev nlohmann-json3-dev)
