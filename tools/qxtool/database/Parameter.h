@@ -5,8 +5,12 @@
 
 #include <cstdint>
 #include <string>
+#include <type_traits>
 
 namespace qxtool::database {
+
+/// ODBC's SQLLEN.
+using Length = std::conditional_t<sizeof(void*) == 8, std::intptr_t, long>;
 
 /// A value in the form that SQLBindParameter takes.
 struct Parameter {
@@ -16,7 +20,7 @@ struct Parameter {
   std::int16_t scale = 0;
   std::string bytes = {};  // of a text in UTF-8 until it is bound
   bool isNull = false;
-  std::intptr_t length = 0;  // of the bytes, or that it is null; read when the statement runs
+  Length length = 0;  // of the bytes, or that it is null; read when the statement runs
 
   bool IsText() const;
 };

@@ -143,16 +143,22 @@ WORD TypeOf(DWORD group, char32_t character) {
   return type;
 }
 
+bool IsControl(char32_t character) {
+  return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 ||
+         character == 0x2029;
+}
+
 }  // namespace
 
 int ColumnsOf(char32_t character) {
   const bool isWide = IsWide(character);
   if (character > 0xFFFF) return isWide ? 2 : 1;
   const WORD type = TypeOf(CT_CTYPE1, character);
-  if ((type & C1_CNTRL) != 0 || (type & C1_DEFINED) == 0) return -1;
+  const bool isFormat = (type & C1_CNTRL) != 0;
+  if (IsControl(character) || (type & (C1_CNTRL | C1_DEFINED)) == 0) return -1;
   if (isWide) return 2;
   const bool isCombining = (type & C1_ALPHA) == 0 && (TypeOf(CT_CTYPE3, character) & C3_NONSPACING) != 0;
-  return isCombining ? 0 : 1;
+  return isCombining || (isFormat && character >= 0x1000) ? 0 : 1;
 }
 
 namespace {
