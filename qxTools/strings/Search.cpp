@@ -7,12 +7,4 @@ Automaton::Automaton(std::string_view sub) : sub_(sub), borders_(sub.size()) {
   for (std::size_t i = 1; i < sub.size(); ++i) borders_[i] = matched = Feed(matched, sub[i]);
 }
 
-bool Automaton::Read(std::string_view text, std::size_t& matched) const {
-  for (const char c : text) {
-    matched = Feed(matched, c);
-    if (matched == sub_.size()) return true;
-  }
-  return false;
-}
-
 }  // namespace qxTools::QXStrTools

@@ -29,7 +29,13 @@ class Automaton {
   }
 
   /// Feeds `text` until an occurrence ends. @return whether one did.
-  bool Read(std::string_view text, std::size_t& matched) const;
+  bool Read(std::string_view text, std::size_t& matched) const {
+    for (const char c : text) {
+      matched = Feed(matched, c);
+      if (matched == sub_.size()) return true;
+    }
+    return false;
+  }
 
  private:
   std::string_view sub_;
@@ -60,6 +66,11 @@ inline std::uint64_t MarkBlock(const char* begin, const char* end, char first, c
   std::uint64_t bits = 0;
   for (std::size_t i = 0; i < eights.size(); ++i) bits |= (eights[i] * kGather >> 56) << (8 * i);
   return bits;
+}
+
+/// Whether `sub` is at `offset` of `s`, where its first and its last byte are.
+inline bool IsMiddleAt(std::string_view sub, std::string_view s, std::size_t offset) {
+  return sub.size() < 3 || std::memcmp(&s[offset + 1], &sub[1], sub.size() - 2) == 0;
 }
 
 /// The marks from the n-th on.
@@ -102,7 +113,7 @@ void VisitOccurrences(std::string_view sub, std::string_view s, std::size_t from
       compared += m;
       const std::size_t offset = FindFirstByte(sub, s, from);
       if (offset == std::string_view::npos) return;
-      const bool isHit = std::memcmp(&s[offset], sub.data(), m) == 0;
+      const bool isHit = s[offset + m - 1] == sub.back() && IsMiddleAt(sub, s, offset);
       if (isHit && !visit(offset)) return;
       far = offset - hit >= kLongHop;
       hit = offset;
@@ -117,7 +128,7 @@ void VisitOccurrences(std::string_view sub, std::string_view s, std::size_t from
       marks &= marks - 1;
       if (m > 2) {
         compared += m;
-        if (std::memcmp(&s[offset + 1], &sub[1], m - 2) != 0) continue;
+        if (!IsMiddleAt(sub, s, offset)) continue;
       }
       if (!visit(offset)) return;
       hit = offset;
