@@ -31,8 +31,10 @@ std::string TStrings::GetText() const {
 }
 
 void TStrings::SetText(std::string_view text) {
-  const auto lines = SplitLines(text);
-  lines_ = std::vector<std::string>(lines.begin(), lines.end());
+  std::vector<std::string> lines;
+  lines.reserve(CountByte(text, '\n') + 1);
+  ForEachLine(text, [&](std::string_view line) { lines.emplace_back(line); });
+  lines_ = std::move(lines);
   Changed();
 }
 

@@ -134,6 +134,8 @@ void AppendDoubled(std::string& out, std::string_view text) {
 void RemoveNotes(std::string& text) { Remove(text); }
 void RemoveNotes(std::u16string& text) { Remove(text); }
 
+bool HasNotes(std::u16string_view text) { return FindPair(text, '/', '*', 0) != kNone; }
+
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros) {
   MacroTable table;
   bool plain = true;

@@ -18,6 +18,9 @@ using Macro = std::pair<std::string, std::string>;
 void RemoveNotes(std::string& text);
 void RemoveNotes(std::u16string& text);
 
+/// Returns whether RemoveNotes may remove anything.
+bool HasNotes(std::u16string_view text);
+
 /// Returns the text with one macro after the other replaced; letter case matters.
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros);
 

@@ -174,7 +174,8 @@ void TQXSqlStoreProc::LoadStoreProc(const TStrings* lines) {
 }
 
 void TQXSqlStoreProc::LoadStoreProc(std::u16string_view text) {
-  std::string bytes = WideToBytes(ClearNote(text));  // here, so that the wide copy ends before the rest
+  // Here, so that the wide copy, if one is needed, ends before the rest.
+  std::string bytes = WideToBytes(HasNotes(text) ? ClearNote(text) : text);
   Load(std::move(bytes));
 }
 
