@@ -30,13 +30,12 @@ TEST(QXValueTools, AnUnknownNameIsMadeAndHoldsNull) {
 
 TEST(QXValueTools, NamesMatchWithoutCaseAndBlanksByteByByte) {
   // A second byte like a letter's changes with the letters; a name of more than 100 bytes is stored cut.
+  // clang-format off
   const std::tuple<std::string, std::string, bool> cases[] = {
-      {std::string("\0a\x1F", 3), " A", true},
-      {"a\x7F", "a", false},
-      {"\xA4\x61", "\xA4\x41", true},
-      {std::string(150, 'x'), std::string(150, 'x'), false},
-      {std::string(150, 'x'), std::string(100, 'X'), true},
-      {std::string(100, ' ') + "x", "", true}};
+    {std::string("\0a\x1F", 3), " A", true}, {"a\x7F", "a", false}, {"\xA4\x61", "\xA4\x41", true},
+    {std::string(150, 'x'), std::string(150, 'x'), false}, {std::string(150, 'x'), std::string(100, 'X'), true},
+    {std::string(100, ' ') + "x", "", true}};
+  // clang-format on
   for (const auto& [name, query, found] : cases) {
     TQXValueList list;
     list.SetValue(name, 1);

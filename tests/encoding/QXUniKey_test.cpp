@@ -18,18 +18,17 @@ TEST(QXUniKey, AKeyIsSeedPlusStampPlusDraws) {
   std::vector<std::uint32_t> mixed(20);  // copies of nothing and cells 7, 2, 10; then 14, 2, 21, 9 ...
   for (std::uint32_t i = 0; i < 20; ++i) mixed[i] = i * 0x9E3779B9;
   const std::string zeros = "000000000000";
+  // clang-format off
   const std::tuple<TDateTime, std::string, std::vector<std::uint32_t>, const char*> cases[] = {
-      {0.0, "0123456789abXYZ", mixed, "E3NCWLBUKATJQL4V"},
-      {0.0, "0123456789ab", most, "TUVWXYZabcdedddd"},
-      {0.0, "g:/@ G`-\x80\xFF..", least, "0000000000000000"},
-      {1.0, zeros, least, "00000002540BE400"},      // 10^10 steps a day
-      {1e-10, zeros, least, "0000000000000001"},    // rounded, not cut
-      {0x1p-11, zeros, least, "00000000004A817C"},  // 4882812.5: to even
-      {0x3p-11, zeros, least, "0000000000DF8476"},
-      {-1e-10, zeros, least, "FFFFFFFFFFFFFFFF"},
-      {-1.0, "FFFFFFFFFFFF", most, "xxxxxxxvstxmjuii"},
-      {0.0, "0123456789a", least, ""},  // too short a seed
+    {0.0, "0123456789abXYZ", mixed, "E3NCWLBUKATJQL4V"}, {0.0, "0123456789ab", most, "TUVWXYZabcdedddd"},
+    {0.0, "g:/@ G`-\x80\xFF..", least, "0000000000000000"},
+    {1.0, zeros, least, "00000002540BE400"},  // 10^10 steps a day
+    {1e-10, zeros, least, "0000000000000001"},  // rounded, not cut
+    {0x1p-11, zeros, least, "00000000004A817C"},  // 4882812.5: to even
+    {0x3p-11, zeros, least, "0000000000DF8476"}, {-1e-10, zeros, least, "FFFFFFFFFFFFFFFF"},
+    {-1.0, "FFFFFFFFFFFF", most, "xxxxxxxvstxmjuii"}, {0.0, "0123456789a", least, ""},  // too short a seed
   };
+  // clang-format on
   for (const auto& [now, seed, numbers, want] : cases) {
     const FixedClock clock(now);
     FixedDraws draws(numbers);

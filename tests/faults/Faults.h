@@ -9,6 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <initializer_list>
+#include <memory>
+#include <type_traits>
 
 namespace qxTools::test {
 
@@ -43,23 +46,32 @@ inline void ForEachCall(const std::function<bool(long n)>& reaches) {
   EXPECT_GT(n, 2) << "nothing failed";
 }
 
-/// Lets `change` run out of memory at each of its requests in turn, each time on an object that `make` made
-/// anew: what `state` says of the object is as before then, and as it should be after a second try.
-template <class Make, class Change, class State>
-void ExpectAllOrNothing(const Make& make, const Change& change, const State& state) {
-  auto changed = make();
-  change(changed);
-  const auto want = state(changed);
-  ForEachCall([&](long n) {
-    auto object = make();
-    const auto before = state(object);
-    const Outcome outcome = RunFailing(Fault::kMemory, n, [&] { change(object); });
-    EXPECT_EQ(outcome.error, outcome.reached ? Error::kMemory : Error::kNone);
-    EXPECT_EQ(state(object), outcome.reached ? before : want);
-    if (outcome.reached) change(object);
-    EXPECT_EQ(state(object), want);
-    return outcome.reached;
-  });
+/// The object behind the pointer that `Make` returns.
+template <class Make>
+using MadeBy = typename std::invoke_result_t<const Make&>::element_type;
+
+/// Lets each of `changes` run out of memory at each of its requests in turn, each time on an object that
+/// `make` made anew: what `state` says of the object is as before then, and as it should be after a second
+/// try.
+template <class Make, class State>
+void ExpectAllOrNothing(const Make& make, std::initializer_list<std::function<void(MadeBy<Make>&)>> changes,
+                        const State& state) {
+  for (const auto& change : changes) {
+    SCOPED_TRACE(&change - changes.begin());
+    const auto changed = make();
+    change(*changed);
+    const auto want = state(*changed);
+    ForEachCall([&](long n) {
+      const auto object = make();
+      const auto before = state(*object);
+      const Outcome outcome = RunFailing(Fault::kMemory, n, [&] { change(*object); });
+      EXPECT_EQ(outcome.error, outcome.reached ? Error::kMemory : Error::kNone);
+      EXPECT_EQ(state(*object), outcome.reached ? before : want);
+      if (outcome.reached) change(*object);
+      EXPECT_EQ(state(*object), want);
+      return outcome.reached;
+    });
+  }
 }
 
 }  // namespace qxTools::test

@@ -128,6 +128,13 @@ void PrintTo(const Format& format, std::ostream* out) { *out << format.name; }
 
 class Files : public testing::TestWithParam<Format> {
  protected:
+  /// The files that a save makes.
+  static std::map<std::string, std::string> Saved() {
+    const TemporaryFolder folder;
+    GetParam().save(folder.File("file"));
+    return FilesIn(folder.Path());
+  }
+
   /// @return how `call` ended, which is as stated and leaves no file open.
   static Outcome Run(Fault fault, long n, const std::function<void()>& call) {
     const std::ptrdiff_t openFiles = OpenFiles();
@@ -142,25 +149,29 @@ class Files : public testing::TestWithParam<Format> {
   }
 };
 
-/// Makes the files that a save will replace, each behind a link.
-void MakeOld(const TemporaryFolder& folder, const std::map<std::string, std::string>& files) {
-  for (const auto& [name, bytes] : files)
+/// Makes the files that a save will replace, each behind a link; written in place where they have another
+/// name.
+void MakeOld(const TemporaryFolder& folder, const std::map<std::string, std::string>& files, bool inPlace) {
+  for (const auto& [name, bytes] : files) {
     std::filesystem::create_symlink(folder.Make("real " + name, "old"), folder.File(name));
+    if (inPlace) std::filesystem::create_hard_link(folder.File("real " + name), folder.File("other " + name));
+  }
 }
 
-TEST_P(Files, AreSavedWholeWithNoOtherLeft) {
-  const TemporaryFolder first;
-  GetParam().save(first.File("file"));
-  const auto newFiles = FilesIn(first.Path());
-  for (const Fault fault : {Fault::kMemory, Fault::kSystem, Fault::kFullDisk})
-    ForEachCall([&](long n) {
+TEST_P(Files, AreSavedWholeWithNoOtherLeftAlsoInPlaceOnAFullDisk) {
+  const auto newFiles = Saved();
+  for (const auto& [fault, inPlace] : {std::pair(Fault::kMemory, false),
+                                       {Fault::kSystem, false},
+                                       {Fault::kFullDisk, false},
+                                       {Fault::kFullDisk, true}})
+    ForEachCall([&, fault = fault, inPlace = inPlace](long n) {
       const TemporaryFolder folder;
-      MakeOld(folder, newFiles);
+      MakeOld(folder, newFiles, inPlace);
       const Outcome outcome = Run(fault, n, [&] { GetParam().save(folder.File("file")); });
       const auto files = FilesIn(folder.Path());
-      EXPECT_EQ(files.size(), 2 * newFiles.size());
+      EXPECT_EQ(files.size(), (inPlace ? 3 : 2) * newFiles.size());
       for (const auto& [name, bytes] : newFiles) {
-        const std::string& found = files.at(name);
+        const std::string& found = files.at((inPlace ? "other " : "") + name);
         EXPECT_TRUE(found == bytes || (outcome.error != Error::kNone && found == "old")) << name;
         EXPECT_TRUE(std::filesystem::is_symlink(folder.File(name)));
       }
@@ -168,36 +179,14 @@ TEST_P(Files, AreSavedWholeWithNoOtherLeft) {
     });
 }
 
-TEST_P(Files, AreWholeInPlaceOnAFullDisk) {
-  const TemporaryFolder first;
-  GetParam().save(first.File("file"));
-  const auto newFiles = FilesIn(first.Path());
-  ForEachCall([&](long n) {
-    const TemporaryFolder folder;
-    MakeOld(folder, newFiles);
-    for (const auto& [name, bytes] : newFiles)
-      std::filesystem::create_hard_link(folder.File("real " + name), folder.File("other " + name));
-    const Outcome outcome = Run(Fault::kFullDisk, n, [&] { GetParam().save(folder.File("file")); });
-    const auto files = FilesIn(folder.Path());
-    EXPECT_EQ(files.size(), 3 * newFiles.size());
-    for (const auto& [name, bytes] : newFiles) {
-      const std::string& found = files.at("other " + name);
-      EXPECT_TRUE(found == bytes || (outcome.error != Error::kNone && found == "old")) << name;
-    }
-    return outcome.reached;
-  });
-}
-
 TEST_P(Files, AreWholeAfterAKillAndTheNextSaveLeavesNothing) {
-  const TemporaryFolder first;
-  GetParam().save(first.File("file"));
-  const auto newFiles = FilesIn(first.Path());
+  const auto newFiles = Saved();
   for (const bool hasUnnamedFiles : {true, false}) {
     SetHasUnnamedFiles(hasUnnamedFiles);
     std::size_t withRest = 0;
     ForEachCall([&](long n) {
       const TemporaryFolder folder;
-      MakeOld(folder, newFiles);
+      MakeOld(folder, newFiles, false);
       const bool reached = RunKilled(n, [&] { GetParam().save(folder.File("file")); });
       auto files = FilesIn(folder.Path());
       for (const auto& [name, bytes] : newFiles)

@@ -18,19 +18,15 @@ const std::string kLong(100, 'l');  // longer than what a string holds without m
 
 TEST(RuntimeFaults, ListsOfLines) {
   const TStrings source{kLong, "short", kLong + kLong};
-  const std::function<void(TStrings&)> changes[] = {
-      [&](TStrings& list) { list.SetText("a\n" + kLong); },
-      [&](TStrings& list) { list.Assign(source); },
-      [&](TStrings& list) { list.SetStrings(1, kLong); },
-      [&](TStrings& list) { list.Insert(0, kLong); },
-      [&](TStrings& list) { list.Add(kLong); },
+  const auto make = [] {
+    return std::make_unique<TStrings>(std::initializer_list<std::string>{"a", "b", "c"});
   };
-  for (const auto& change : changes)
-    ExpectAllOrNothing(
-        [] {
-          return TStrings{"a", "b", "c"};
-        },
-        change, [](const TStrings& list) { return list.GetText(); });
+  // clang-format off
+  ExpectAllOrNothing(make, {
+    [](auto& list) { list.SetText("a\n" + kLong); }, [&](auto& list) { list.Assign(source); },
+    [](auto& list) { list.SetStrings(1, kLong); }, [](auto& list) { list.Insert(0, kLong); },
+    [](auto& list) { list.Add(kLong); }}, [](const TStrings& list) { return list.GetText(); });
+  // clang-format on
 }
 
 TEST(RuntimeFaults, Values) {
@@ -46,31 +42,26 @@ TEST(RuntimeFaults, Values) {
   };
   const auto shared = [&] {
     const Variant value = array();
-    return Shared{value, value};
+    return std::make_unique<Shared>(Shared{value, value});
   };
-  const std::function<void(Variant&)> changes[] = {
-      [&](Variant& value) { value.SetElement(1, kLong); },
-      [&](Variant& value) { value.SetElement(2, other); },
-      [](Variant& value) { value = Variant(kLong); },
-      [](Variant& value) { value = Variant(u"wide text"); },
-      [](Variant& value) { value = Variant::NewArray(0, 9, varByte); },
+  const auto state = [&](const Shared& both) {
+    EXPECT_EQ(both.copy, other);
+    return both.value;
   };
-  for (const auto& change : changes)
-    ExpectAllOrNothing(
-        shared, [&](Shared& both) { change(both.value); },
-        [&](const Shared& both) {
-          EXPECT_EQ(both.copy, other);
-          return both.value;
-        });
+  // clang-format off
+  ExpectAllOrNothing(shared, {
+    [](Shared& s) { s.value.SetElement(1, kLong); }, [&](Shared& s) { s.value.SetElement(2, other); },
+    [](Shared& s) { s.value = Variant(kLong); }, [](Shared& s) { s.value = Variant(u"wide text"); },
+    [](Shared& s) { s.value = Variant::NewArray(0, 9, varByte); }}, state);
+  // clang-format on
 }
 
 TEST(RuntimeFaults, ListsOfPointersAndItems) {
-  ExpectAllOrNothing([] { return TList(); }, [](TList& list) { list.Add(&list); },
-                     [](const TList& list) { return list.GetCount(); });
+  const auto count = [](const auto& list) { return list.GetCount(); };
+  ExpectAllOrNothing(std::make_unique<TList>, {[](TList& list) { list.Add(&list); }}, count);
   using Items = OwnedList<std::string>;
-  ExpectAllOrNothing([] { return Items(); },
-                     [](Items& items) { items.Insert(0, std::make_unique<std::string>(kLong)); },
-                     [](const Items& items) { return items.GetCount(); });
+  ExpectAllOrNothing(std::make_unique<Items>,
+                     {[](Items& items) { items.Insert(0, std::make_unique<std::string>(kLong)); }}, count);
 }
 
 TEST(RuntimeFaults, WritingPropertiesForgetsTheAncestor) {
@@ -93,23 +84,17 @@ TEST(RuntimeFaults, WritingPropertiesForgetsTheAncestor) {
 TEST(RuntimeFaults, PicturesHaveNoRestOfAnother) {
   Paper stamp(3, 2);
   const std::vector<TPoint> sliver{{0, 0}, {15, 14}, {2, 0}};  // its edges take more memory than its inside
-  const std::function<void(TBitmap&)> changes[] = {
-      [&](TBitmap& bitmap) { bitmap.GetCanvas().Polygon(sliver); },
-      [](TBitmap& bitmap) { bitmap.GetCanvas().LineTo(12, 15); },
-      [&](TBitmap& bitmap) {
-        bitmap.GetCanvas().CopyRect({0, 0, 9, 9}, stamp);
-      },
-      [](TBitmap& bitmap) { bitmap.SetSize(4, 20); },
-  };
   const auto paper = [] {
     auto bitmap = std::make_unique<Paper>(16, 16);
     bitmap->GetCanvas().SetBrushColor(ColorOf('r'));
     return bitmap;
   };
-  for (const auto& change : changes)
-    ExpectAllOrNothing(
-        paper, [&](std::unique_ptr<Paper>& bitmap) { change(*bitmap); },
-        [](const std::unique_ptr<Paper>& bitmap) { return TextOf(*bitmap); });
+  // clang-format off
+  ExpectAllOrNothing(paper, {
+    [&](auto& bitmap) { bitmap.GetCanvas().Polygon(sliver); },
+    [](auto& bitmap) { bitmap.GetCanvas().LineTo(12, 15); }, [](auto& bitmap) { bitmap.SetSize(4, 20); },
+    [&](auto& bitmap) { bitmap.GetCanvas().CopyRect({0, 0, 9, 9}, stamp); }}, TextOf);
+  // clang-format on
 }
 
 }  // namespace

@@ -21,24 +21,20 @@ using qxTreeList::TQXTreeNodes;
 const std::string kLong(100, 'l');  // longer than what a string holds without memory
 
 TEST(StoresFaults, Trees) {
-  struct Tree {
-    std::unique_ptr<TQXTreeNodes> tree = std::make_unique<TQXTreeNodes>();
-    std::vector<qxTreeList::TNodeKey> keys;
+  qxTreeList::TNodeKey last;
+  const auto make = [&] {
+    auto tree = std::make_unique<TQXTreeNodes>();
+    tree->OpenRootNode();
+    for (int i = 0; i < 11; ++i) tree->Add();
+    last = tree->Add()->Key;  // the next one lets the index grow
+    return tree;
   };
-  const auto make = [] {
-    Tree made;
-    made.tree->OpenRootNode();
-    for (int i = 0; i < 12; ++i)
-      made.keys.push_back(made.tree->Add()->Key);  // the next one lets the index grow
-    return made;
+  const auto state = [&](const TQXTreeNodes& tree) {
+    std::size_t count = 0;
+    tree.EnumAllTreeNode([&](qxTreeList::pQXTreeNode) { ++count; });
+    return std::pair(count, tree.GetItem(last)->Key.Text().size());
   };
-  ExpectAllOrNothing(
-      make, [](Tree& made) { made.tree->Add(made.keys[2]); },
-      [](const Tree& made) {
-        std::size_t count = 0;
-        made.tree->EnumAllTreeNode([&](qxTreeList::pQXTreeNode) { ++count; });
-        return std::pair(count, made.tree->GetItem(made.keys[2])->Key.Text().size());
-      });
+  ExpectAllOrNothing(make, {[&](TQXTreeNodes& tree) { tree.Add(last); }}, state);
 }
 
 /// The text, the sections that are found, and what is open.
@@ -65,22 +61,13 @@ TEST(StoresFaults, Settings) {
     settings->OpenFirstKey();
     return settings;
   };
-  const std::function<void(TQXIniFile&)> changes[] = {
-      [](TQXIniFile& settings) { settings.SetValue("a", kLong + "1"); },
-      [](TQXIniFile& settings) { settings.SetValue("c", kLong); },
-      [](TQXIniFile& settings) { settings.SetRootKey("New" + kLong); },
-      [](TQXIniFile& settings) { settings.DeleteRootKey("one"); },
-      [](TQXIniFile& settings) { settings.ClearKeys(); },
-      [](TQXIniFile& settings) { settings.DeleteKey(1); },
-      [](TQXIniFile& settings) { settings.DeleteValue("a"); },
-      [](TQXIniFile& settings) { settings.Clear(); },
-  };
-  for (std::size_t i = 0; i < std::size(changes); ++i) {
-    SCOPED_TRACE(i);
-    ExpectAllOrNothing(
-        make, [&](const auto& settings) { changes[i](*settings); },
-        [](const auto& settings) { return StateOf(*settings); });
-  }
+  // clang-format off
+  ExpectAllOrNothing(make, {
+    [](auto& s) { s.SetValue("a", kLong + "1"); }, [](auto& s) { s.SetValue("c", kLong); },
+    [](auto& s) { s.SetRootKey("New" + kLong); }, [](auto& s) { s.DeleteRootKey("one"); },
+    [](auto& s) { s.ClearKeys(); }, [](auto& s) { s.DeleteKey(1); }, [](auto& s) { s.DeleteValue("a"); },
+    [](auto& s) { s.Clear(); }}, StateOf);
+  // clang-format on
 }
 
 TEST(StoresFaults, Tables) {
@@ -92,23 +79,16 @@ TEST(StoresFaults, Tables) {
     table->Top();
     return table;
   };
-  const std::function<void(TQXStringTable&)> changes[] = {
-      [](TQXStringTable& table) { table.AddField(kLong); },
-      [](TQXStringTable& table) { table.RemoveField("Phone"); },
-      [](TQXStringTable& table) {
-        table.AddRecord({kLong, kLong});
-      },
-      [](TQXStringTable& table) { table.SetField("Phone", kLong); },
+  const auto state = [](const TQXStringTable& table) {
+    return table.GetText() + table.GetField("name") + table.GetField("phone") +
+           std::to_string(table.GetRecNo());
   };
-  for (std::size_t i = 0; i < std::size(changes); ++i) {
-    SCOPED_TRACE(i);
-    ExpectAllOrNothing(
-        make, [&](const auto& table) { changes[i](*table); },
-        [](const auto& table) {
-          return table->GetText() + table->GetField("name") + table->GetField("phone") +
-                 std::to_string(table->GetRecNo());
-        });
-  }
+  // clang-format off
+  ExpectAllOrNothing(make, {
+    [](auto& table) { table.AddField(kLong); }, [](auto& table) { table.RemoveField("Phone"); },
+    [](auto& table) { table.AddRecord({kLong, kLong}); },
+    [](auto& table) { table.SetField("Phone", kLong); }}, state);
+  // clang-format on
   ForEachCall([&](long n) {
     const auto table = make();  // whose header and record were not read yet
     const Outcome outcome = RunFailing(Fault::kMemory, n, [&] { table->GetField("phone"); });

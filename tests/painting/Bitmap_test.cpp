@@ -58,24 +58,20 @@ TEST(Bitmap, RefusesFilesThatCannotBeWhole) {
                                            {kMasks, 0xFF0000},
                                            {Place(kMasks + 4), 0xFF00},
                                            {Place(kMasks + 8), 0xFF}});
+  // clang-format off
   const std::pair<const char*, std::string> cases[] = {
-      {"nothing", ""},
-      {"half a header", kWhole.substr(0, 53)},
-      {"another signature", "MB" + kWhole.substr(2)},
-      {"a row too few", kWhole.substr(0, kWhole.size() - 1)},
-      {"below no width", With(kWhole, {{kWidth, -3}})},
-      {"the lowest height", With(kWhole, {{kHeight, 0x80000000}})},
-      {"sides beyond the file", With(kWhole, {{kWidth, 0x7FFFFFFF}, {kHeight, -0x7FFFFFFF}})},
-      {"16 bits", With(kWhole, {{kDepth, DepthOf(16)}})},
-      {"packed", With(masked, {{kPacking, 1}})},
-      {"masks of 24 bits", With(masked, {{kDepth, DepthOf(24)}})},
-      {"other masks", With(masked, {{kMasks, 0xFF}})},
-      {"an old header", With(kWhole, {{kHeaderSize, 12}})},
-      {"a header below nothing", With(kWhole, {{kHeaderSize, 0x80000000}})},
-      {"no palette", With(kWhole, {{kDepth, DepthOf(8)}})},
-      {"pixels in the header", With(kWhole, {{kStart, 20}})},
-      {"pixels behind the end", With(kWhole, {{kStart, 0xFFFFFFFF}})},
-  };
+    {"nothing", ""}, {"half a header", kWhole.substr(0, 53)}, {"another signature", "MB" + kWhole.substr(2)},
+    {"a row too few", kWhole.substr(0, kWhole.size() - 1)}, {"below no width", With(kWhole, {{kWidth, -3}})},
+    {"the lowest height", With(kWhole, {{kHeight, 0x80000000}})},
+    {"sides beyond the file", With(kWhole, {{kWidth, 0x7FFFFFFF}, {kHeight, -0x7FFFFFFF}})},
+    {"16 bits", With(kWhole, {{kDepth, DepthOf(16)}})}, {"packed", With(masked, {{kPacking, 1}})},
+    {"masks of 24 bits", With(masked, {{kDepth, DepthOf(24)}})},
+    {"other masks", With(masked, {{kMasks, 0xFF}})}, {"an old header", With(kWhole, {{kHeaderSize, 12}})},
+    {"a header below nothing", With(kWhole, {{kHeaderSize, 0x80000000}})},
+    {"no palette", With(kWhole, {{kDepth, DepthOf(8)}})},
+    {"pixels in the header", With(kWhole, {{kStart, 20}})},
+    {"pixels behind the end", With(kWhole, {{kStart, 0xFFFFFFFF}})}};
+  // clang-format on
   TBitmap bitmap;
   Paint(bitmap, "12\n");
   for (const auto& [what, bytes] : cases) {

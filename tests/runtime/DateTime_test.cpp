@@ -37,14 +37,12 @@ TEST_F(DateTime, DaysCountFrom30December1899) {
 }
 
 TEST_F(DateTime, TextsAreReadInTheOrderOfTheFormat) {
+  // clang-format off
   const std::tuple<const char*, char, const char*, const char*, int> cases[] = {
-      {"yyyy/mm/dd", '/', " 2024 / 3/ 5 ", "2024/03/05", 2024},
-      {"yyyy/mm/dd", '/', "49/3/5", "2049/03/05", 2049},
-      {"yyyy/mm/dd", '/', "50/3/5", "1950/03/05", 1950},
-      {"yyyy/mm/dd", '/', "099/3/5", "0099/03/05", 99},
-      {"d/m/yy", '.', "5.3.2004", "5.3.04", 2004},
-      {"mm/dd/yyyy", '-', "3-5-1999", "03-05-1999", 1999},
-  };
+    {"yyyy/mm/dd", '/', " 2024 / 3/ 5 ", "2024/03/05", 2024}, {"yyyy/mm/dd", '/', "49/3/5", "2049/03/05", 2049},
+    {"yyyy/mm/dd", '/', "50/3/5", "1950/03/05", 1950}, {"yyyy/mm/dd", '/', "099/3/5", "0099/03/05", 99},
+    {"d/m/yy", '.', "5.3.2004", "5.3.04", 2004}, {"mm/dd/yyyy", '-', "3-5-1999", "03-05-1999", 1999}};
+  // clang-format on
   for (const auto& [format, separator, text, written, year] : cases) {
     GetFormatSettings().ShortDateFormat = format;
     GetFormatSettings().DateSeparator = separator;

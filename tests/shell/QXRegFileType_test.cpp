@@ -137,12 +137,11 @@ TEST_F(QXRegFileType, TheDesktopOpensAFileWithTheProgramWhateverTheNames) {
 TEST_F(QXRegFileType, AnExtensionThatTheDesktopKnowsIsOpenedWithTheProgram) {
   const std::string program = folder_.File("mine");
   MakeProgram(program);
-  const std::pair<const char*, const char*> files[] = {{".txt", "plain text\n"},
-                                                       {".sql", "select 1;\n"},
-                                                       {".csv", "a,b\n1,2\n"},
-                                                       {".log", "started\n"},
-                                                       {".xml", "<?xml version=\"1.0\"?><a/>"},
-                                                       {".html", "<!DOCTYPE html><p>a"}};
+  // clang-format off
+  const std::pair<const char*, const char*> files[] = {
+    {".txt", "plain text\n"}, {".sql", "select 1;\n"}, {".csv", "a,b\n1,2\n"}, {".log", "started\n"},
+    {".xml", "<?xml version=\"1.0\"?><a/>"}, {".html", "<!DOCTYPE html><p>a"}};
+  // clang-format on
   for (const auto& [ext, bytes] : files) {
     const std::string name = std::string("my.") + (ext + 1);
     RegFileType(ext, name, program, "Mine", 0);

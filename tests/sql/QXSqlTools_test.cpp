@@ -77,6 +77,7 @@ TEST(QXSqlTools, TypesAreFoundByNameAndByCode) {
 // Names, comments and output of any text: fuzz/CommandText.cpp.
 
 TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
+  // clang-format off
   const struct {
     Variant value;
     TSqlStyle style;
@@ -84,26 +85,19 @@ TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
     Variant stored;
     std::string written;
   } cases[] = {
-      {Variant::Null(), stFunction, "NULL", Variant::Null(), "NULL"},
-      {true, stBoolean, "1", true, "1"},
-      {false, stBoolean, "0", false, "0"},
-      {std::int16_t{-3}, stInteger, "-3", std::int16_t{-3}, "-3"},
-      {std::uint8_t{9}, stInteger, "9", std::uint8_t{9}, "9"},
-      {1.5F, stReal, "1.5", 1.5F, "1.5"},
-      {Variant::FromCurrency(12345), stReal, "1.2345", Variant::FromCurrency(12345), "1.2345"},
-      {Variant::FromDate(37988.7), stDate, "2004/01/02", Variant::FromDate(37988.7), "'2004/01/02'"},
-      {"plain", stTime, "plain", "plain", "'plain'"},  // text keeps the style
-      {u"@F:GETDATE()", stFunction, "GETDATE()", "GETDATE()", "GETDATE()"},
-      {"@n:15", stInteger, "15", "15", "15"},
-      {"@T", stTime, "", "", "NULL"},
-      {"@B", stBoolean, "", "", "NULL"},
-      {"@R;", stReal, "", "", ""},
-      {"@X:1", stTime, "@X:1", "@X:1", "'@X:1'"},
-      {std::int64_t{5}, stTime, "", "", "NULL"},  // the next four types change nothing at all
-      {std::uint16_t{5}, stTime, "", "", "NULL"},
-      {Variant(), stTime, "", "", "NULL"},
-      {Variant::NewArray(0, 0), stTime, "", "", "NULL"},
-  };
+    {Variant::Null(), stFunction, "NULL", Variant::Null(), "NULL"}, {true, stBoolean, "1", true, "1"},
+    {false, stBoolean, "0", false, "0"}, {std::int16_t{-3}, stInteger, "-3", std::int16_t{-3}, "-3"},
+    {std::uint8_t{9}, stInteger, "9", std::uint8_t{9}, "9"}, {1.5F, stReal, "1.5", 1.5F, "1.5"},
+    {Variant::FromCurrency(12345), stReal, "1.2345", Variant::FromCurrency(12345), "1.2345"},
+    {Variant::FromDate(37988.7), stDate, "2004/01/02", Variant::FromDate(37988.7), "'2004/01/02'"},
+    {"plain", stTime, "plain", "plain", "'plain'"},  // text keeps the style
+    {u"@F:GETDATE()", stFunction, "GETDATE()", "GETDATE()", "GETDATE()"},
+    {"@n:15", stInteger, "15", "15", "15"}, {"@T", stTime, "", "", "NULL"}, {"@B", stBoolean, "", "", "NULL"},
+    {"@R;", stReal, "", "", ""}, {"@X:1", stTime, "@X:1", "@X:1", "'@X:1'"},
+    {std::int64_t{5}, stTime, "", "", "NULL"},  // the next four types change nothing at all
+    {std::uint16_t{5}, stTime, "", "", "NULL"}, {Variant(), stTime, "", "", "NULL"},
+    {Variant::NewArray(0, 0), stTime, "", "", "NULL"}};
+  // clang-format on
   for (const auto& c : cases) {
     SCOPED_TRACE(&c - cases);
     TQXSQL command;

@@ -40,48 +40,35 @@ const Variant kDay = Variant::FromDate(EncodeDate(2024, 1, 2));
 
 TEST(qxSqlSafeCall, EachValueHasATypeAndALiteral) {
   const std::string zhong(4001, 'x');
+  // clang-format off
   const std::pair<Variant, std::string> cases[] = {
-      {"O'Neil", "NVarchar(4000) N'O''Neil'"},
-      {"", "NVarchar(4000) N''"},
-      {" a ", "NVarchar(4000) N' a '"},
-      {u"\u4E2D", "NVarchar(4000) N'\xA4\xA4'"},  // 中
-      {zhong, "NVarchar(max) N'" + zhong + "'"},
-      {Variant::Null(), "NVarchar(4000) NULL"},
-      {12.5f, "Decimal(19,4) 12.5"},
-      {-0.1f, "Decimal(19,4) -0.1"},
-      {3e9f, "Decimal(19,4) 3000000000"},
-      {1e18f, "Decimal(28,9) 999999984306749440"},
-      {1e-18f, "Decimal(38,18) 0.000000000000000001"},
-      {1e30f, "Float 1E30"},
-      {1e-30f, "Float 1E-30"},
-      {0.1, "Float 1E-1"},
-      {0.0, "Float 0E0"},
-      {std::numeric_limits<double>::max(), "Float 1.7976931348623157E308"},
-      {Variant::FromCurrency(-123456), "Money -12.3456"},
-      {Variant::FromCurrency(std::numeric_limits<std::int64_t>::max()), "Money 922337203685477.5807"},
-      {kDay, "Datetime '20240102'"},
-      {kMorning, "Datetime '2024-01-02T03:04:05.123'"},
-      {Variant::FromDate(EncodeDate(1752, 12, 31)), "Datetime2(3) '17521231'"},
-      {true, "Bit 1"},
-      {std::uint8_t{255}, "Tinyint 255"},
-      {std::int8_t{-1}, "Smallint -1"},
-      {std::uint16_t{65535}, "Int 65535"},
-      {std::uint32_t{4294967295}, "Bigint 4294967295"},
-      {std::numeric_limits<std::int64_t>::min(), "Bigint -9223372036854775808"},
-      {Bytes({0, 255}), "Varbinary(8000) 0x00FF"},
-      {Bytes({}), "Varbinary(8000) 0x"},
-      {Variant::NewArray(1, 8001, varByte), "Varbinary(max) 0x" + std::string(16002, '0')},
-      // What has no exact form.
-      {"a\xA4", "@x: byte 2 begins no character"},
-      {u"a\U0001F600", "@x: a character has no form in code page 950"},
-      {Variant(), "@x: an empty variant has no literal"},
-      {Variant::NewArray(0, 1), "@x: the value has no literal"},
-      {Variant::FromDispatch(nullptr), "@x: the value has no literal"},
-      {Variant::NewArray(std::array<VarBounds, 2>{{{0, 1}, {0, 1}}}, varByte),
-       "@x: an array of several dimensions has no literal"},
-      {std::numeric_limits<double>::infinity(), "@x: not a number, or infinite"},
-      {Variant::FromDate(1e9), "@x: "},
-  };
+    {"O'Neil", "NVarchar(4000) N'O''Neil'"}, {"", "NVarchar(4000) N''"}, {" a ", "NVarchar(4000) N' a '"},
+    {u"\u4E2D", "NVarchar(4000) N'\xA4\xA4'"},  // 中
+    {zhong, "NVarchar(max) N'" + zhong + "'"}, {Variant::Null(), "NVarchar(4000) NULL"},
+    {12.5f, "Decimal(19,4) 12.5"}, {-0.1f, "Decimal(19,4) -0.1"}, {3e9f, "Decimal(19,4) 3000000000"},
+    {1e18f, "Decimal(28,9) 999999984306749440"}, {1e-18f, "Decimal(38,18) 0.000000000000000001"},
+    {1e30f, "Float 1E30"}, {1e-30f, "Float 1E-30"}, {0.1, "Float 1E-1"}, {0.0, "Float 0E0"},
+    {std::numeric_limits<double>::max(), "Float 1.7976931348623157E308"},
+    {Variant::FromCurrency(-123456), "Money -12.3456"},
+    {Variant::FromCurrency(std::numeric_limits<std::int64_t>::max()), "Money 922337203685477.5807"},
+    {kDay, "Datetime '20240102'"}, {kMorning, "Datetime '2024-01-02T03:04:05.123'"},
+    {Variant::FromDate(EncodeDate(1752, 12, 31)), "Datetime2(3) '17521231'"}, {true, "Bit 1"},
+    {std::uint8_t{255}, "Tinyint 255"}, {std::int8_t{-1}, "Smallint -1"}, {std::uint16_t{65535}, "Int 65535"},
+    {std::uint32_t{4294967295}, "Bigint 4294967295"},
+    {std::numeric_limits<std::int64_t>::min(), "Bigint -9223372036854775808"},
+    {Bytes({0, 255}), "Varbinary(8000) 0x00FF"}, {Bytes({}), "Varbinary(8000) 0x"},
+    {Variant::NewArray(1, 8001, varByte), "Varbinary(max) 0x" + std::string(16002, '0')},
+    // What has no exact form.
+    {"a\xA4", "@x: byte 2 begins no character"},
+    {u"a\U0001F600", "@x: a character has no form in code page 950"},
+    {Variant(), "@x: an empty variant has no literal"},
+    {Variant::NewArray(0, 1), "@x: the value has no literal"},
+    {Variant::FromDispatch(nullptr), "@x: the value has no literal"},
+    {Variant::NewArray(std::array<VarBounds, 2>{{{0, 1}, {0, 1}}}, varByte),
+     "@x: an array of several dimensions has no literal"},
+    {std::numeric_limits<double>::infinity(), "@x: not a number, or infinite"},
+    {Variant::FromDate(1e9), "@x: "}};
+  // clang-format on
   GetFormatSettings() = {.ShortDateFormat = "dd-mm-yy", .DateSeparator = '-', .DecimalSeparator = ','};
   for (const auto& [value, want] : cases)
     EXPECT_EQ(Written(value).substr(0, std::max<std::size_t>(want.size(), 4)), want);
@@ -112,30 +99,27 @@ TEST(qxSqlSafeCall, OptionsChooseTextsLengthsAndDates) {
 }
 
 TEST(qxSqlSafeCall, DeclaredTypesAreKeptAndHoldTheirValues) {
+  // clang-format off
   const std::tuple<const char*, Variant, std::string> cases[] = {
-      {"Varchar(3)", "\xA4\xA4'", "Varchar(3) , N'\xA4\xA4'''"},
-      {"Varchar(2)", "\xA4\xA4'", "@x: the length 3 is beyond Varchar(2)"},
-      {"nchar(2)", "\xA4\xA4'", "NChar(2) , N'\xA4\xA4'''"},
-      {"nchar(1)", "\xA4\xA4'", "@x: the length 2 is beyond NChar(1)"},
-      {"NVarchar(max)", "a", "NVarchar(max) , N'a'"},
-      {"Varchar(4)", 12345, "@x: the length 5 is beyond Varchar(4)"},
-      {"Varchar", "abc", "Varchar(8000) , N'abc'"},  // without a length the server would keep one character
-      {"Char", std::string(8001, 'x'), "@x: the length 8001 is beyond Char(8000)"},
-      {"Varbinary(1)", Bytes({1, 2}), "@x: the length 2 is beyond Varbinary(1)"},
-      {"Decimal(4,2)", 12.34, "Decimal(4,2) , 12.34"},
-      {"Decimal(4,2)", 12.345, "@x: the digits of 12.345 are beyond Decimal(4,2)"},
-      {"Decimal(4,2)", 123, "@x: the digits of 123 are beyond Decimal(4,2)"},
-      {"Decimal(5)", 12.5, "@x: the digits of 12.5 are beyond Decimal(5)"},
-      {"Decimal", 0.00001, "Decimal(28,9) , 0.00001"},  // without a precision there would be no decimals
-      {"Decimal", "12.5", "Decimal(38,18) , N'12.5'"},
-      {"Tinyint", -1, "@x: -1 is no Tinyint"},
-      {"Int", 2.5, "@x: 2.5 is no Int"},
-      {"Int", 2.0, "Int , 2"},
-      {"Float", 2.0, "Float , 2E0"},
-      {"Date", kDay, "Date , '20240102'"},
-      {"Bigint OUTPUT", 5, "Bigint OUTPUT , @v1 OUTPUT"},
-      {"Sql_variant", Variant::Null(), "Sql_variant , NULL"},
-  };
+    {"Varchar(3)", "\xA4\xA4'", "Varchar(3) , N'\xA4\xA4'''"},
+    {"Varchar(2)", "\xA4\xA4'", "@x: the length 3 is beyond Varchar(2)"},
+    {"nchar(2)", "\xA4\xA4'", "NChar(2) , N'\xA4\xA4'''"},
+    {"nchar(1)", "\xA4\xA4'", "@x: the length 2 is beyond NChar(1)"},
+    {"NVarchar(max)", "a", "NVarchar(max) , N'a'"},
+    {"Varchar(4)", 12345, "@x: the length 5 is beyond Varchar(4)"},
+    {"Varchar", "abc", "Varchar(8000) , N'abc'"},  // without a length the server would keep one character
+    {"Char", std::string(8001, 'x'), "@x: the length 8001 is beyond Char(8000)"},
+    {"Varbinary(1)", Bytes({1, 2}), "@x: the length 2 is beyond Varbinary(1)"},
+    {"Decimal(4,2)", 12.34, "Decimal(4,2) , 12.34"},
+    {"Decimal(4,2)", 12.345, "@x: the digits of 12.345 are beyond Decimal(4,2)"},
+    {"Decimal(4,2)", 123, "@x: the digits of 123 are beyond Decimal(4,2)"},
+    {"Decimal(5)", 12.5, "@x: the digits of 12.5 are beyond Decimal(5)"},
+    {"Decimal", 0.00001, "Decimal(28,9) , 0.00001"},  // without a precision there would be no decimals
+    {"Decimal", "12.5", "Decimal(38,18) , N'12.5'"}, {"Tinyint", -1, "@x: -1 is no Tinyint"},
+    {"Int", 2.5, "@x: 2.5 is no Int"}, {"Int", 2.0, "Int , 2"}, {"Float", 2.0, "Float , 2E0"},
+    {"Date", kDay, "Date , '20240102'"}, {"Bigint OUTPUT", 5, "Bigint OUTPUT , @v1 OUTPUT"},
+    {"Sql_variant", Variant::Null(), "Sql_variant , NULL"}};
+  // clang-format on
   for (const auto& [declared, value, want] : cases) {
     TQXSqlStoreProc set;
     set.GetStatement().SetText("@MM_Y");

@@ -19,19 +19,18 @@ TEST(TQXSqlStoreProc, ScansForParametersOutsideLiterals) {
     for (Integer i = 0; i < set.GetParamCount(); ++i) names.push_back(set.GetItems(i)->GetName());
     return names;
   };
+  // clang-format off
   const std::tuple<std::string, Names, Names> cases[] = {
-      // With spAuto, and with spAll.
-      {"'@MM_X' @MM_A ... @mm_a=@b", {"@MM_A"}, {"@MM_A", "@b"}},
-      {"@MM_A@MM_B", {"@MM_B"}, {"@MM_B"}},
-      {"@MM_1, @MM, @MMX, @mm_x", {"@MM_1", "@MM", "@mm_x"}, {"@MM_1", "@MM", "@MMX", "@mm_x"}},
-      {"@_x @1y @@ROWCOUNT", {}, {"@x", "@y", "@ROWCOUNT"}},
-      {"@a'it''s'b", {}, {"@a"}},  // the literal's last quote ends the name
-      {"@'x'b ", {}, {"@b"}},      // a lone mark stays open over a literal
-      // Never closed, and large: in time that grows with the text.
-      {"@a'" + std::string(10000000, '@'), {}, {}},
-      {"/*" + std::string(10000000, '*'), {}, {}},
-      {"[$" + std::string(10000000, '$'), {}, {}},
-  };
+    // With spAuto, and with spAll.
+    {"'@MM_X' @MM_A ... @mm_a=@b", {"@MM_A"}, {"@MM_A", "@b"}}, {"@MM_A@MM_B", {"@MM_B"}, {"@MM_B"}},
+    {"@MM_1, @MM, @MMX, @mm_x", {"@MM_1", "@MM", "@mm_x"}, {"@MM_1", "@MM", "@MMX", "@mm_x"}},
+    {"@_x @1y @@ROWCOUNT", {}, {"@x", "@y", "@ROWCOUNT"}},
+    {"@a'it''s'b", {}, {"@a"}},  // the literal's last quote ends the name
+    {"@'x'b ", {}, {"@b"}},  // a lone mark stays open over a literal
+    // Never closed, and large: in time that grows with the text.
+    {"@a'" + std::string(10000000, '@'), {}, {}}, {"/*" + std::string(10000000, '*'), {}, {}},
+    {"[$" + std::string(10000000, '$'), {}, {}}};
+  // clang-format on
   for (const auto& [text, automatic, all] : cases) {
     TQXSqlStoreProc set;
     set.LoadStoreProc(BytesToWide(text));
@@ -141,21 +140,15 @@ TEST(TQXSqlStoreProc, ValuesAreReachedByName) {
 }
 
 TEST(TQXSqlStoreProc, TypesAndLengthsFollowTheVariant) {
+  // clang-format off
   const std::pair<TStoreProcParamType, std::vector<VarType>> types[] = {
-      {spSql_variant, {varEmpty, varNull, varVariant}},
-      {spSmallint, {varSmallint}},
-      {spInt, {varInteger, varWord, varLongWord}},
-      {spDecimal, {varSingle}},
-      {spFloat, {varDouble}},
-      {spMoney, {varCurrency}},
-      {spDatetime, {varDate}},
-      {spVarchar, {varOleStr, varStrArg, varString}},
-      {spBit, {varBoolean}},
-      {spTinyint, {varShortInt, varByte}},
-      {spBigint, {varInt64}},
-      {spVarbinary, {varArray}},
-      {spUnknown, {varDispatch, varError, varUnknown, 14, varArray | varByte, varByRef | varInteger}},
-  };
+    {spSql_variant, {varEmpty, varNull, varVariant}}, {spSmallint, {varSmallint}},
+    {spInt, {varInteger, varWord, varLongWord}}, {spDecimal, {varSingle}}, {spFloat, {varDouble}},
+    {spMoney, {varCurrency}}, {spDatetime, {varDate}}, {spVarchar, {varOleStr, varStrArg, varString}},
+    {spBit, {varBoolean}}, {spTinyint, {varShortInt, varByte}}, {spBigint, {varInt64}},
+    {spVarbinary, {varArray}},
+    {spUnknown, {varDispatch, varError, varUnknown, 14, varArray | varByte, varByRef | varInteger}}};
+  // clang-format on
   for (const auto& [want, codes] : types)
     for (const VarType code : codes) EXPECT_EQ(VarToParamType(Variant::OfType(code)), want) << code;
   const std::array<VarBounds, 2> plane{{{0, 1}, {0, 1}}};

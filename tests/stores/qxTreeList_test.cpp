@@ -73,21 +73,16 @@ TEST(qxTreeList, SiblingsAreWalkedAndNextDiffersFromPrevious) {
   const pQXTreeNode c = tree.Add();
   TQXTreeNode untouched{{}, {}, nullptr, 0};
   using Find = bool (TQXTreeNodes::*)(const TNodeKey&, pQXTreeNode&) const;
+  // clang-format off
   const std::tuple<Find, TNodeKey, bool, pQXTreeNode> rows[] = {
-      {&TQXTreeNodes::FindFirstNode, b->Key, true, a},
-      {&TQXTreeNodes::FindFirstNode, kRootKey, true, root},
-      {&TQXTreeNodes::FindFirstNode, "?", false, &untouched},
-      {&TQXTreeNodes::FindLastNode, a->Key, true, c},
-      {&TQXTreeNodes::FindLastNode, kRootKey, true, root},
-      {&TQXTreeNodes::FindNextNode, a->Key, true, b},
-      {&TQXTreeNodes::FindNextNode, c->Key, false, nullptr},
-      {&TQXTreeNodes::FindNextNode, "?", false, &untouched},
-      {&TQXTreeNodes::FindPrevNode, c->Key, true, b},
-      {&TQXTreeNodes::FindPrevNode, a->Key, false, &untouched},
-      {&TQXTreeNodes::FindSubNode, kRootKey, true, a},
-      {&TQXTreeNodes::FindSubNode, a->Key, false, &untouched},
-      {&TQXTreeNodes::FindNode, "?", false, nullptr},
-  };
+    {&TQXTreeNodes::FindFirstNode, b->Key, true, a}, {&TQXTreeNodes::FindFirstNode, kRootKey, true, root},
+    {&TQXTreeNodes::FindFirstNode, "?", false, &untouched}, {&TQXTreeNodes::FindLastNode, a->Key, true, c},
+    {&TQXTreeNodes::FindLastNode, kRootKey, true, root}, {&TQXTreeNodes::FindNextNode, a->Key, true, b},
+    {&TQXTreeNodes::FindNextNode, c->Key, false, nullptr},
+    {&TQXTreeNodes::FindNextNode, "?", false, &untouched}, {&TQXTreeNodes::FindPrevNode, c->Key, true, b},
+    {&TQXTreeNodes::FindPrevNode, a->Key, false, &untouched}, {&TQXTreeNodes::FindSubNode, kRootKey, true, a},
+    {&TQXTreeNodes::FindSubNode, a->Key, false, &untouched}, {&TQXTreeNodes::FindNode, "?", false, nullptr}};
+  // clang-format on
   for (const auto& [find, key, found, want] : rows) {
     pQXTreeNode node = &untouched;
     EXPECT_EQ((tree.*find)(key, node), found) << key;

@@ -76,23 +76,20 @@ TEST_F(Database, BoundValuesComeBack) {
   for (char c = 1; c > 0 && c < 127; ++c) hostile += c;
   hostile += "\x7F\xB3\x5C\xA5\x5C\xBB\x5C '@a ?";  // 許功蓋
   using qxTools::Variant;
+  // clang-format off
   const struct {
     Variant value;
     std::optional<std::string> returned;
     const char* type;
   } cases[] = {
-      {hostile, Convert(hostile, Charset::kCodePage950, Charset::kUtf8), "text"},
-      {"", "", "text"},
-      {std::string(9000, 'x'), std::string(9000, 'x'), "text"},
-      {Variant::Null(), std::nullopt, "null"},
-      {std::int32_t{-5}, "-5", "integer"},
-      {std::int64_t{-9223372036854775807}, "-9223372036854775807", "integer"},
-      {std::uint8_t{255}, "255", "integer"},
-      {true, "1", "integer"},
-      {0.1, "0.1", "real"},
-      {Variant::FromCurrency(9223372036854775807), "922337203685477.5807", "text"},
-      {Variant::FromDate(37652), "2003-01-31", "text"},
-  };
+    {hostile, Convert(hostile, Charset::kCodePage950, Charset::kUtf8), "text"}, {"", "", "text"},
+    {std::string(9000, 'x'), std::string(9000, 'x'), "text"}, {Variant::Null(), std::nullopt, "null"},
+    {std::int32_t{-5}, "-5", "integer"},
+    {std::int64_t{-9223372036854775807}, "-9223372036854775807", "integer"},
+    {std::uint8_t{255}, "255", "integer"}, {true, "1", "integer"}, {0.1, "0.1", "real"},
+    {Variant::FromCurrency(9223372036854775807), "922337203685477.5807", "text"},
+    {Variant::FromDate(37652), "2003-01-31", "text"}};
+  // clang-format on
   for (const auto& c : cases) {
     Statement statement(connection_);
     statement.Execute("select ?, typeof(?)", {ToParameter(c.value), ToParameter(c.value)});
@@ -114,21 +111,19 @@ TEST_F(Database, ConditionsFindTheirRows) {
       {"C-3", "50% ~ \"x\"", "8000", "\xA4\xAD\xAA\xF7\xA1\x42\xA4u\xA8\xE3"},  // 五金、工具
   };
   for (const auto& record : records) Send("insert into Goods values (" + ToSQLEx(record, "SSNS") + ")");
+  // clang-format off
   const struct {
     std::string condition;
     const char* codes;
   } cases[] = {
-      {"Code in" + ToSQLinlist("A-1,,C-3,Z"), "A-1 C-3 "},
-      {"Code in " + ToSQLinlist("B-2"), "B-2 "},
-      {"Name in" + ToSQLinlist("O'Neil,\xB3\x5C\xA5\x5C\xBB\x5C"), "A-1 B-2 "},
-      {"Code between " + ToSQLBetween("A-2~C-3"), "B-2 C-3 "},
-      {"Code between " + ToSQLBetween("C-3"), "C-3 "},
-      {"Kind is " + ToSQLStr(""), "B-2 "},
-      {"Price = " + ToSQLint("-3"), "B-2 "},
-      {SQLAdd("Price > " + ToSQLint("0"), "Kind = " + ToSQLStr("\xA4\xAD\xAA\xF7")), "A-1 "},
-      {SQLAdd("", "Name like " + ToSQLStr("%'%")), "A-1 "},
-      {"Name = " + VarToSql(qxTools::Variant(" 50% ~ \"x\" ")), "C-3 "},
-  };
+    {"Code in" + ToSQLinlist("A-1,,C-3,Z"), "A-1 C-3 "}, {"Code in " + ToSQLinlist("B-2"), "B-2 "},
+    {"Name in" + ToSQLinlist("O'Neil,\xB3\x5C\xA5\x5C\xBB\x5C"), "A-1 B-2 "},
+    {"Code between " + ToSQLBetween("A-2~C-3"), "B-2 C-3 "}, {"Code between " + ToSQLBetween("C-3"), "C-3 "},
+    {"Kind is " + ToSQLStr(""), "B-2 "}, {"Price = " + ToSQLint("-3"), "B-2 "},
+    {SQLAdd("Price > " + ToSQLint("0"), "Kind = " + ToSQLStr("\xA4\xAD\xAA\xF7")), "A-1 "},
+    {SQLAdd("", "Name like " + ToSQLStr("%'%")), "A-1 "},
+    {"Name = " + VarToSql(qxTools::Variant(" 50% ~ \"x\" ")), "C-3 "}};
+  // clang-format on
   for (const auto& c : cases) {
     std::string codes;
     for (const auto& code : Column("select Code from Goods where " + c.condition + " order by Code"))

@@ -88,21 +88,18 @@ TEST(Win32Dialogs, ClosingAnswersAsTheOnlyButtonOrAsCancelAndEnterAsTheDefault) 
   const auto nothing = [](HWND) {};
   const auto enter = [](HWND) { Press(::GetFocus(), VK_RETURN); };
   const auto escape = [](HWND) { Press(::GetFocus(), VK_ESCAPE); };
+  // clang-format off
   const struct {
     int line;
     TDialogButtons buttons;
     std::function<void(HWND)> action;
     Integer result;
   } rows[] = {
-      {__LINE__, dbYes | dbNo, nothing, 2},
-      {__LINE__, dbOK | dbHelp, nothing, 1},
-      {__LINE__, dbOK | dbHelp, escape, 1},
-      {__LINE__, dbYes | dbNo, escape, 2},
-      {__LINE__, dbNo | dbYes, enter, 6},
-      {__LINE__, dbCancel | dbOK | dbYes, enter, 1},
-      {__LINE__, dbAbort | dbRetry | dbIgnore, enter, 4},
-      {__LINE__, 0, escape, 2},
-  };
+    {__LINE__, dbYes | dbNo, nothing, 2}, {__LINE__, dbOK | dbHelp, nothing, 1},
+    {__LINE__, dbOK | dbHelp, escape, 1}, {__LINE__, dbYes | dbNo, escape, 2},
+    {__LINE__, dbNo | dbYes, enter, 6}, {__LINE__, dbCancel | dbOK | dbYes, enter, 1},
+    {__LINE__, dbAbort | dbRetry | dbIgnore, enter, 4}, {__LINE__, 0, escape, 2}};
+  // clang-format on
   for (const auto& row : rows) EXPECT_EQ(Answer({row.buttons}, row.action), row.result) << row.line;
 }
 

@@ -141,28 +141,21 @@ TEST(Interfaces, TheRootIsTheSystemsOwn) {
 }
 
 TEST(OleVariant, ValuesAreThoseThatTheSystemReads) {
+  // clang-format off
   const struct {
     Variant value;
     VARTYPE type;
     std::u16string text;
   } rows[] = {
-      {Variant(), VT_EMPTY, u""},
-      {std::int8_t{-5}, VT_I1, u"-5"},
-      {std::int16_t{-32768}, VT_I2, u"-32768"},
-      {-2147483647, VT_I4, u"-2147483647"},
-      {std::int64_t{-9007199254740993}, VT_I8, u"-9007199254740993"},
-      {std::uint8_t{255}, VT_UI1, u"255"},
-      {std::uint16_t{65535}, VT_UI2, u"65535"},
-      {std::uint32_t{4294967295}, VT_UI4, u"4294967295"},
-      {1.5F, VT_R4, u"1.5"},
-      {-0.25, VT_R8, u"-0.25"},
-      {Variant::FromCurrency(-9007199254740993), VT_CY, u"-900719925474.0993"},
-      {Variant::FromDate(36525.75), VT_DATE, u"12/31/1999 18:00:00"},
-      {true, VT_BOOL, u"-1"},
-      {false, VT_BOOL, u"0"},
-      {u"\u5E74 a\0b"s, VT_BSTR, u"\u5E74 a\0b"s},  // 年
-      {std::u16string(), VT_BSTR, u""},
-  };
+    {Variant(), VT_EMPTY, u""}, {std::int8_t{-5}, VT_I1, u"-5"}, {std::int16_t{-32768}, VT_I2, u"-32768"},
+    {-2147483647, VT_I4, u"-2147483647"}, {std::int64_t{-9007199254740993}, VT_I8, u"-9007199254740993"},
+    {std::uint8_t{255}, VT_UI1, u"255"}, {std::uint16_t{65535}, VT_UI2, u"65535"},
+    {std::uint32_t{4294967295}, VT_UI4, u"4294967295"}, {1.5F, VT_R4, u"1.5"}, {-0.25, VT_R8, u"-0.25"},
+    {Variant::FromCurrency(-9007199254740993), VT_CY, u"-900719925474.0993"},
+    {Variant::FromDate(36525.75), VT_DATE, u"12/31/1999 18:00:00"}, {true, VT_BOOL, u"-1"},
+    {false, VT_BOOL, u"0"}, {u"\u5E74 a\0b"s, VT_BSTR, u"\u5E74 a\0b"s},  // 年
+    {std::u16string(), VT_BSTR, u""}};
+  // clang-format on
   for (const auto& row : rows) {
     const OleValue form(row.value);
     EXPECT_EQ(form.vt, row.type);
