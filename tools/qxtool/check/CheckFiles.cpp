@@ -10,10 +10,12 @@
 #include <filesystem>
 #include <fstream>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "FileKinds.h"
 #include "PathOf.h"
+#include "platform/Folders.h"
 
 namespace qxtool::check {
 
@@ -21,14 +23,21 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// Adds the files below a folder, but for what is hidden.
+void AddBelow(const std::string& folder, std::vector<FileToCheck>& files) {
+  for (const FolderEntry& entry : EntriesOf(folder)) {
+    if (entry.name.starts_with('.')) continue;
+    const std::string path = (PathOf(folder) / PathOf(entry.name)).generic_string();
+    if (entry.isFolder)
+      AddBelow(path, files);
+    else if (entry.isFile)
+      files.push_back({path, false});
+  }
+}
+
 void AddFolder(const std::string& folder, std::vector<FileToCheck>& files) {
   const std::size_t first = files.size();
-  fs::recursive_directory_iterator entry(PathOf(folder));
-  for (; entry != fs::recursive_directory_iterator(); ++entry) {
-    const bool hidden = entry->path().filename().generic_string().starts_with('.');
-    if (hidden && entry->is_directory()) entry.disable_recursion_pending();
-    if (!hidden && entry->is_regular_file()) files.push_back({entry->path().generic_string(), false});
-  }
+  AddBelow(folder, files);
   std::sort(files.begin() + static_cast<std::ptrdiff_t>(first), files.end(),
             [](const FileToCheck& a, const FileToCheck& b) { return a.path < b.path; });
 }
@@ -68,13 +77,13 @@ class BudgetShare {
 
 std::uint64_t SizeOf(const std::string& path) {
   std::error_code ignored;
-  const std::uint64_t size = fs::file_size(PathOf(path), ignored);
+  const std::uint64_t size = fs::file_size(PathToOpen(path), ignored);
   return ignored ? 0 : size;
 }
 
 bool IsWorthReading(const FileToCheck& file) {
   if (file.named || HasKnownExtension(file.path)) return true;
-  std::ifstream stream(PathOf(file.path), std::ios::binary);
+  std::ifstream stream(PathToOpen(file.path), std::ios::binary);
   char head[4096];
   stream.read(head, sizeof head);
   return HasKnownMarks({head, static_cast<std::size_t>(stream.gcount())});
@@ -143,11 +152,10 @@ class Workers {
 std::vector<FileToCheck> FindFiles(const std::vector<std::string>& paths) {
   std::vector<FileToCheck> files;
   for (const std::string& path : paths) {
-    std::error_code ignored;
-    if (!fs::exists(PathOf(path), ignored)) throw qxTools::Exception(path + ": no such file or folder");
+    if (!qxTools::FileExists(path)) throw qxTools::Exception(path + ": no such file or folder");
     try {
-      fs::is_directory(PathOf(path)) ? AddFolder(path, files) : files.push_back({path, true});
-    } catch (const fs::filesystem_error& e) {
+      qxTools::FolderExists(path) ? AddFolder(path, files) : files.push_back({path, true});
+    } catch (const std::system_error& e) {
       throw qxTools::Exception(path + ": " + e.code().default_error_condition().message());
     }
   }

@@ -12,9 +12,9 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "PathOf.h"
 #include "TextIo.h"
 #include "database/Utf16.h"
+#include "platform/Folders.h"
 
 namespace qxtool {
 
@@ -45,7 +45,7 @@ std::vector<std::string> Arguments(int, char**) {
 
 bool ArgumentsAreText() { return true; }
 
-std::FILE* OpenToRead(const std::string& fileName) { return ::_wfopen(PathOf(fileName).c_str(), L"rb"); }
+std::FILE* OpenToRead(const std::string& fileName) { return ::_wfopen(PathToOpen(fileName).c_str(), L"rb"); }
 
 /// In the folder "doc" beside that of the program.
 std::string CheckPage() {
@@ -68,7 +68,10 @@ void PrepareStandardStreams() {
   }
 }
 
-bool PipeWasClosed() { return errno == EPIPE || _doserrno == ERROR_NO_DATA; }
+bool PipeWasClosed() {
+  const unsigned long error = _doserrno;
+  return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA || error == ERROR_PIPE_NOT_CONNECTED;
+}
 
 void EndByClosedPipe() {}
 
