@@ -2,15 +2,16 @@
 #include <qxTools/sql/ParameterNames.h>
 
 #include <algorithm>
+#include <bit>
 
 namespace qxTools::QXSqlTools {
 
 namespace {
 
-/// The hash of a text and one more name character, in any case. Times 33 is a shift and a sum, which keeps up
-/// with the reading.
+/// The hash of a text and one more name character, in any case. Turning by seven bits, which hold a name
+/// character, keeps up with the reading.
 std::uint64_t WithLetter(std::uint64_t hash, char c) {
-  return hash * 33 + (static_cast<unsigned char>(c) & 0xDF);
+  return std::rotl(hash, 7) ^ (static_cast<unsigned char>(c) & 0xDFU);
 }
 
 HashTag TagOf(std::uint64_t hash) { return {static_cast<std::size_t>(hash * 0x9E3779B97F4A7C15 >> 32)}; }
