@@ -15,7 +15,8 @@ unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 
 // --- Where characters come from -----------------------------------------------------------------------
 // A source reads the character at `p`, whose first byte is not ASCII: the key in the map, or 0, and the
-// number of bytes. A length of 0 means that more bytes must be seen.
+// number of bytes. A length of 0 means that more bytes must be seen. ReadKnown reads one that has a
+// counterpart, of which there are kLongest bytes; the map has nothing for the key that it gives any other.
 
 struct Character {
   std::uint16_t key;
@@ -23,15 +24,23 @@ struct Character {
 };
 
 struct DoubleByteSource {
+  static constexpr std::ptrdiff_t kLongest = 2;
+  static Character ReadKnown(const char* p) {
+    return {static_cast<std::uint16_t>(Byte(p[0]) << 8 | Byte(p[1])), 2};
+  }
+
   static Character Read(const char* p, const char* end, bool atEnd) {
     if (Byte(*p) < 0x81) return {0, 1};
     if (end - p == 1) return {0, std::size_t{atEnd}};
     if (Byte(p[1]) < 0x40) return {0, 1};
-    return {static_cast<std::uint16_t>(Byte(p[0]) << 8 | Byte(p[1])), 2};
+    return ReadKnown(p);
   }
 };
 
 struct Utf8Source {
+  static constexpr std::ptrdiff_t kLongest = 4;
+  static Character ReadKnown(const char* p) { return Read(p, p + kLongest, true); }
+
   static std::size_t Wanted(unsigned lead) {
     return lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 1;
   }
@@ -81,15 +90,22 @@ struct Utf8Target {
 
 // --- The way between them -----------------------------------------------------------------------------
 
+/// Where the next bytes are read and written. It is passed by value: written bytes cannot change it then.
+struct Place {
+  const char* from;
+  char* to;
+};
+
 /// Copies ASCII up to the first other byte.
-void CopyAscii(const char*& p, const char* end, char*& out) {
+Place CopyAscii(Place at, const char* end) {
   constexpr std::uint64_t kHighBits = 0x8080808080808080;
-  for (std::uint64_t word; end - p >= 8; p += 8, out += 8) {
-    std::memcpy(&word, p, sizeof word);
+  for (std::uint64_t word; end - at.from >= 8; at = {at.from + 8, at.to + 8}) {
+    std::memcpy(&word, at.from, sizeof word);
     if ((word & kHighBits) != 0) break;
-    std::memcpy(out, &word, sizeof word);
+    std::memcpy(at.to, &word, sizeof word);
   }
-  while (p < end && Byte(*p) < 0x80) *out++ = *p++;
+  while (at.from < end && Byte(*at.from) < 0x80) *at.to++ = *at.from++;
+  return at;
 }
 
 /// Where a text was read to, as people count. It moves only when it is asked for and at the end of a piece.
@@ -145,24 +161,34 @@ class MapTranscoder : public Transcoder {
   std::string_view Run(bool atEnd) {
     if (result_.size() < 2 * text_.size() + 2)
       result_.resize(2 * text_.size() + 2);  // a byte makes two at most
-    char* out = result_.data();
-    const char* p = known_ = text_.data();
-    const char* const end = p + text_.size();
-    for (CopyAscii(p, end, out); p < end; CopyAscii(p, end, out)) {
-      const Character character = Source::Read(p, end, atEnd);
+    const char* const end = text_.data() + text_.size();
+    Place at{known_ = text_.data(), result_.data()};
+    for (at = CopyAscii(at, end); at.from < end; at = CopyAscii(at, end)) {
+      at = ConvertKnown(at, end);
+      if (at.from == end || Byte(*at.from) < 0x80) continue;
+      const Character character = Source::Read(at.from, end, atEnd);
       if (character.length == 0) break;
-      const std::uint16_t counterpart = map_[character.key];
-      if (counterpart != 0) {
-        out = Target::Write(counterpart, out);
-        p += character.length;
-      } else {
-        p += Lose({p, static_cast<std::size_t>(end - p)}, character.length, out);
-      }
+      if (const std::uint16_t counterpart = map_[character.key]; counterpart != 0)
+        at = {at.from + character.length, Target::Write(counterpart, at.to)};
+      else
+        at.from += Lose({at.from, static_cast<std::size_t>(end - at.from)}, character.length, at.to);
     }
-    position_.Advance(known_, p);
-    started_ = started_ || p > text_.data();
-    text_.erase(0, static_cast<std::size_t>(p - text_.data()));
-    return {result_.data(), static_cast<std::size_t>(out - result_.data())};
+    position_.Advance(known_, at.from);
+    started_ = started_ || at.from > text_.data();
+    text_.erase(0, static_cast<std::size_t>(at.from - text_.data()));
+    return {result_.data(), static_cast<std::size_t>(at.to - result_.data())};
+  }
+
+  /// Converts characters up to one that has no counterpart, as ASCII has none, or may be there only in part.
+  Place ConvertKnown(Place at, const char* end) const {
+    const std::uint16_t* const map = map_.data();
+    while (end - at.from >= Source::kLongest) {
+      const Character character = Source::ReadKnown(at.from);
+      const std::uint16_t counterpart = map[character.key];
+      if (counterpart == 0) break;
+      at = {at.from + character.length, Target::Write(counterpart, at.to)};
+    }
+    return at;
   }
 
   /// Writes what takes the place of a character that has no counterpart. @return its length.
