@@ -54,7 +54,8 @@ test_zip() {
   "$wine" "$tree/bin/qxtool.exe" call "$tree/examples/order_search/order_search.sql" 2>&1 | grep -q sp_executesql ||
     die "qxtool of $zip writes no call"
   for kind in "${@:3}"; do with_cmake "$kind" && with_pkg_config "$kind"; done
-  for file in LICENSE THIRD-PARTY-NOTICES.md LICENSES/Apache-2.0.txt LICENSES/mingw-w64-common.txt check.md; do
+  for file in LICENSE THIRD-PARTY-NOTICES.md LICENSES/Apache-2.0.txt LICENSES/mingw-w64-common.txt \
+    LICENSES/gcc-mingw-w64-base.txt check.md; do
     [ -s "$tree/doc/$file" ] || die "no $file in $zip"
   done
 }
