@@ -50,12 +50,11 @@ TEST(qxOleVariant, FieldsTravelAsNamesAndValuesInTurn) {
 TEST(qxOleVariant, NamesAreCapitalsCutTo20Bytes) {
   const std::u16string x19(19, u'x');
   // ± is two bytes in the page; 小, whose second byte is a letter's, keeps it.
-  const std::pair<std::u16string, std::string> cases[] = {{u" qty", " QTY"},
-                                                          {u"\u00B1a", "\xA1\xD3\x41"},
-                                                          {u"\u5C0Fa", "\xA4\x70\x41"},
-                                                          {x19 + u"xy", std::string(20, 'X')},
-                                                          {x19 + u"\u5C0F", std::string(19, 'X') + "\xA4"},
-                                                          {std::u16string(200, u'x'), std::string(20, 'X')}};
+  // clang-format off
+  const std::pair<std::u16string, std::string> cases[] = {
+    {u" qty", " QTY"}, {u"\u00B1a", "\xA1\xD3\x41"}, {u"\u5C0Fa", "\xA4\x70\x41"}, {x19 + u"xy", std::string(20, 'X')},
+    {x19 + u"\u5C0F", std::string(19, 'X') + "\xA4"}, {std::u16string(200, u'x'), std::string(20, 'X')}};
+  // clang-format on
   for (const auto& [name, stored] : cases) {
     TQXOleVariant packet;
     packet.LoadFromOle(ArrayOf({name, 1}));

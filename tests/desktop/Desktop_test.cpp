@@ -1,16 +1,12 @@
 // Needs a Chinese font, as the package fonts-wqy-microhei has, and Qt's offscreen platform.
 #include <qxTools/desktop/Desktop.h>
 #include <qxTools/graphics/qxDrawTools.h>
-#include <qxTools/painting/SystemColors.h>
-#include <qxTools/painting/TextPainter.h>
-#include <qxTools/shell/QXDialogs.h>
 
 #include <QtGui/QScreen>
 #include <QtWidgets/QWidget>
 
 #include "desktop/Application.h"
-#include "support/Picture.h"
-#include "support/Testing.h"
+#include "desktop/Checks.h"
 
 namespace qxTools::test {
 
@@ -18,25 +14,13 @@ namespace {
 
 using desktop::Desktop;
 
-constexpr char kOrder[] = "\xAD\x71\xB3\xE6";  // 訂單
-
 class DesktopTest : public WithApplication {};
 
 }  // namespace
 
 TEST_F(DesktopTest, TextOnBitmapsIsPaintedInsideTheClip) {
   const Desktop desktop;
-  Paper paper(60, 40);
-  const std::string empty = TextOf(paper);
-  TCanvas& canvas = paper.GetCanvas();
-  EXPECT_GT(canvas.TextWidth(kOrder), 0);
-  EXPECT_EQ(canvas.TextHeight(kOrder), canvas.TextHeight(""));
-  canvas.SetBrushStyle(bsClear);
-  canvas.TextRect({10, 12, 20, 18}, 8, 8, kOrder);
-  EXPECT_NE(TextOf(paper), empty);
-  canvas.SetBrushColor(ColorOf('.'));
-  canvas.FillRect({10, 12, 20, 18});
-  EXPECT_EQ(TextOf(paper), empty);
+  ExpectTextInsideTheClip();
 }
 
 TEST_F(DesktopTest, SystemColorsFollowThePalette) {
@@ -55,11 +39,7 @@ TEST_F(DesktopTest, SystemColorsFollowThePalette) {
     EXPECT_EQ(ColorToRGB(clBtnShadow), 0x090807U);
     EXPECT_EQ(ColorToRGB(clBtnHighlight), 0x0C0B0AU);
   }
-  // Everything is taken out again.
-  EXPECT_EQ(ColorToRGB(clBtnFace), 0xC0C0C0U);
-  EXPECT_EQ(GetTextPainter(), nullptr);
-  EXPECT_EQ(GetScreenSize().X, 2147483647);
-  EXPECT_EQ(MessageOf([] { QXDialogs::ShowMessageBox("a", ""); }), "No dialog service");
+  ExpectNoDesktop();
 }
 
 TEST_F(DesktopTest, TheScreenAndItsWindowsAreKnown) {

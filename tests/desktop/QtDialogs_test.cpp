@@ -99,10 +99,8 @@ TEST_F(QtDialogsTest, CaptionsAreThoseOfTheTypeUnlessGiven) {
           << "text and icon of " << type;
     });
   };
-  expect(dtWarning, "", "Warning");
-  expect(dtError, "", "Error");
-  expect(dtInformation, "", "Information");
-  expect(dtConfirmation, "", "Confirm");
+  const char* const captions[] = {"Warning", "Error", "Information", "Confirm"};  // in the types' order
+  for (int i = dtWarning; i <= dtConfirmation; ++i) expect(static_cast<TDialogType>(i), "", captions[i]);
   expect(dtCustom, "", "Orders");
   expect(dtError, "\xAD\x71\xB3\xE6", QString::fromUtf16(u"\u8A02\u55AE"));  // 訂單
 }
@@ -142,7 +140,7 @@ TEST_F(QtDialogsTest, TheCaptionFits) {
   });
 }
 
-TEST_F(QtDialogsTest, TheTextCanBeSelectedAndCopied) {
+TEST_F(QtDialogsTest, TheMessageIsPlainTextInTheMiddleOfTheScreenAndCanBeCopied) {
   Answer({}, [](QWidget& window) {
     const auto copied = [](QWidget& receiver) {
       QGuiApplication::clipboard()->clear();
@@ -151,18 +149,12 @@ TEST_F(QtDialogsTest, TheTextCanBeSelectedAndCopied) {
       return QGuiApplication::clipboard()->text();
     };
     auto* const text = window.findChild<QLabel*>("Message");
+    EXPECT_EQ(text->textFormat(), Qt::PlainText);
+    EXPECT_EQ(text->text(), QString::fromUtf16(u"<b>A&B</b>\n\u8A02\u55AE"));
     EXPECT_EQ(copied(window), text->text());
     text->setFocus();
     text->setSelection(3, 3);
     EXPECT_EQ(copied(*text), "A&B");
-  });
-}
-
-TEST_F(QtDialogsTest, TheMessageIsPlainTextInTheMiddleOfTheScreen) {
-  Answer({}, [](QWidget& window) {
-    const auto* const label = window.findChild<QLabel*>("Message");
-    EXPECT_EQ(label->textFormat(), Qt::PlainText);
-    EXPECT_EQ(label->text(), QString::fromUtf16(u"<b>A&B</b>\n\u8A02\u55AE"));
     const QPoint off =
         window.frameGeometry().center() - QGuiApplication::primaryScreen()->geometry().center();
     EXPECT_LE(off.manhattanLength(), 2);
@@ -182,10 +174,7 @@ TEST_F(QtDialogsTest, LongMessagesAreWrappedAndLargeOnesScroll) {
     });
   };
   std::string words, lines;
-  for (int i = 0; i < 300; ++i) {
-    words += "word ";
-    lines += "line\r\n";
-  }
+  for (int i = 0; i < 300; ++i) words += "word ", lines += "line\r\n";
   expect(words, false, false);
   expect(lines, false, true);
   expect(std::string(3000, 'x'), true, false);

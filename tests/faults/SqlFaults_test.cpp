@@ -104,30 +104,37 @@ void ExpectWhole(const Operation& operation, std::initializer_list<Operation> st
   });
 }
 
+/// ExpectWhole of each.
+void ExpectEachWhole(std::initializer_list<Operation> operations, int line = __builtin_LINE()) {
+  for (const Operation& operation : operations) {
+    SCOPED_TRACE(&operation - operations.begin());
+    ExpectWhole(operation, {}, line);
+  }
+}
+
 TEST(SqlFaults, Commands) {
   const Operation noParameters = [](World& world) { world.command.GetParams().Clear(); };
   const auto item = [](World& world) { return world.command.GetParams().GetItems(0); };
   QXSqlTools::TQXSQLItem other;
   other.SetName(kLong);
   other.Value = other.Text = kLong;
-  ExpectWhole([&](World& world) { item(world)->SetName(kLong); });
-  ExpectWhole([&](World& world) { item(world)->Assign(&other); });
-  ExpectWhole([](World& world) { world.command.GetParams().Add(kLong); });
-  ExpectWhole([](World& world) { world.command.GetParams().AddNamesOf("@New1 @New2 @New3 "); });
-  ExpectWhole([](World& world) {
-    World source;
-    source.command.GetInLines().SetText("@OtherParameterWithALongName ");
-    world.command.SetParams(&source.command.GetParams());
-  });
-  for (const Variant& value : {Variant(kLong), Variant("@N:" + kLong)})
-    ExpectWhole([&](World& world) { world.command.GetParams().SetItemsValue("@B", value); });
-  ExpectWhole([](World& world) { world.command.GetParams().FindAndModify("@B", kLong, QXSqlTools::stReal); });
+  World source;
+  source.command.GetInLines().SetText("@OtherParameterWithALongName ");
+  // clang-format off
+  ExpectEachWhole({
+    [&](auto& w) { item(w)->SetName(kLong); }, [&](auto& w) { item(w)->Assign(&other); },
+    [](auto& w) { w.command.GetParams().Add(kLong); },
+    [](auto& w) { w.command.GetParams().AddNamesOf("@New1 @New2 @New3 "); },
+    [&](auto& w) { w.command.SetParams(&source.command.GetParams()); },
+    [](auto& w) { w.command.GetParams().SetItemsValue("@B", kLong); },
+    [](auto& w) { w.command.GetParams().SetItemsValue("@B", "@N:" + kLong); },
+    [](auto& w) { w.command.GetParams().FindAndModify("@B", kLong, QXSqlTools::stReal); }});
+  // clang-format on
   ExpectWhole([](World& world) { world.command.FindParams(); }, {noParameters});
-  ExpectWhole([](World& world) { world.command.GetInLines().SetText("@NewParameterWithALongName "); },
-              {[](World& world) {
-                world.command.GetInLines().SetText("@NewParameterWithALongName ");
-                world.command.GetParams().Clear();
-              }});
+  const Operation change = [](World& world) {
+    world.command.GetInLines().SetText("@NewParameterWithALongName ");
+  };
+  ExpectWhole(change, {[&](World& world) { change(world), noParameters(world); }});
   ForEachCall([](long n) {
     World world;
     const TStrings& lines = world.command.GetOutLines();
@@ -144,21 +151,19 @@ TEST(SqlFaults, Sets) {
   const Operation empty = [](World& world) { world.set.GetStatement().Clear(); };
   const TStrings text{"select * from [$NewMacroWithALongName] where c = @MM_NewParameterWithALongName"};
   const Operation load = [&](World& world) { world.set.LoadStoreProc(&text); };
-  ExpectWhole(load, {empty, [&](World& world) {
-                       load(world);
-                       world.set.Clear();
-                     }});
-  ExpectWhole([](World& world) { world.set.LoadStoreProc(u"@MM_NewParameterWithALongName /* c */ x"); },
-              {empty, [](World& world) {
-                 world.set.LoadStoreProc(u"@MM_NewParameterWithALongName /* c */ x");
-                 world.set.Clear();
-               }});
+  const Operation loadWide = [](World& world) {
+    world.set.LoadStoreProc(u"@MM_NewParameterWithALongName /* c */ x");
+  };
+  for (const Operation& each : {load, loadWide})
+    ExpectWhole(each, {empty, [&](World& world) { each(world), nothing(world); }});
   ExpectWhole([](World& world) { world.set.SearchAllParams(); }, {nothing});
   ExpectWhole([](World& world) { world.set.SetSearchParamType(qxSqlStoreProc::spAll); }, {nothing});
-  ExpectWhole([](World& world) { world.set.GetItems(0)->SetName(" " + kLong); });
-  ExpectWhole([](World& world) { world.set.SetValue("@MM_ParameterWithALongName", kWide); });
-  ExpectWhole([](World& world) { world.set.SetValue("$MacroWithALongName", 5); });
-  ExpectWhole([](World& world) { world.set.Add(); });
+  // clang-format off
+  ExpectEachWhole({
+    [](auto& w) { w.set.GetItems(0)->SetName(" " + kLong); }, [](auto& w) { w.set.Add(); },
+    [](auto& w) { w.set.SetValue("@MM_ParameterWithALongName", kWide); },
+    [](auto& w) { w.set.SetValue("$MacroWithALongName", 5); }});
+  // clang-format on
   ForEachCall([](long n) {
     World world;
     const std::string want = world.set.GetStoreProc()->GetText();
@@ -172,21 +177,17 @@ TEST(SqlFaults, Sets) {
 
 TEST(SqlFaults, ValuesAndPackets) {
   const QXValueTools::TValueRecord record("new", kLong);
-  ExpectWhole([&](World& world) { world.list.SetItem(0, record); });
-  ExpectWhole([&](World& world) { world.list.SetItem(2, record); });
-  ExpectWhole([&](World& world) { world.list.Insert(0, &record); });
-  ExpectWhole([](World& world) { world.list.SetValue("new", kLong); });
-  ExpectWhole([](World& world) { world.list.SetValue(" Old ", kWide); });
-  ExpectWhole([](World& world) { world.list.GetValue(kLong); });
-  ExpectWhole([](World& world) {
-    World source;
-    source.list.SetValue("new", kWide);
-    world.list.Assign(&source.list);
-  });
-  ExpectWhole([](World& world) { world.packet.SetValue(u"new", kLong); });
-  ExpectWhole([](World& world) { world.packet.SetValue(kWide, kLong); });
-  ExpectWhole([](World& world) { world.packet.SetValue(u"Old", kWide); });
-  ExpectWhole([](World& world) { world.packet.SaveToOle(world.array); });
+  World source;
+  source.list.SetValue("new", kWide);
+  // clang-format off
+  ExpectEachWhole({
+    [&](auto& w) { w.list.SetItem(0, record); }, [&](auto& w) { w.list.SetItem(2, record); },
+    [&](auto& w) { w.list.Insert(0, &record); }, [](auto& w) { w.list.SetValue("new", kLong); },
+    [](auto& w) { w.list.SetValue(" Old ", kWide); }, [](auto& w) { w.list.GetValue(kLong); },
+    [&](auto& w) { w.list.Assign(&source.list); }, [](auto& w) { w.packet.SetValue(u"new", kLong); },
+    [](auto& w) { w.packet.SetValue(kWide, kLong); }, [](auto& w) { w.packet.SetValue(u"Old", kWide); },
+    [](auto& w) { w.packet.SaveToOle(w.array); }});
+  // clang-format on
   Variant array = Variant::NewArray(0, 3);
   for (Integer i = 0; i < 4; ++i) array.SetElement(i, kWide);
   ExpectWhole([&](World& world) { world.packet.LoadFromOle(array); },

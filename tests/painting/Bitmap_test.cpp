@@ -8,16 +8,8 @@ namespace qxTools::test {
 namespace {
 
 /// Places of words in a file.
-enum Place {
-  kStart = 10,
-  kHeaderSize = 14,
-  kWidth = 18,
-  kHeight = 22,
-  kDepth = 26,
-  kPacking = 30,
-  kUsed = 46,
-  kMasks = 54
-};
+enum Place : int { kStart = 10, kHeaderSize = 14, kWidth = 18, kHeight = 22, kDepth = 26, kPacking = 30 };
+constexpr auto kUsed = Place(46), kMasks = Place(54);
 
 /// The bytes with other words at some places.
 std::string With(std::string bytes, std::initializer_list<std::pair<Place, std::int64_t>> words) {
@@ -53,12 +45,9 @@ TEST(Bitmap, ReadsTopDownBehindALongerHeader) {
 
 TEST(Bitmap, RefusesFilesThatCannotBeWhole) {
   const TemporaryFolder folder;
-  const std::string masked = With(kWhole, {{kDepth, DepthOf(32)},
-                                           {kPacking, 3},
-                                           {kMasks, 0xFF0000},
-                                           {Place(kMasks + 4), 0xFF00},
-                                           {Place(kMasks + 8), 0xFF}});
   // clang-format off
+  const std::string masked = With(kWhole, {{kDepth, DepthOf(32)}, {kPacking, 3}, {kMasks, 0xFF0000},
+                                           {Place(kMasks + 4), 0xFF00}, {Place(kMasks + 8), 0xFF}});
   const std::pair<const char*, std::string> cases[] = {
     {"nothing", ""}, {"half a header", kWhole.substr(0, 53)}, {"another signature", "MB" + kWhole.substr(2)},
     {"a row too few", kWhole.substr(0, kWhole.size() - 1)}, {"below no width", With(kWhole, {{kWidth, -3}})},

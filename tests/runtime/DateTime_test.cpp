@@ -19,17 +19,16 @@ class DateTime : public ::testing::Test {
 
 TEST_F(DateTime, DaysCountFrom30December1899) {
   // Moments are rounded to the millisecond first; before the first day the fraction still counts forward.
-  for (const auto& [date, want] : {std::pair(0.0, "1899/12/30"),
-                                   {2.0, "1900/01/01"},
-                                   {45351.0, "2024/02/29"},
-                                   {-693593.0, "0001/01/01"},
-                                   {2958465.0, "9999/12/31"},
-                                   {1 - 1e-10, "1899/12/31"},
-                                   {-1.25, "1899/12/29 06:00:00"},
-                                   {2.75, "1900/01/01 18:00:00"}}) {
-    EXPECT_EQ(DateTimeToStr(date), want);
+  const auto written = [](double date) {
     EXPECT_EQ(StrToDate(DateToStr(date)), DayNumber(date));
-  }
+    return DateTimeToStr(date);
+  };
+  // clang-format off
+  Rows<double, std::string>(written)
+      (0.0, "1899/12/30")(2.0, "1900/01/01")(45351.0, "2024/02/29")(-693593.0, "0001/01/01")
+      (2958465.0, "9999/12/31")(1 - 1e-10, "1899/12/31")(-1.25, "1899/12/29 06:00:00")
+      (2.75, "1900/01/01 18:00:00");
+  // clang-format on
   EXPECT_EQ(DecodeTime(45000 + 1.0 / 86400000), (TimeParts{0, 0, 0, 1}));
   for (const double bad : {2958466.0, -693594.5, 1e300, std::nan("")})
     EXPECT_THROW(DecodeDate(bad), EConvertError) << bad;

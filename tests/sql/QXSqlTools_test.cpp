@@ -78,13 +78,8 @@ TEST(QXSqlTools, TypesAreFoundByNameAndByCode) {
 
 TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
   // clang-format off
-  const struct {
-    Variant value;
-    TSqlStyle style;
-    const char* text;
-    Variant stored;
-    std::string written;
-  } cases[] = {
+  // A value, and the style, text and value that it sets, and what is written.
+  const std::tuple<Variant, TSqlStyle, const char*, Variant, std::string> cases[] = {
     {Variant::Null(), stFunction, "NULL", Variant::Null(), "NULL"}, {true, stBoolean, "1", true, "1"},
     {false, stBoolean, "0", false, "0"}, {std::int16_t{-3}, stInteger, "-3", std::int16_t{-3}, "-3"},
     {std::uint8_t{9}, stInteger, "9", std::uint8_t{9}, "9"}, {1.5F, stReal, "1.5", 1.5F, "1.5"},
@@ -98,17 +93,14 @@ TEST(TQXSQL, AValueSetsStyleAndTextByItsType) {
     {std::uint16_t{5}, stTime, "", "", "NULL"}, {Variant(), stTime, "", "", "NULL"},
     {Variant::NewArray(0, 0), stTime, "", "", "NULL"}};
   // clang-format on
-  for (const auto& c : cases) {
-    SCOPED_TRACE(&c - cases);
+  for (const auto& [value, style, text, stored, written] : cases) {
     TQXSQL command;
     command.GetInLines().SetText("@P");
     TQXSQLItem& item = *command.GetParams().GetItems(0);
     item.Style = stTime;
-    command.GetParams().SetItemsValue("@p", c.value);
-    EXPECT_EQ(item.Style, c.style);
-    EXPECT_EQ(item.Text, c.text);
-    EXPECT_EQ(item.Value, c.stored);
-    EXPECT_EQ(command.GetOutLines().GetText(), c.written + "\r\n");
+    command.GetParams().SetItemsValue("@p", value);
+    EXPECT_TRUE(item.Style == style && item.Text == text && item.Value == stored) << item.Text << written;
+    EXPECT_EQ(command.GetOutLines().GetText(), written + "\r\n");
   }
 }
 
@@ -127,8 +119,7 @@ TEST(TQXSQLItems, TheLastOfEqualNamesIsFoundWhateverChanges) {
     change(items);
     for (int i = 0; i < 3; ++i) EXPECT_EQ(items.GetItemsIndex(name), want);
   };
-  expect(2, "@a", [](auto&) {});
-  expect(-1, "@c", [](auto&) {});
+  expect(2, "@a", [](auto&) {}), expect(-1, "@c", [](auto&) {});
   expect(3, "@a", [](auto& items) { items.Add("@a"); });
   expect(0, "@a", [](auto& items) { items.Delete(2); });
   expect(-1, "@a", [](auto& items) { items.Clear(); });

@@ -90,7 +90,7 @@ TEST(qxTreeList, SiblingsAreWalkedAndNextDiffersFromPrevious) {
   }
 }
 
-TEST(qxTreeList, DeleteTakesTheSubtreeAndKeepsTheRoot) {
+TEST(qxTreeList, DeleteTakesTheSubtreeAndClearClosesAllButTheRoot) {
   TQXTreeNodes tree;
   tree.OpenRootNode();
   const pQXTreeNode a = tree.Add();
@@ -105,10 +105,6 @@ TEST(qxTreeList, DeleteTakesTheSubtreeAndKeepsTheRoot) {
   EXPECT_EQ(All(tree), Nodes{a});
   EXPECT_EQ(MessageOf([&] { tree.Add(); }), kNotOpened);  // the opened node is gone
   EXPECT_EQ(tree.GetItem(kRootKey), nullptr);
-}
-
-TEST(qxTreeList, ClearClosesAllButTheRoot) {
-  TQXTreeNodes tree;
   tree.OpenRootNode();
   tree.OpenTreeNode(tree.Add()->Key);
   tree.Clear();

@@ -77,11 +77,7 @@ TEST_F(Database, BoundValuesComeBack) {
   hostile += "\x7F\xB3\x5C\xA5\x5C\xBB\x5C '@a ?";  // 許功蓋
   using qxTools::Variant;
   // clang-format off
-  const struct {
-    Variant value;
-    std::optional<std::string> returned;
-    const char* type;
-  } cases[] = {
+  const std::tuple<Variant, std::optional<std::string>, const char*> cases[] = {
     {hostile, Convert(hostile, Charset::kCodePage950, Charset::kUtf8), "text"}, {"", "", "text"},
     {std::string(9000, 'x'), std::string(9000, 'x'), "text"}, {Variant::Null(), std::nullopt, "null"},
     {std::int32_t{-5}, "-5", "integer"},
@@ -90,12 +86,12 @@ TEST_F(Database, BoundValuesComeBack) {
     {Variant::FromCurrency(9223372036854775807), "922337203685477.5807", "text"},
     {Variant::FromDate(37652), "2003-01-31", "text"}};
   // clang-format on
-  for (const auto& c : cases) {
+  for (const auto& [value, returned, type] : cases) {
     Statement statement(connection_);
-    statement.Execute("select ?, typeof(?)", {ToParameter(c.value), ToParameter(c.value)});
+    statement.Execute("select ?, typeof(?)", {ToParameter(value), ToParameter(value)});
     ASSERT_TRUE(statement.Fetch());
-    EXPECT_EQ(statement.Value(1), c.returned);
-    EXPECT_EQ(statement.Value(2), c.type);
+    EXPECT_EQ(statement.Value(1), returned);
+    EXPECT_EQ(statement.Value(2), type);
   }
   EXPECT_EQ(MessageOf([] { ToParameter(Variant("\x80")); }), "a byte of the value is no character");
   EXPECT_EQ(MessageOf([] { ToParameter(Variant::FromDate(1.5)); }), "a date with a time of day");
@@ -112,10 +108,7 @@ TEST_F(Database, ConditionsFindTheirRows) {
   };
   for (const auto& record : records) Send("insert into Goods values (" + ToSQLEx(record, "SSNS") + ")");
   // clang-format off
-  const struct {
-    std::string condition;
-    const char* codes;
-  } cases[] = {
+  const std::pair<std::string, const char*> cases[] = {
     {"Code in" + ToSQLinlist("A-1,,C-3,Z"), "A-1 C-3 "}, {"Code in " + ToSQLinlist("B-2"), "B-2 "},
     {"Name in" + ToSQLinlist("O'Neil,\xB3\x5C\xA5\x5C\xBB\x5C"), "A-1 B-2 "},
     {"Code between " + ToSQLBetween("A-2~C-3"), "B-2 C-3 "}, {"Code between " + ToSQLBetween("C-3"), "C-3 "},
@@ -124,11 +117,11 @@ TEST_F(Database, ConditionsFindTheirRows) {
     {SQLAdd("", "Name like " + ToSQLStr("%'%")), "A-1 "},
     {"Name = " + VarToSql(qxTools::Variant(" 50% ~ \"x\" ")), "C-3 "}};
   // clang-format on
-  for (const auto& c : cases) {
+  for (const auto& [condition, want] : cases) {
     std::string codes;
-    for (const auto& code : Column("select Code from Goods where " + c.condition + " order by Code"))
+    for (const auto& code : Column("select Code from Goods where " + condition + " order by Code"))
       codes += code.value() + " ";
-    EXPECT_EQ(codes, c.codes) << c.condition;
+    EXPECT_EQ(codes, want) << condition;
   }
   EXPECT_EQ(Column("select Kind from Goods where Code = 'B-2'").at(0), std::nullopt);
   EXPECT_EQ(Column("select Price from Goods where Code = 'A-1'").at(0), "12.5");

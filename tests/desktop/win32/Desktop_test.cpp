@@ -1,35 +1,17 @@
-#include "desktop/win32/Surface.h"
+#include <windows.h>
 // After windows.h, whose macros they must survive.
 #include <qxTools/desktop/Desktop.h>
 #include <qxTools/graphics/qxDrawTools.h>
-#include <qxTools/painting/Screen.h>
-#include <qxTools/painting/SystemColors.h>
-#include <qxTools/painting/TextPainter.h>
-#include <qxTools/shell/QXDialogs.h>
 
-#include "support/Picture.h"
-#include "support/Testing.h"
+#include "desktop/Checks.h"
 
 namespace qxTools::test {
 
 namespace {
 
-constexpr char kOrder[] = "\xAD\x71\xB3\xE6";  // 訂單
-
 TEST(Desktop, TextOnBitmapsIsPaintedInsideTheClip) {
   const desktop::Desktop desktop;
-  const Paper empty(60, 40);
-  Paper paper(60, 40);
-  TCanvas& canvas = paper.GetCanvas();
-  EXPECT_GT(canvas.TextWidth(kOrder), 0);
-  EXPECT_EQ(canvas.TextHeight(kOrder), canvas.TextHeight(""));
-  canvas.SetBrushStyle(bsClear);
-  canvas.TextRect({10, 12, 20, 18}, 8, 8, kOrder);
-  EXPECT_GT(Differences(paper, empty), 0);
-  EXPECT_EQ(paper.GetRow(13)[12] >> 24, 0xFFU);
-  canvas.SetBrushColor(ColorOf('.'));
-  canvas.FillRect({10, 12, 20, 18});
-  EXPECT_EQ(Differences(paper, empty), 0);
+  ExpectTextInsideTheClip();
 }
 
 TEST(Desktop, SystemColorsAreTheSystemsAndFollowIt) {
@@ -46,11 +28,7 @@ TEST(Desktop, SystemColorsAreTheSystemsAndFollowIt) {
     EXPECT_EQ(ColorToRGB(clBtnFace), changed);
     ::SetSysColors(1, &face, &before);
   }
-  // Everything is taken out again.
-  EXPECT_EQ(ColorToRGB(clBtnFace), 0xC0C0C0U);
-  EXPECT_EQ(GetTextPainter(), nullptr);
-  EXPECT_EQ(GetScreenSize().X, 2147483647);
-  EXPECT_EQ(MessageOf([] { QXDialogs::ShowMessageBox("a", ""); }), "No dialog service");
+  ExpectNoDesktop();
 }
 
 TEST(Desktop, TheScreenAndItsWindowsAreKnown) {

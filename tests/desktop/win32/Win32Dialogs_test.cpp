@@ -89,18 +89,13 @@ TEST(Win32Dialogs, ClosingAnswersAsTheOnlyButtonOrAsCancelAndEnterAsTheDefault) 
   const auto enter = [](HWND) { Press(::GetFocus(), VK_RETURN); };
   const auto escape = [](HWND) { Press(::GetFocus(), VK_ESCAPE); };
   // clang-format off
-  const struct {
-    int line;
-    TDialogButtons buttons;
-    std::function<void(HWND)> action;
-    Integer result;
-  } rows[] = {
+  const std::tuple<int, TDialogButtons, std::function<void(HWND)>, Integer> rows[] = {
     {__LINE__, dbYes | dbNo, nothing, 2}, {__LINE__, dbOK | dbHelp, nothing, 1},
     {__LINE__, dbOK | dbHelp, escape, 1}, {__LINE__, dbYes | dbNo, escape, 2},
     {__LINE__, dbNo | dbYes, enter, 6}, {__LINE__, dbCancel | dbOK | dbYes, enter, 1},
     {__LINE__, dbAbort | dbRetry | dbIgnore, enter, 4}, {__LINE__, 0, escape, 2}};
   // clang-format on
-  for (const auto& row : rows) EXPECT_EQ(Answer({row.buttons}, row.action), row.result) << row.line;
+  for (const auto& [line, buttons, act, want] : rows) EXPECT_EQ(Answer({buttons}, act), want) << line;
 }
 
 TEST(Win32Dialogs, CaptionsAreThoseOfTheTypeUnlessGiven) {
@@ -110,10 +105,9 @@ TEST(Win32Dialogs, CaptionsAreThoseOfTheTypeUnlessGiven) {
       EXPECT_EQ(::GetDlgItem(window, 102) != nullptr, type != dtCustom);
     });
   };
-  expect(dtWarning, "", L"Warning");
-  expect(dtError, "", L"Error");
-  expect(dtInformation, "", L"Information");
-  expect(dtConfirmation, "", L"Confirm");
+  // In the types' order.
+  const wchar_t* const captions[] = {L"Warning", L"Error", L"Information", L"Confirm"};
+  for (int i = dtWarning; i <= dtConfirmation; ++i) expect(static_cast<TDialogType>(i), "", captions[i]);
   expect(dtCustom, "", L"Win32Dialogs_test");
   expect(dtWarning, "\xAD\x71&\xB3\xE6", L"\x8A02&\x55AE");
 }
@@ -143,19 +137,13 @@ TEST(Win32Dialogs, LongTextWrapsOrScrolls) {
   std::string words;
   std::string lines;
   for (int i = 0; i < 200; ++i) words += "\xAD\x71\xB3\xE6 ", lines += "line\n";
-  const struct {
-    int line;
-    std::string message;
-    bool scrolls;
-  } rows[] = {{__LINE__, words, false}, {__LINE__, lines, true}, {__LINE__, std::string(9000, 'x'), true}};
-  for (const auto& row : rows)
-    Answer({dbOK, dtError, "", row.message}, [&](HWND window) {
+  for (const auto& [message, scrolls] :
+       {std::pair(words, false), {lines, true}, {std::string(9000, 'x'), true}})
+    Answer({dbOK, dtError, "", message}, [&, scrolls = scrolls](HWND window) {
       HWND const text = ::GetDlgItem(window, kText);
-      const bool scrolls = (::GetWindowLongW(text, GWL_STYLE) & WS_VSCROLL) != 0;
-      EXPECT_EQ(scrolls, row.scrolls) << row.line;
-      EXPECT_LT(SizeOf(window).cx, screenWidth) << row.line;
-      EXPECT_LT(SizeOf(window).cy, screenHeight) << row.line;
-      EXPECT_GT(::SendMessageW(text, EM_GETLINECOUNT, 0, 0), 1) << row.line;
+      EXPECT_EQ((::GetWindowLongW(text, GWL_STYLE) & WS_VSCROLL) != 0, scrolls) << TextOf(text).substr(0, 9);
+      EXPECT_TRUE(SizeOf(window).cx < screenWidth && SizeOf(window).cy < screenHeight);
+      EXPECT_GT(::SendMessageW(text, EM_GETLINECOUNT, 0, 0), 1);
       EXPECT_EQ(TextOf(text).find(L'\0'), std::wstring::npos);
     });
 }

@@ -66,39 +66,34 @@ TEST(Baselines, KnowLinesWhereverTheyMove) {
   EXPECT_EQ(check("\n\n  " + line), "");
   EXPECT_EQ(check(line + line), "SQL403:2");
   EXPECT_EQ(check("x" + line), "SQL403:1");
-  for (const char* bad : {"", "[]", "{\"known\": [{\"path\": 1}]}",
-                          "{\"known\": [{\"path\":\"a\",\"rule\":\"b\",\"line\":\"x\",\"count\":1}]}"})
+  for (const char* const bad : {"", "[]", "{\"known\": [{\"path\": 1}]}",
+                                "{\"known\": [{\"path\":\"a\",\"rule\":\"b\",\"line\":\"x\",\"count\":1}]}"})
     EXPECT_EQ(qxTools::test::MessageOf([&] { ReadBaseline(bad); }),
               "this is no baseline that --write-baseline has written");
 }
 
 TEST(Places, CountCharactersAndBytesOfTheFile) {
-  const struct {
-    std::string text;
-    std::size_t line, column, endColumn, byteOffset, byteLength, caret, width;
-  } rows[] = {
-      {kChinese, 1, 8, 12, 7, 6, 7, 6},
-      {"\r\n\n\r" + std::string(kChinese), 4, 8, 12, 11, 6, 7, 6},
-      {"\xA4\x40\t'\xA4\x40'", 1, 3, 6, 3, 4, 3, 4},
-      {qxTools::BytesToUtf8("\xA4\x40\xA4\x40 '\xA4\x40'"), 1, 4, 7, 7, 5, 5, 4},
-      {"\xEF\xBB\xBF '" + qxTools::BytesToUtf8("\xA4\x40") + "'", 1, 2, 5, 4, 5, 1, 4},
-      {"--\xF0\x9F\x98\x80\n '" + qxTools::BytesToUtf8("\xA4\x40") + "'", 2, 2, 5, 8, 5, 1, 4},
-      {std::string(200, ' ') + "'\xA4\x40' " + std::string(200, 'x'), 1, 201, 204, 200, 4, 63, 4},
-      {"\xFF\x01'\xA4\x40'", 1, 3, 6, 2, 4, 8, 4},
-  };
-  for (const auto& row : rows) {
+  using Numbers = std::vector<std::size_t>;
+  // Line, column and end, byte offset and length, caret and its width.
+  const auto placed = [](const std::string& text) {
     FileOptions options;
     options.select = {"SQL403"};
-    const FileReport report = CheckText(row.text, options);
-    ASSERT_EQ(report.findings.size(), 1u) << row.text;
-    const ShownFinding& found = report.findings[0];
-    EXPECT_EQ((std::vector{found.line, found.column, found.endColumn, found.byteOffset, found.byteLength,
-                           found.caret, found.caretWidth}),
-              (std::vector{row.line, row.column, row.endColumn, row.byteOffset, row.byteLength, row.caret,
-                           row.width}))
-        << testing::PrintToString(row.text);
-    EXPECT_LT(found.excerpt.size(), 200u);
-  }
+    const FileReport report = CheckText(text, options);
+    if (report.findings.size() != 1) return Numbers{report.findings.size()};
+    const ShownFinding& f = report.findings[0];
+    EXPECT_LT(f.excerpt.size(), 200u);
+    return Numbers{f.line, f.column, f.endColumn, f.byteOffset, f.byteLength, f.caret, f.caretWidth};
+  };
+  const std::string chinese = kChinese, one = qxTools::BytesToUtf8("\xA4\x40");  // 一
+  // clang-format off
+  qxTools::test::Rows<std::string, Numbers>(placed)
+      (chinese, {1, 8, 12, 7, 6, 7, 6})("\r\n\n\r" + chinese, {4, 8, 12, 11, 6, 7, 6})
+      ("\xA4\x40\t'\xA4\x40'", {1, 3, 6, 3, 4, 3, 4})(one + one + " '" + one + "'", {1, 4, 7, 7, 5, 5, 4})
+      ("\xEF\xBB\xBF '" + one + "'", {1, 2, 5, 4, 5, 1, 4})
+      ("--\xF0\x9F\x98\x80\n '" + one + "'", {2, 2, 5, 8, 5, 1, 4})
+      (std::string(200, ' ') + "'\xA4\x40' " + std::string(200, 'x'), {1, 201, 204, 200, 4, 63, 4})
+      ("\xFF\x01'\xA4\x40'", {1, 3, 6, 2, 4, 8, 4});
+  // clang-format on
 }
 
 TEST(Reports, ShowALineItsCaretAndAtMostTenOfARule) {
@@ -168,13 +163,11 @@ TEST(Configurations, SetRulesByPath) {
       "sub:[%RootKey%]\n[%\nAs:command\nIgnore:SQL1, sql20\n%]\n*/x?.sql:[%RootKey%]\n[%\nAs:call-all\n%]\n",
       std::filesystem::absolute("base").string());
   const auto route = [&](const std::string& path) { return configuration.For(path, {}).route; };
-  EXPECT_EQ(route("base/a.sql"), Route::kCall);
-  EXPECT_EQ(route("base/sub/a.sql"), Route::kCommand);
-  EXPECT_EQ(route("base/sub/../sub/deep/a.sql"), Route::kCommand);
-  EXPECT_EQ(route("base/subs/a.sql"), Route::kCall);
-  EXPECT_EQ(route("base/sub/deep/x1.sql"), Route::kCallAll);
   EXPECT_EQ(configuration.For("base/sub/a.sql", {}).ignore, (std::vector<std::string>{"SQL1", "sql20"}));
   // clang-format off
+  qxTools::test::Rows<std::string, Route>(route)
+      ("base/a.sql", Route::kCall)("base/sub/a.sql", Route::kCommand)("base/subs/a.sql", Route::kCall)
+      ("base/sub/../sub/deep/a.sql", Route::kCommand)("base/sub/deep/x1.sql", Route::kCallAll);
   qxTools::test::Rows([](const std::string& value) {
         return qxTools::test::MessageOf(
             [&] { Configuration("a:[%RootKey%]\n[%\n" + value + "\n%]\n", "/"); });

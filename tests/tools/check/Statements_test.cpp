@@ -13,6 +13,8 @@ namespace qxtool::check {
 
 namespace {
 
+using enum Route;
+
 constexpr char kYi[] = "\xA4\x40";    // 一, whose second byte is @
 constexpr char kGong[] = "\xA5\x5C";  // 功, whose second byte is a backslash
 
@@ -87,66 +89,61 @@ TEST(StatementRules, SpeakWhereTheExamplesDoNot) {
     const char* select = "SQL";
   } rows[] = {
     // Comments.
-    {Route::kCommand, "select 1/2 -- a/b\n", ""},  // without a comment nothing is removed
-    {Route::kCommand, "/* x */ select 'a/b', c/\n", "SQL101:1:18 SQL101:1:24"},
-    {Route::kCommand, "/* a **/ b /* c */ d\n", "SQL102:1:1"}, {Route::kCall, "/* a **/ b /* c */ d\n", ""},
-    {Route::kCall, "/*/ a */ select 1\n", "SQL103:1:1"}, {Route::kCall, "select 1 -- /* a */\n", ""},
-    {Route::kCall, "select 1 -- /* a\nselect 2 /* b */\n", "SQL103:1:13"},
-    {Route::kCall, "select [/*a], '*/'\n", "SQL103:1:9"}, {Route::kCall, "select '*/' /* a */\n", ""},
-    {Route::kCall, std::string(kYi) + "/* a */ select 1\n", "SQL105:1:1"},
-    {Route::kCall, "a/* b *//* c */d\n", "SQL105:1:2"},
+    {kCommand, "select 1/2 -- a/b\n", ""},  // without a comment nothing is removed
+    {kCommand, "/* x */ select 'a/b', c/\n", "SQL101:1:18 SQL101:1:24"},
+    {kCommand, "/* a **/ b /* c */ d\n", "SQL102:1:1"}, {kCall, "/* a **/ b /* c */ d\n", ""},
+    {kCall, "/*/ a */ select 1\n", "SQL103:1:1"}, {kCall, "select 1 -- /* a */\n", ""},
+    {kCall, "select 1 -- /* a\nselect 2 /* b */\n", "SQL103:1:13"},
+    {kCall, "select [/*a], '*/'\n", "SQL103:1:9"}, {kCall, "select '*/' /* a */\n", ""},
+    {kCall, std::string(kYi) + "/* a */ select 1\n", "SQL105:1:1"}, {kCall, "a/* b *//* c */d\n", "SQL105:1:2"},
     // Names.
-    {Route::kCommand, "select @AB, @A, @ABC\n", "SQL201:1:17"},
-    {Route::kCommand, "select @a_b, @a, @A_B\n", ""}, {Route::kCommand, "like 'a@b.com'\n", "SQL202:1:8"},
-    {Route::kCommand, "like '@ ' + x\n", "SQL202:1:7"},
-    {Route::kCallAll, "select [a@b], '@c'\n", "SQL202:1:10"},
-    {Route::kCall, "select '@c', @@ROWCOUNT, [a@b] -- @d\n", ""},
-    {Route::kCallAll, "select @@ROWCOUNT, 1 -- @d\n", "SQL204:1:8 SQL203:1:25"},
-    {Route::kCommand, std::string("select N'") + kYi + "A'\n", "SQL205:1:10"},
-    {Route::kCallAll, std::string("select @") + kYi + "\n", "SQL205:1:8"},
-    {Route::kCallAll, "select @1a, @a$b\n", "SQL205:1:8 SQL205:1:13"},
-    {Route::kCall, "select 1 -- don't\nselect @MM_A -- it's\n", "SQL206:1:10"},
-    {Route::kCall, "select 1 -- don't\nselect 2 -- it's\nselect @MM_A\n", ""},
-    {Route::kCall, "select @MM_A -- don't\nselect @MM_A\n", ""},  // it is found in front
-    {Route::kCall, "select 1 -- don't\nselect '@MM_A', 'b'\n", "SQL206:1:10"},
-    {Route::kCall, "select [it's], @MM_A\n", "SQL206:1:8"},
-    {Route::kCallAll, "declare @a int, @b int = (select 1, 2), @c int select @c, @d\n", "SQL207:1:9"},
-    {Route::kCall, "declare @a int, @b decimal(9,2), @c int select @a, @b, @c, @d\n", "SQL208:1:60"},
-    {Route::kCall, "create proc p @a int, @b varchar(3) as select @a + @b + @c\n", "SQL208:1:57"},
-    {Route::kCall, "exec @r = p @a = 1, @b = @MM_B\n", "SQL208:1:6"}, {Route::kCommand, "exec p 1, @b\n", ""},
-    {Route::kCommand, "exec dbo.[p] @a = 1, @b = 2; set @c = 1\n", "SQL209:1:14 SQL209:1:22"},
+    {kCommand, "select @AB, @A, @ABC\n", "SQL201:1:17"}, {kCommand, "select @a_b, @a, @A_B\n", ""},
+    {kCommand, "like 'a@b.com'\n", "SQL202:1:8"}, {kCommand, "like '@ ' + x\n", "SQL202:1:7"},
+    {kCallAll, "select [a@b], '@c'\n", "SQL202:1:10"}, {kCall, "select '@c', @@ROWCOUNT, [a@b] -- @d\n", ""},
+    {kCallAll, "select @@ROWCOUNT, 1 -- @d\n", "SQL204:1:8 SQL203:1:25"},
+    {kCommand, std::string("select N'") + kYi + "A'\n", "SQL205:1:10"},
+    {kCallAll, std::string("select @") + kYi + "\n", "SQL205:1:8"},
+    {kCallAll, "select @1a, @a$b\n", "SQL205:1:8 SQL205:1:13"},
+    {kCall, "select 1 -- don't\nselect @MM_A -- it's\n", "SQL206:1:10"},
+    {kCall, "select 1 -- don't\nselect 2 -- it's\nselect @MM_A\n", ""},
+    {kCall, "select @MM_A -- don't\nselect @MM_A\n", ""},  // it is found in front
+    {kCall, "select 1 -- don't\nselect '@MM_A', 'b'\n", "SQL206:1:10"},
+    {kCall, "select [it's], @MM_A\n", "SQL206:1:8"},
+    {kCallAll, "declare @a int, @b int = (select 1, 2), @c int select @c, @d\n", "SQL207:1:9"},
+    {kCall, "declare @a int, @b decimal(9,2), @c int select @a, @b, @c, @d\n", "SQL208:1:60"},
+    {kCall, "create proc p @a int, @b varchar(3) as select @a + @b + @c\n", "SQL208:1:57"},
+    {kCall, "exec @r = p @a = 1, @b = @MM_B\n", "SQL208:1:6"}, {kCommand, "exec p 1, @b\n", ""},
+    {kCommand, "exec dbo.[p] @a = 1, @b = 2; set @c = 1\n", "SQL209:1:14 SQL209:1:22"},
     // Macros.
-    {Route::kCall, "from [$a], [$A], '[$a]', [$b\n", "SQL303:1:12 SQL302:1:19 SQL301:1:26 SQL411:1:26"},
-    {Route::kCall, "like '[$%]' or [##]\n", "SQL301:1:7 SQL302:1:7 SQL301:1:16"},
-    {Route::kCall, "like '\xAC\x5B$a]'\n", "SQL403:1:6 SQL301:1:7 SQL302:1:7", "SQL"},  // 珠's like
-    {Route::kCommand, "from [$a], [##]\n", "SQL301:1:6"},
+    {kCall, "from [$a], [$A], '[$a]', [$b\n", "SQL303:1:12 SQL302:1:19 SQL301:1:26 SQL411:1:26"},
+    {kCall, "like '[$%]' or [##]\n", "SQL301:1:7 SQL302:1:7 SQL301:1:16"},
+    {kCall, "like '\xAC\x5B$a]'\n", "SQL403:1:6 SQL301:1:7 SQL302:1:7", "SQL"},  // 珠's like
+    {kCommand, "from [$a], [##]\n", "SQL301:1:6"},
     // The server.
-    {Route::kCall, "select 1\n go 5\nselect go, 2\n", "SQL401:2:2"},
-    {Route::kCall, ":setvar a b\nselect $(a), '$(b)', $1\n", "SQL401:1:1 SQL401:2:8 SQL401:2:15"},
-    {Route::kCall, "-- a\\\r\nselect 1 /* \\\n*/\n", "SQL402:1:5"},
-    {Route::kCall, std::string("-- ") + kGong + "\n", ""},
-    {Route::kCommand, "-- a\\\nselect 'b\\\nc'\n", "SQL402:2:10"},
-    {Route::kCall, "select '1.2.24', '31/12/2024 10:00', '1.2.3.4', '1/2', '2024/1/2', '1/2.24'\n",
+    {kCall, "select 1\n go 5\nselect go, 2\n", "SQL401:2:2"},
+    {kCall, ":setvar a b\nselect $(a), '$(b)', $1\n", "SQL401:1:1 SQL401:2:8 SQL401:2:15"},
+    {kCall, "-- a\\\r\nselect 1 /* \\\n*/\n", "SQL402:1:5"}, {kCall, std::string("-- ") + kGong + "\n", ""},
+    {kCommand, "-- a\\\nselect 'b\\\nc'\n", "SQL402:2:10"},
+    {kCall, "select '1.2.24', '31/12/2024 10:00', '1.2.3.4', '1/2', '2024/1/2', '1/2.24'\n",
      "SQL404:1:8 SQL404:1:18 SQL404:1:56"},
-    {Route::kCall, "select '2024-1-2', '20240102', '2024-01-02 10:11'\n", "SQL405:1:8 SQL405:1:32", "SQL405"},
-    {Route::kCall, "declare @a varchar, @b nchar(2), @c as binary\nselect varchar\n",
-     "SQL406:1:12 SQL406:1:40"},
-    {Route::kCall, "select convert(nchar, 1), cast(1 as varchar(2)), cast(1 as decimal)\n",
-     "SQL407:1:16 SQL407:1:60", "SQL407"},
-    {Route::kCall, "exec(@MM_A) exec('a' + 'b') exec ('a' + (@MM_A))\n", "SQL409:1:29"},
-    {Route::kCall, "select 'a", "SQL411:1:8"}};
+    {kCall, "select '2024-1-2', '20240102', '2024-01-02 10:11'\n", "SQL405:1:8 SQL405:1:32", "SQL405"},
+    {kCall, "declare @a varchar, @b nchar(2), @c as binary\nselect varchar\n", "SQL406:1:12 SQL406:1:40"},
+    {kCall, "select convert(nchar, 1), cast(1 as varchar(2)), cast(1 as decimal)\n", "SQL407:1:16 SQL407:1:60",
+     "SQL407"},
+    {kCall, "exec(@MM_A) exec('a' + 'b') exec ('a' + (@MM_A))\n", "SQL409:1:29"},
+    {kCall, "select 'a", "SQL411:1:8"}};
   // clang-format on
   for (const auto& row : rows) EXPECT_EQ(Check(row.text, row.route, row.select), row.want) << row.text;
 }
 
 TEST(StatementRules, FollowTheText) {
   // A name that a call finds only behind removed comments is placed in the whole text.
-  EXPECT_EQ(Check("/* one */\nselect /* two */ [a@b] /* three */, [c@d]\n", Route::kCallAll),
+  EXPECT_EQ(Check("/* one */\nselect /* two */ [a@b] /* three */, [c@d]\n", kCallAll),
             "SQL202:2:20 SQL202:2:39");
-  EXPECT_EQ(Check("exec(@MM_A)\n", Route::kCall, "SQL409", true), "SQL409:1:1");
-  EXPECT_EQ(Check("/* @a */ -- @b\n", Route::kCommand, "SQL203"), "SQL203:1:13");
-  EXPECT_EQ(Check("/* @a */ -- @b\n", Route::kCommand, "SQL203", true), "SQL203:1:4 SQL203:1:13");
-  EXPECT_EQ(Check("/* @a */ -- @b\n", Route::kCallAll, "SQL203", true), "SQL203:1:13");
+  EXPECT_EQ(Check("exec(@MM_A)\n", kCall, "SQL409", true), "SQL409:1:1");
+  EXPECT_EQ(Check("/* @a */ -- @b\n", kCommand, "SQL203"), "SQL203:1:13");
+  EXPECT_EQ(Check("/* @a */ -- @b\n", kCommand, "SQL203", true), "SQL203:1:4 SQL203:1:13");
+  EXPECT_EQ(Check("/* @a */ -- @b\n", kCallAll, "SQL203", true), "SQL203:1:13");
 }
 
 }  // namespace qxtool::check
