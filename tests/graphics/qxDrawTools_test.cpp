@@ -51,13 +51,14 @@ void MakeFrame(TFrameBitmaps& pieces) {
   for (std::size_t k = 0; k < pieces.size(); ++k) Paint(pieces[k], texts[k]);
 }
 
-/// What `draw` gives on paper, with the text of BoxText.
+/// Expects `draw` to paint that on a paper of its size, with the text of BoxText.
 template <class Draw>
-std::string Drawn(Integer width, Integer height, Draw&& draw) {
+void ExpectDrawn(const std::string& want, Draw&& draw) {
   const BoxText painter;
-  Paper paper(width, height);
+  const std::size_t width = want.find('\n');
+  Paper paper(static_cast<Integer>(width), static_cast<Integer>(want.size() / (width + 1)));
   draw(paper.GetCanvas());
-  return test::TextOf(paper);
+  EXPECT_EQ(test::TextOf(paper), want);
 }
 
 }  // namespace
@@ -116,21 +117,21 @@ TEST(qxDrawTools, Numbers) {
 }
 
 TEST(qxDrawTools, BevelsAreRingsInTheirColours) {
-  EXPECT_EQ(Drawn(54, 5,
-                  [](TCanvas& canvas) {
-                    const auto at = [](Integer column) { return TRect{9 * column, 0, 9 * column + 7, 4}; };
-                    DrawButton(canvas, at(0), false);
-                    DrawButton(canvas, at(1), true);
-                    DrawBox(canvas, at(2), false);
-                    DrawBox(canvas, at(3), true);
-                    DrawFrame(canvas, at(4), false, ColorOf('r'));
-                    DrawFrame(canvas, at(5), true, ColorOf('r'));
-                  }),
-            "wwwwwwws.fffffffd.sssssssw.sssssssw.sssssssw.sssssssw.\n"
-            "wffffffs.fwwwwwsd.s......w.sdddddfw.srrrrrrw.sdddddfw.\n"
-            "wffffffs.fwffffsd.s......w.sd....fw.srrrrrrw.sdrrrrfw.\n"
-            "wffffffs.fwsssssd.s......w.sdfffffw.srrrrrrw.sdfffffw.\n"
-            "wsssssss.fddddddd.swwwwwww.swwwwwww.swwwwwww.swwwwwww.\n");
+  ExpectDrawn(
+      "wwwwwwws.fffffffd.sssssssw.sssssssw.sssssssw.sssssssw.\n"
+      "wffffffs.fwwwwwsd.s......w.sdddddfw.srrrrrrw.sdddddfw.\n"
+      "wffffffs.fwffffsd.s......w.sd....fw.srrrrrrw.sdrrrrfw.\n"
+      "wffffffs.fwsssssd.s......w.sdfffffw.srrrrrrw.sdfffffw.\n"
+      "wsssssss.fddddddd.swwwwwww.swwwwwww.swwwwwww.swwwwwww.\n",
+      [](TCanvas& canvas) {
+        const auto at = [](Integer column) { return TRect{9 * column, 0, 9 * column + 7, 4}; };
+        DrawButton(canvas, at(0), false);
+        DrawButton(canvas, at(1), true);
+        DrawBox(canvas, at(2), false);
+        DrawBox(canvas, at(3), true);
+        DrawFrame(canvas, at(4), false, ColorOf('r'));
+        DrawFrame(canvas, at(5), true, ColorOf('r'));
+      });
   Paper paper(9, 9);  // the pen keeps the last ring's second colour
   for (const auto& [isDouble, pen] : {std::pair(false, clBtnHighlight), {true, clBtnFace}}) {
     DrawBox(paper.GetCanvas(), {0, 0, 7, 7}, isDouble);
@@ -139,53 +140,53 @@ TEST(qxDrawTools, BevelsAreRingsInTheirColours) {
 }
 
 TEST(qxDrawTools, TrianglesPointInFourDirections) {
-  EXPECT_EQ(Drawn(44, 5,
-                  [](TCanvas& canvas) {
-                    for (Integer i = 0; i < 5; ++i)  // the fifth is no direction, and nothing is drawn
-                      Draw3Angle(canvas, {11 * i % 44, 0, 11 * i % 44 + 8, 4}, static_cast<TDrawAngleType>(i),
-                                 ColorOf("rrrrk"[i]));
-                  }),
-            "......rrr......r......rrr........rrrrrrrrr..\n"
-            "..rrrrrrr.....rrr.....rrrrrrr.....rrrrrrr...\n"
-            "rrrrrrrrr....rrrrr....rrrrrrrrr....rrrrr....\n"
-            "...rrrrrr...rrrrrrr...rrrrrr........rrr.....\n"
-            ".......rr..rrrrrrrrr..rr.............r......\n");
+  ExpectDrawn(
+      "......rrr......r......rrr........rrrrrrrrr..\n"
+      "..rrrrrrr.....rrr.....rrrrrrr.....rrrrrrr...\n"
+      "rrrrrrrrr....rrrrr....rrrrrrrrr....rrrrr....\n"
+      "...rrrrrr...rrrrrrr...rrrrrr........rrr.....\n"
+      ".......rr..rrrrrrrrr..rr.............r......\n",
+      [](TCanvas& canvas) {
+        for (Integer i = 0; i < 5; ++i)  // the fifth is no direction, and nothing is drawn
+          Draw3Angle(canvas, {11 * i % 44, 0, 11 * i % 44 + 8, 4}, static_cast<TDrawAngleType>(i),
+                     ColorOf("rrrrk"[i]));
+      });
 }
 
 TEST(qxDrawTools, TabsAreSlantedOrNotchedWithACaptionInACellOfTheirColour) {
-  EXPECT_EQ(Drawn(50, 8,
-                  [](TCanvas& canvas) {
-                    DrawTabset(canvas, {0, 0, 23, 7}, ColorOf('r'), ColorOf('g'), "abc", true);
-                    DrawTabset(canvas, {26, 0, 49, 7}, ColorOf('r'), 0, "", false);
-                  }),
-            "kkkkkkkkkkkkkkkkkkkkkkkk..kkkkkkkkkkkkkkkkkkkkkkkk\n"
-            ".krrrrrrrrrrrrrrrrrrrrk....krrrrrrrrrrrrrrrrrkkk..\n"
-            "..krrrrggrggrggrrrrrrk......krrrrrrrrrrrrrrkkkk...\n"
-            "...krrrggrggrggrrrrrk........krrrrrrrrrrrrrrrrrkkk\n"
-            "...krrrrrrrrrrrrrrrrk........krrrrrrrrrrrrrrrkkk..\n"
-            "....krrrrrrrrrrrrrrk..........krrrrrrrrrrrrkk.....\n"
-            ".....krrrrrrrrrrrrk............krrrrrrrrrrrrrkkk..\n"
-            "......kkkkkkkkkkkk..............kkkkkkkkkkkkkkkkkk\n");
+  ExpectDrawn(
+      "kkkkkkkkkkkkkkkkkkkkkkkk..kkkkkkkkkkkkkkkkkkkkkkkk\n"
+      ".krrrrrrrrrrrrrrrrrrrrk....krrrrrrrrrrrrrrrrrkkk..\n"
+      "..krrrrggrggrggrrrrrrk......krrrrrrrrrrrrrrkkkk...\n"
+      "...krrrggrggrggrrrrrk........krrrrrrrrrrrrrrrrrkkk\n"
+      "...krrrrrrrrrrrrrrrrk........krrrrrrrrrrrrrrrkkk..\n"
+      "....krrrrrrrrrrrrrrk..........krrrrrrrrrrrrkk.....\n"
+      ".....krrrrrrrrrrrrk............krrrrrrrrrrrrrkkk..\n"
+      "......kkkkkkkkkkkk..............kkkkkkkkkkkkkkkkkk\n",
+      [](TCanvas& canvas) {
+        DrawTabset(canvas, {0, 0, 23, 7}, ColorOf('r'), ColorOf('g'), "abc", true);
+        DrawTabset(canvas, {26, 0, 49, 7}, ColorOf('r'), 0, "", false);
+      });
 }
 
 TEST(qxDrawTools, FramesAreTiledFromNinePieces) {
-  EXPECT_EQ(Drawn(36, 9,
-                  [](TCanvas& canvas) {
-                    TFrameBitmaps pieces;
-                    MakeFrame(pieces);
-                    DrawFrameWithBMP(canvas, {1, 1, 17, 9}, pieces);
-                    DrawFrameWithBMP(canvas, {21, 1, 25, 4}, pieces);  // one tile a side, under the corners
-                    DrawFrameWithBMP(canvas, {30, 1, 32, 2}, pieces);  // no room for a tile of the top edge
-                  }),
-            ".............................888....\n"
-            ".003..3..3..3.666....0666.3..8.8....\n"
-            ".0..............7....28885....0.....\n"
-            ".1..............7....28.85..........\n"
-            "................7...................\n"
-            ".1..............7...................\n"
-            "................7...................\n"
-            ".22...........888...................\n"
-            ".22555555555558.8...................\n");
+  ExpectDrawn(
+      ".............................888....\n"
+      ".003..3..3..3.666....0666.3..8.8....\n"
+      ".0..............7....28885....0.....\n"
+      ".1..............7....28.85..........\n"
+      "................7...................\n"
+      ".1..............7...................\n"
+      "................7...................\n"
+      ".22...........888...................\n"
+      ".22555555555558.8...................\n",
+      [](TCanvas& canvas) {
+        TFrameBitmaps pieces;
+        MakeFrame(pieces);
+        DrawFrameWithBMP(canvas, {1, 1, 17, 9}, pieces);
+        DrawFrameWithBMP(canvas, {21, 1, 25, 4}, pieces);  // one tile a side, under the corners
+        DrawFrameWithBMP(canvas, {30, 1, 32, 2}, pieces);  // no room for a tile of the top edge
+      });
 }
 
 TEST(qxDrawTools, TheBrushPatternIsACheckerboard) {
@@ -197,18 +198,7 @@ TEST(qxDrawTools, TheBrushPatternIsACheckerboard) {
 }
 
 TEST(qxDrawTools, TextStandsInAllNinePlaces) {
-  EXPECT_EQ(
-      Drawn(22, 8,
-            [](TCanvas& canvas) {
-              for (int i = 0; i < 10; ++i) {  // the tenth is no place
-                canvas.SetBrushStyle(i < 5 ? bsClear : bsSolid);
-                canvas.SetFontColor(ColorOf("0123456789"[i]));
-                const Integer left = i < 9 ? 1 : 13;
-                DrawText(canvas, {left, 0, left + 11, 8}, "a", static_cast<TAlignmentEx>(i));
-                EXPECT_EQ(canvas.GetBrushStyle(), i < 5 ? bsClear : bsSolid);
-              }
-              DrawText(canvas, {16, 2, 20, 3}, "abc", aeAllCenter);  // too large: halves go towards zero
-            }),
+  ExpectDrawn(
       ".00..33..66..99.......\n"
       ".00..33..66..99.......\n"
       ".................99...\n"
@@ -216,7 +206,17 @@ TEST(qxDrawTools, TextStandsInAllNinePlaces) {
       ".11..44..77...........\n"
       "......................\n"
       ".22..55..88...........\n"
-      ".22..55..88...........\n");
+      ".22..55..88...........\n",
+      [](TCanvas& canvas) {
+        for (int i = 0; i < 10; ++i) {  // the tenth is no place
+          canvas.SetBrushStyle(i < 5 ? bsClear : bsSolid);
+          canvas.SetFontColor(ColorOf("0123456789"[i]));
+          const Integer left = i < 9 ? 1 : 13;
+          DrawText(canvas, {left, 0, left + 11, 8}, "a", static_cast<TAlignmentEx>(i));
+          EXPECT_EQ(canvas.GetBrushStyle(), i < 5 ? bsClear : bsSolid);
+        }
+        DrawText(canvas, {16, 2, 20, 3}, "abc", aeAllCenter);  // too large: halves go towards zero
+      });
 }
 
 TEST(qxDrawTools, FramesComeBackFromTheirFiles) {

@@ -8,7 +8,7 @@ folder=$(mktemp -d)
 chmod 755 "$folder"
 cd "$folder" || exit 1
 export LC_ALL=C
-bad=0
+. "$here/common.sh"
 servers=()
 
 stop_servers() {
@@ -16,11 +16,6 @@ stop_servers() {
   rm -rf "$folder"
 }
 trap stop_servers EXIT
-
-fail() {
-  echo "$*"
-  bad=1
-}
 
 # sql LINE...: the statement file run.sql.
 sql() { printf '%s\n' "$@" >run.sql; }
@@ -34,20 +29,6 @@ run() {
   output=${output//$'\r'/}
   [ $got = "$status" ] && [ "$output" = "$wanted" ] ||
     fail "$(printf '%s\n' "--- $connection $*" "$(cat run.sql)" "--- wanted $status:" "$wanted" "--- got $got:" "$output")"
-}
-
-# interrupted: Ctrl-C ends run.sql, which takes long.
-interrupted() {
-  env --default-signal=INT sh -c 'echo $$ >pid; exec "$@"' sh "$qxtool" command run.sql --run "$connection" >out 2>message &
-  for _ in {1..300}; do
-    grep -qs '^SigBlk:.*[2367abef]$' "/proc/$(cat pid 2>/dev/null)/status" && break
-    sleep 0.1
-  done
-  sleep 0.5
-  kill -INT "$(cat pid)"
-  wait $!
-  [ $? = 2 ] && [ "$(cat message)" = "qxtool: cancelled" ] || fail "Ctrl-C on $connection: $(cat message)"
-  rm -f pid
 }
 
 # --- FreeTDS ---
@@ -115,7 +96,7 @@ sql '--! {"rows": [["a"], ["x"]]}' '--! {"drop": true}'
 output=$("$qxtool" command run.sql --run "$connection" 2>&1)
 [ $? = 2 ] && [[ "$output" == *"08S01"* || "$output" == *"HY000"* ]] || fail "a dropped connection: $output"
 sql '--! {"sleep": 60}'
-interrupted
+ends_by_interrupt "$connection"
 
 # --- PostgreSQL ---
 programs=$(ls -d /usr/lib/postgresql/*/bin | tail -n 1)
@@ -151,7 +132,7 @@ run 0 $'名稱,價格,日期,空\n"許 O\'Neil\\\' @i --",12.50,2003-01-31,' --c
 sql 'select $$ @a $$'
 run 2 "qxtool: the driver finds 0 marks for 1 bound values" --bind --set @a=x
 sql "select pg_sleep(60)"
-interrupted
+ends_by_interrupt "$connection"
 
 # --- SQLite ---
 connection="Driver=SQLite3;Database=$folder/goods.db"

@@ -10,16 +10,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
 export LC_ALL=C
-bad=0
-
-# fail TEXT...: counts and shows a failure.
-fail() {
-  echo "$*"
-  bad=1
-}
-
-# same WANTED GOT: two texts are equal.
-same() { [ "$1" = "$2" ] || fail "wanted: $1; got: $2"; }
+. "$source/tests/tools/common.sh"
 
 # expect STATUS TEXT COMMAND...: the exit status, and a text that standard output or error holds.
 expect() {
@@ -27,10 +18,8 @@ expect() {
   shift 2
   output=$("$qxtool" "$@" 2>&1)
   local got=$?
-  if [ $got != "$status" ] || [[ "$output" != *"$text"* ]]; then
-    printf 'qxtool %s\n  exit status %s, not %s; wanted: %s\n%s\n' "$*" $got "$status" "$text" "$output"
-    bad=1
-  fi
+  [ $got = "$status" ] && [[ "$output" == *"$text"* ]] ||
+    fail "qxtool $*"$'\n'"  exit status $got, not $status; wanted: $text"$'\n'"$output"
 }
 
 statement=$source/examples/order_search/order_search.sql
@@ -81,7 +70,7 @@ expect 2 "no record 2" ini a.ini set main 2 mode slow
 for name in a:b //a ' a' $'a\nb' ''; do expect 2 "a name cannot be empty" ini a.ini set main 1 "$name" slow; done
 for text in '[%rootkey%]' 'a ' $'a\rb' ''; do expect 2 "a text cannot be empty" ini a.ini add main "a=$text"; done
 expect 2 "a section cannot hold a colon" ini a.ini add a:b
-cmp -s a.ini before || { echo "a failed command changed a.ini"; bad=1; }
+cmp -s a.ini before || fail "a failed command changed a.ini"
 # Four loops of adds lose nothing; a file that is held too long is named.
 touch held.ini
 flock held.ini sleep 12 &
@@ -155,7 +144,7 @@ expect 0 機器 convert --from big5 --to utf8 text.big5
 printf '\xEF\xBB\xBF—·' >text.utf8
 "$qxtool" convert --from utf8 --to gb2312 text.utf8 -o text.gb
 expect 0 "" convert --from gb2312 --to utf8 text.gb -o back.utf8
-[ "$(<back.utf8)" = —· ] || { echo "a dash, a point or the mark in front of them changed"; bad=1; }
+[ "$(<back.utf8)" = —· ] || fail "a dash, a point or the mark in front of them changed"
 
 # losses WANTED TEXT OPTION...: LINE:COLUMN and what follows of each loss in a text, and their number.
 losses() {
@@ -187,16 +176,16 @@ expect 0 '"Text":"1999-01-02","With zeros":"","Refused by":"a year of one or two
 expect 0 "mfNumerals       民國一百一十三年五月一日" --utf8-terminal date --minguo 2024-05-01
 expect 0 "mfDash           113-2-29" date --minguo 2024/2/29
 expect 0 "ROC                                the month has only 28 days" date --minguo 112/2/29
-[ "$("$qxtool" key -n 3 | sort -u | wc -l)" = 3 ] || { echo "keys are not three"; bad=1; }
+[ "$("$qxtool" key -n 3 | sort -u | wc -l)" = 3 ] || fail "keys are not three"
 
 printf 'any\0bytes' >data
 expect 0 "" store pack data a.qxf --comment Backup
 expect 0 '{"Flag":"QXF","Comment":"Backup","Data":9,"Behind it":0}' store info a.qxf --json
 expect 0 "" store unpack a.qxf unpacked
-cmp -s data unpacked || { echo "a store changed its data"; bad=1; }
+cmp -s data unpacked || fail "a store changed its data"
 head -c 40 a.qxf >cut.qxf
 expect 2 "cut.qxf" store unpack cut.qxf unpacked
-cmp -s data unpacked || { echo "a failed command changed unpacked"; bad=1; }
+cmp -s data unpacked || fail "a failed command changed unpacked"
 
 # A bitmap of one blue pixel.
 mkdir pieces
@@ -206,16 +195,16 @@ printf '\xff\0\0\0' >>pieces/left.bmp
 expect 0 "" frame pack a.dwf pieces
 expect 0 "left          1      1" frame info a.dwf
 expect 0 "" frame unpack a.dwf unpacked-pieces
-cmp -s pieces/left.bmp unpacked-pieces/left.bmp || { echo "a frame changed its piece"; bad=1; }
+cmp -s pieces/left.bmp unpacked-pieces/left.bmp || fail "a frame changed its piece"
 expect 0 "" frame render a.dwf picture.bmp --width 4 --height 4 --fill 0000FF
-[ "$(od -An -tx1 -j54 -N12 picture.bmp | tr -d ' ')" = ff0000ff0000ff0000ff0000 ] || { echo "another picture"; bad=1; }
+[ "$(od -An -tx1 -j54 -N12 picture.bmp | tr -d ' ')" = ff0000ff0000ff0000ff0000 ] || fail "another picture"
 expect 2 "none.dwf File not found!" frame info none.dwf
 expect 2 "is RRGGBB" frame render a.dwf picture.bmp --fill red
 
 export HOME=$folder XDG_DATA_HOME=$folder/data-home XDG_CONFIG_HOME=$folder/config
 mkdir "$folder/data-home" "$folder/config"
 expect 0 ".qxo" filetype dry-run .qxo Order.File /usr/bin/true Orders
-[ -z "$(find data-home config -type f)" ] || { echo "dry-run wrote something"; bad=1; }
+[ -z "$(find data-home config -type f)" ] || fail "dry-run wrote something"
 expect 0 "" filetype register .qxo Order.File /usr/bin/true Orders
 expect 0 "Order.File" filetype show .qxo
 expect 0 "" filetype remove .qxo
@@ -230,41 +219,10 @@ expect 2 "no parameter or macro @甲" --utf8-terminal call "$statement" --set @�
 expect 2 ": '乙' is not a valid integer value" --utf8-terminal call "$statement" --declare "@甲 Char(乙)"
 cp data target
 (timeout -s INT 0.5 "$qxtool" convert --from big5 --to utf8 -o target < <(sleep 2)) 2>/dev/null
-cmp -s data target || { echo "an interrupted command changed its target"; bad=1; }
+cmp -s data target || fail "an interrupted command changed its target"
 
 # sql TEXT: the statement file run.sql, in code page 950.
 sql() { iconv -f utf-8 -t cp950 <<<"$1" >run.sql; }
-
-# start COMMAND...: runs it in the background, its process in pid, with Ctrl-C not ignored as it is there by default.
-start() {
-  rm -f pid
-  env --default-signal=INT sh -c 'echo $$ >pid; exec "$@"' sh "$@" &
-}
-
-# soon CONDITION...: waits until it holds, a minute at most.
-soon() {
-  for _ in {1..600}; do
-    "$@" 2>/dev/null && return
-    sleep 0.1
-  done
-  echo "waited in vain for: $*"
-  bad=1
-}
-
-# The mask of blocked signals holds SIGINT (2) as soon as qxtool waits for it.
-watches() { grep -q '^SigBlk:.*[2367abef]$' "/proc/$(cat pid)/status"; }
-
-# ends_by_interrupt CONNECTION OPTION...: Ctrl-C while run.sql runs is told, and the exit status is 2.
-ends_by_interrupt() {
-  start "$qxtool" command run.sql --run "$@" >out 2>message
-  soon watches
-  sleep 0.5
-  kill -INT "$(cat pid)"
-  wait $!
-  local got=$?
-  [ $got = 2 ] && [ "$(cat message)" = "qxtool: cancelled" ] ||
-    { echo "Ctrl-C: exit status $got, $(cat message)"; bad=1; }
-}
 
 database="Driver=SQLite3;Database=$folder/goods.db"
 if [ -z "$goods_database" ]; then
@@ -304,7 +262,7 @@ NULL  'NULL'     \x1B中  😀  1" --utf8-terminal command run.sql --run "$datab
   soon grep -q ' 0 rows' out
   kill -INT "$(cat terminal)"
   wait $!
-  grep -q $' 0 rows.*\r\e\[K.*qxtool:.* cancelled' out || { echo "no progress, or left there: $(cat -v out)"; bad=1; }
+  grep -q $' 0 rows.*\r\e\[K.*qxtool:.* cancelled' out || fail "no progress, or left there: $(cat -v out)"
   sql "$numbers select x from N"
   ends_by_interrupt "$database;StepAPI=1" --csv
   sql "insert into Goods (Code, GoodsName) $numbers select x, x from N"
@@ -379,5 +337,5 @@ same 'qxtool: Cannot open file "held.ini". Resource temporarily unavailable. Ano
   "$(<held-message)"
 
 "$qxtool" call "$statement" >/dev/full 2>message
-[ $? = 2 ] && grep -q "No space left" message || { echo "a full disk passed unseen"; bad=1; }
+[ $? = 2 ] && grep -q "No space left" message || fail "a full disk passed unseen"
 exit $bad

@@ -97,19 +97,12 @@ class Reader:
         self.text(2 * self.number(1))  # its name
         self.take(1)
         kind = self.number(1)
-        if kind in (0xE7, 0xEF, 0xA7, 0xAF):  # texts, wide and narrow
+        if kind in (0xE7, 0xEF):  # wide texts
             most = self.number(2)
             self.take(5)
             size = None if most == 0xFFFF else self.number(2)
             data = self.chunks() if size is None else None if size == 0xFFFF else self.take(size)
-            encoding = "utf-16-le" if kind in (0xE7, 0xEF) else "latin-1"
-            name = "nvarchar" if kind in (0xE7, 0xEF) else "varchar"
-            return {"type": name, "value": None if data is None else data.decode(encoding)}
-        if kind in (0xA5, 0xAD):
-            most = self.number(2)
-            size = None if most == 0xFFFF else self.number(2)
-            data = self.chunks() if size is None else None if size == 0xFFFF else self.take(size)
-            return {"type": "varbinary", "value": None if data is None else data.hex()}
+            return {"type": "nvarchar", "value": None if data is None else data.decode("utf-16-le")}
         if kind == 0x63:  # texts without a length
             self.take(9)
             size = self.number(4)
@@ -122,12 +115,10 @@ class Reader:
         if kind in (0x6A, 0x6C):  # decimals
             precision, scale = self.number(1), self.number(1)
             size = self.number(1)
-            if size == 0:
-                return {"type": "decimal", "value": None}
             sign = 1 if self.number(1) else -1
             return {"type": f"decimal({precision},{scale})", "value": str(sign * self.number(size - 1))}
         size = self.number(1)
-        names = {0x26: "int", 0x68: "bit", 0x6D: "float", 0x6E: "money", 0x6F: "datetime"}
+        names = {0x26: "int", 0x68: "bit", 0x6D: "float"}
         data = self.take(size)
         value = struct.unpack("<d", data)[0] if kind == 0x6D and size == 8 else int.from_bytes(data, "little", signed=True)
         return {"type": names.get(kind, hex(kind)) + str(8 * size), "value": str(value) if size else None}

@@ -10,16 +10,17 @@ trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
 bad=0
 
-# expect STATUS PATTERN ARGUMENT...: the status, and a line of the output or of standard error.
-expect() {
+# tells STATUS PATTERN COMMAND...: the status, and a line of the output or of standard error.
+tells() {
   local status=$1 pattern=$2 got out
   shift 2
-  out=$("$qxtool" check "$@" 2>&1 </dev/null)
+  out=$("$qxtool" "$@" 2>&1 </dev/null)
   got=$?
   [ $got = "$status" ] && grep -qE -- "$pattern" <<<"$out" && return
-  printf 'check %s: status %s, not %s, or no %s in:\n%s\n' "$*" $got "$status" "$pattern" "$out"
+  printf '%s: status %s, not %s, or no %s in:\n%s\n' "$*" $got "$status" "$pattern" "$out"
   bad=1
 }
+expect() { tells "$1" "$2" check "${@:3}"; }
 
 mkdir -p 'in/deep folder' in/.hidden
 printf 'select 1\n' >in/clean.sql
@@ -65,15 +66,7 @@ fi
 
 # A call's values.
 printf 'select @MM_A from [$T]\n' >call.sql
-values() {
-  local command=$1 status=$2 pattern=$3 got out
-  shift 3
-  out=$("$qxtool" "$command" call.sql --check "$@" 2>&1)
-  got=$?
-  [ $got = "$status" ] && grep -qE -- "$pattern" <<<"$out" && return
-  printf '%s --check %s: status %s, not %s, or no %s in:\n%s\n' "$command" "$*" $got "$status" "$pattern" "$out"
-  bad=1
-}
+values() { tells "$2" "$3" "$1" call.sql --check "${@:4}"; }
 values call 0 '^$' --set @MM_A:int=1
 values call 1 '^call.sql: error\[CALL501\]: @MM_A: '
 values call 1 'CALL508' --set @MM_A:int=1 --set '$T=a;b'
