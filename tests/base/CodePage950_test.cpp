@@ -1,7 +1,5 @@
 #include <qxTools/base/CodePage950.h>
 
-#include <map>
-
 #include "support/Testing.h"
 
 namespace qxTools {

@@ -1,7 +1,5 @@
 #include <qxTools/platform/FileStream.h>
 
-#include <limits>
-
 #include "support/Testing.h"
 
 namespace {

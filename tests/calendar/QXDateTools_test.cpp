@@ -3,7 +3,6 @@
 #include <qxTools/runtime/FormatSettings.h>
 
 #include <cmath>
-#include <tuple>
 
 #include "support/Sources.h"
 #include "support/Testing.h"

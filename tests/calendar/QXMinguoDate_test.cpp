@@ -5,7 +5,6 @@
 #include <qxTools/strings/QXStrTools.h>
 
 #include <fstream>
-#include <string>
 
 #include "support/Testing.h"
 

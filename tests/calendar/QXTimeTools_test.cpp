@@ -1,7 +1,5 @@
 #include <qxTools/calendar/QXTimeTools.h>
 
-#include <tuple>
-
 #include "support/Testing.h"
 
 namespace qxTools::QXTimeTools {

@@ -1,7 +1,5 @@
 #include <qxTools/calendar/QXToDigit.h>
 
-#include <tuple>
-
 #include "support/Testing.h"
 
 namespace {

@@ -1,8 +1,5 @@
 #include <qxTools/data/QXValueTools.h>
 
-#include <limits>
-#include <tuple>
-
 #include "support/Testing.h"
 
 namespace {

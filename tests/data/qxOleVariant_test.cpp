@@ -1,8 +1,5 @@
 #include <qxTools/data/qxOleVariant.h>
 
-#include <array>
-#include <tuple>
-
 #include "support/SlotOf.h"
 #include "support/Testing.h"
 

@@ -1,7 +1,4 @@
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/data/qxStore.h>
-
-#include <tuple>
 
 #include "support/Testing.h"
 

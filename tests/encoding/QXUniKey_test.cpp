@@ -3,7 +3,6 @@
 #include <qxTools/stores/qxTreeList.h>
 
 #include <set>
-#include <tuple>
 
 #include "support/Sources.h"
 #include "support/Testing.h"

@@ -47,6 +47,12 @@ Result Real(const char* name, Arguments... arguments) {
   return reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_NEXT, name))(arguments...);
 }
 
+/// Calls the library's own function, or fails as the system does.
+template <class Result, class... Arguments>
+Result Call(const char* name, Arguments... arguments) {
+  return Fails(Fault::kSystem) ? Result(-1) : Real<Result>(name, arguments...);
+}
+
 Error ErrorOf(const std::function<void()>& call) {
   try {
     call();
@@ -129,15 +135,11 @@ int open64(const char* name, int flags, ...) {
   return reinterpret_cast<int (*)(const char*, int, ...)>(dlsym(RTLD_NEXT, "open64"))(name, flags, mode);
 }
 
-int stat64(const char* name, struct stat64* info) noexcept {
-  return Fails(Fault::kSystem) ? -1 : Real<int>("stat64", name, info);
-}
+int stat64(const char* name, struct stat64* info) noexcept { return Call<int>("stat64", name, info); }
 
 DIR* opendir(const char* name) { return Fails(Fault::kSystem) ? nullptr : Real<DIR*>("opendir", name); }
 
-ssize_t read(int fd, void* buffer, std::size_t count) {
-  return Fails(Fault::kSystem) ? -1 : Real<ssize_t>("read", fd, buffer, count);
-}
+ssize_t read(int fd, void* buffer, std::size_t count) { return Call<ssize_t>("read", fd, buffer, count); }
 
 ssize_t write(int fd, const void* bytes, std::size_t count) {
   if (!FailsForRoom()) return Real<ssize_t>("write", fd, bytes, count);
@@ -154,9 +156,7 @@ int fsync(int fd) {
   return -1;
 }
 
-int ftruncate64(int fd, off64_t size) noexcept {
-  return Fails(Fault::kSystem) ? -1 : Real<int>("ftruncate64", fd, size);
-}
+int ftruncate64(int fd, off64_t size) noexcept { return Call<int>("ftruncate64", fd, size); }
 
 /// What is reserved is there, however full the disk is then.
 int fallocate64(int fd, int mode, off64_t start, off64_t size) {
@@ -169,22 +169,18 @@ int linkat(int fromFolder, const char* from, int toFolder, const char* to, int f
   return FailsForRoom() ? -1 : Real<int>("linkat", fromFolder, from, toFolder, to, flags);
 }
 
-int rename(const char* from, const char* to) noexcept {
-  return Fails(Fault::kSystem) ? -1 : Real<int>("rename", from, to);
-}
+int rename(const char* from, const char* to) noexcept { return Call<int>("rename", from, to); }
 
-int unlink(const char* name) noexcept { return Fails(Fault::kSystem) ? -1 : Real<int>("unlink", name); }
+int unlink(const char* name) noexcept { return Call<int>("unlink", name); }
 
-int fchmod(int fd, mode_t mode) noexcept {
-  return Fails(Fault::kSystem) ? -1 : Real<int>("fchmod", fd, mode);
-}
+int fchmod(int fd, mode_t mode) noexcept { return Call<int>("fchmod", fd, mode); }
 
 ssize_t flistxattr(int fd, char* names, std::size_t size) noexcept {
-  return Fails(Fault::kSystem) ? -1 : Real<ssize_t>("flistxattr", fd, names, size);
+  return Call<ssize_t>("flistxattr", fd, names, size);
 }
 
 ssize_t getrandom(void* bytes, std::size_t count, unsigned flags) {
-  return Fails(Fault::kSystem) ? -1 : Real<ssize_t>("getrandom", bytes, count, flags);
+  return Call<ssize_t>("getrandom", bytes, count, flags);
 }
 
 char* realpath(const char* name, char* resolved) noexcept {

@@ -11,7 +11,6 @@
 #include <qxTools/stores/QXStringTable.h>
 #include <qxTools/stores/qxIniTools.h>
 
-#include <map>
 #include <memory>
 
 #include "support/Picture.h"
@@ -47,6 +46,18 @@ struct Loaded {
   std::function<std::string()> text;
 };
 
+/// A T, and what `textOf` says of it.
+template <class T>
+Loaded Open(const std::string& file, std::string (*textOf)(T&)) {
+  const auto object = std::make_shared<T>();
+  return {[=] { object->LoadFromFile(file); }, [=] { return textOf(*object); }};
+}
+
+std::string TextOfLines(TStrings& list) { return list.GetText(); }
+std::string TextOfSettings(qxIniTools::TQXIniFile& settings) { return settings.GetText(); }
+std::string DataOf(qxStore::TQXFileStore& store) { return std::string(store.GetStream()->GetBytes()); }
+std::string PictureOf(TBitmap& bitmap) { return TextOf(bitmap); }
+
 struct Format {
   const char* name;
   void (*save)(const std::string& file);
@@ -62,21 +73,14 @@ const Format kFormats[] = {
      [](const std::string& file) {
        TStrings{"one", kLongText}.SaveToFile(file);
      },
-     [](const std::string& file) -> Loaded {
-       const auto list = std::make_shared<TStrings>();
-       return {[=] { list->LoadFromFile(file); }, [=] { return list->GetText(); }};
-     }},
+     [](const std::string& file) { return Open(file, TextOfLines); }},
     {"Settings",
      [](const std::string& file) {
        qxIniTools::TQXIniFile settings;
        settings.SetText(kSettings);
        settings.SaveToFile(file);
      },
-     [](const std::string& file) -> Loaded {
-       const auto settings = std::make_shared<qxIniTools::TQXIniFile>();
-       return {[=] { settings->LoadFromFile(file); }, [=] { return settings->GetText(); }};
-     },
-     true},
+     [](const std::string& file) { return Open(file, TextOfSettings); }, true},
     {"Table",
      [](const std::string& file) {
        TQXStringTable table(file);
@@ -95,22 +99,14 @@ const Format kFormats[] = {
        store.GetStream()->WriteBuffer(kLongText.data(), kLongText.size());
        store.SaveToFile(file);
      },
-     [](const std::string& file) -> Loaded {
-       const auto store = std::make_shared<qxStore::TQXFileStore>();
-       return {[=] { store->LoadFromFile(file); },
-               [=] { return std::string(store->GetStream()->GetBytes()); }};
-     },
-     true, true},
+     [](const std::string& file) { return Open(file, DataOf); }, true, true},
     {"Bitmap",
      [](const std::string& file) {
        TBitmap bitmap;
        Paint(bitmap, kPicture);
        bitmap.SaveToFile(file);
      },
-     [](const std::string& file) -> Loaded {
-       const auto bitmap = std::make_shared<TBitmap>();
-       return {[=] { bitmap->LoadFromFile(file); }, [=] { return TextOf(*bitmap); }};
-     }},
+     [](const std::string& file) { return Open(file, PictureOf); }},
     {"Frame",
      [](const std::string& file) {
        TFrameBitmaps pieces;

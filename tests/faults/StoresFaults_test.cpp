@@ -1,5 +1,4 @@
 // An operation of the stores or of the banks that runs out of memory leaves its object as it was.
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/memory/QXMemTools.h>
 #include <qxTools/stores/QXStringTable.h>
 #include <qxTools/stores/qxIniTools.h>

@@ -1,8 +1,6 @@
 #include <qxTools/graphics/QXColorMode.h>
 #include <qxTools/graphics/QXHTML.h>
 
-#include <array>
-#include <limits>
 #include <numbers>
 
 #include "support/Testing.h"

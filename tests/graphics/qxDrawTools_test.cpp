@@ -2,9 +2,6 @@
 #include <qxTools/graphics/qxDrawTools.h>
 #include <qxTools/painting/SystemColors.h>
 
-#include <array>
-#include <limits>
-
 #include "support/BoxText.h"
 #include "support/Picture.h"
 #include "support/Testing.h"

@@ -1,7 +1,5 @@
 #include <qxTools/memory/QXMemBank.h>
 
-#include <limits>
-
 #include "support/SlotOf.h"
 #include "support/Testing.h"
 

@@ -1,8 +1,5 @@
 #include <qxTools/memory/QXMemTools.h>
 
-#include <algorithm>
-#include <array>
-#include <limits>
 #include <numeric>
 
 #include "support/SlotOf.h"

@@ -8,7 +8,14 @@ namespace qxTools::test {
 namespace {
 
 /// Places of words in a file.
-enum Place : int { kStart = 10, kHeaderSize = 14, kWidth = 18, kHeight = 22, kDepth = 26, kPacking = 30 };
+enum Place : unsigned {
+  kStart = 10,
+  kHeaderSize = 14,
+  kWidth = 18,
+  kHeight = 22,
+  kDepth = 26,
+  kPacking = 30
+};
 constexpr auto kUsed = Place(46), kMasks = Place(54);
 
 /// The bytes with other words at some places.

@@ -1,8 +1,6 @@
 #include <qxTools/painting/SystemColors.h>
 #include <qxTools/painting/TextPainter.h>
 
-#include <limits>
-
 #include "support/BoxText.h"
 #include "support/Picture.h"
 #include "support/Testing.h"

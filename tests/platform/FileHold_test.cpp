@@ -1,11 +1,8 @@
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/FileHold.h>
 #include <qxTools/platform/Files.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <filesystem>
 
 #include "support/Testing.h"
 

@@ -1,4 +1,3 @@
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/FileStream.h>
 
 #include "support/Testing.h"

@@ -1,5 +1,4 @@
 #include <fcntl.h>
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/FileStream.h>
 #include <qxTools/platform/Files.h>
 #include <sys/mman.h>
@@ -10,7 +9,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <limits>
 
 #include "support/Testing.h"
 

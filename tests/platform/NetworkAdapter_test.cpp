@@ -1,7 +1,6 @@
 #include <qxTools/platform/linux/SysfsAdapters.h>
 
 #include <cstdio>
-#include <filesystem>
 
 #include "support/TemporaryFolder.h"
 #include "support/Testing.h"

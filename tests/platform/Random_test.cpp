@@ -1,7 +1,5 @@
 #include <qxTools/platform/Random.h>
 
-#include <array>
-
 #include "support/Testing.h"
 
 namespace {

@@ -4,7 +4,6 @@
 #endif
 
 #include <future>
-#include <limits>
 
 #include "support/Testing.h"
 

@@ -1,7 +1,5 @@
 #include <qxTools/runtime/Filer.h>
 
-#include <map>
-
 #include "support/Testing.h"
 
 namespace {

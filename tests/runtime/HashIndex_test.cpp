@@ -1,9 +1,5 @@
 #include <qxTools/runtime/HashIndex.h>
 
-#include <map>
-#include <random>
-#include <string>
-
 #include "support/Testing.h"
 
 namespace {

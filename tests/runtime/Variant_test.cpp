@@ -2,7 +2,6 @@
 #include <qxTools/runtime/FormatSettings.h>
 #include <qxTools/runtime/Variant.h>
 
-#include <array>
 #include <cmath>
 
 #include "support/Testing.h"

@@ -1,12 +1,9 @@
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/platform/Registry.h>
 #include <qxTools/shell/QXRegFileType.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
-#include <filesystem>
-#include <map>
 #include <thread>
 
 #include "support/Testing.h"

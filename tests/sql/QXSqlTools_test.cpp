@@ -2,8 +2,6 @@
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/QXSqlTools.h>
 
-#include <functional>
-
 #include "support/Testing.h"
 
 namespace {

@@ -4,8 +4,6 @@
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/qxSqlSafeCall.h>
 
-#include <limits>
-
 #include "support/Testing.h"
 #include "support/TsqlReader.h"
 

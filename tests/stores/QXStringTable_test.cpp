@@ -1,7 +1,5 @@
 #include <qxTools/stores/QXStringTable.h>
 
-#include <filesystem>
-
 #include "support/Testing.h"
 
 namespace {

@@ -2,8 +2,6 @@
 #include <qxTools/stores/qxIniTools.h>
 #include <qxTools/strings/QXStrTools.h>
 
-#include <algorithm>
-
 #include "support/Testing.h"
 
 namespace {

@@ -1,10 +1,7 @@
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/encoding/QXUniKey.h>
 #include <qxTools/memory/QXMemTools.h>
 #include <qxTools/platform/VirtualMemory.h>
 #include <qxTools/stores/qxTreeList.h>
-
-#include <algorithm>
 
 #include "support/Sources.h"
 #include "support/Testing.h"

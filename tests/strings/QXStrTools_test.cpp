@@ -1,8 +1,6 @@
 #include <qxTools/runtime/StrAlloc.h>
 #include <qxTools/strings/QXStrTools.h>
 
-#include <limits>
-
 #include "support/Sources.h"
 #include "support/Testing.h"
 

@@ -1,11 +1,17 @@
-// What most tests use.
+// What most tests use, of the standard library as well.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <functional>
 #include <initializer_list>
+#include <limits>
+#include <map>
 #include <random>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 

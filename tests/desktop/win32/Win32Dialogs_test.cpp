@@ -3,8 +3,6 @@
 #include <qxTools/desktop/Desktop.h>
 #include <qxTools/shell/QXDialogs.h>
 
-#include <functional>
-
 #include "support/Testing.h"
 
 namespace qxTools::test {

@@ -2,7 +2,6 @@
 // itself reads and makes the values, and its allocator is watched.
 #include <windows.h>
 // After windows.h, whose macros they must survive.
-#include <qxTools/base/Exceptions.h>
 #include <qxTools/data/qxOleVariant.h>
 #include <qxTools/runtime/windows/OleVariant.h>
 

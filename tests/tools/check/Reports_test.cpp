@@ -1,8 +1,5 @@
 // What is taken away, where findings are placed, and what the reports say.
 #include <qxTools/base/CodePage950.h>
-#include <qxTools/base/Exceptions.h>
-
-#include <filesystem>
 
 #include "check/CheckFiles.h"
 #include "check/Configuration.h"
