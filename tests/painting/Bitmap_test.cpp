@@ -8,15 +8,8 @@ namespace qxTools::test {
 namespace {
 
 /// Places of words in a file.
-enum Place : unsigned {
-  kStart = 10,
-  kHeaderSize = 14,
-  kWidth = 18,
-  kHeight = 22,
-  kDepth = 26,
-  kPacking = 30
-};
-constexpr auto kUsed = Place(46), kMasks = Place(54);
+enum Place : unsigned { kStart = 10, kHeaderSize = 14, kWidth = 18, kHeight = 22, kDepth = 26 };
+constexpr auto kPacking = Place(30), kUsed = Place(46), kMasks = Place(54);
 
 /// The bytes with other words at some places.
 std::string With(std::string bytes, std::initializer_list<std::pair<Place, std::int64_t>> words) {
