@@ -16,6 +16,7 @@ namespace {
 using Names = std::vector<std::string>;
 
 std::size_t HashOf(std::string_view name) { return std::hash<std::string_view>()(name); }
+qxTools::HashTag TagOf(std::string_view name) { return {static_cast<std::uint32_t>(HashOf(name))}; }
 
 struct HashOfPlace {
   using is_transparent = void;
@@ -44,10 +45,10 @@ struct Ours {
   }
   void Add(int place) {
     const std::string_view name = (*names)[static_cast<std::size_t>(place)];
-    index.Insert(place + 1, {HashOf(name)}, Matches(name));
+    index.Insert(place + 1, TagOf(name), Matches(name));
   }
   int Find(std::string_view name) const {
-    const int* const found = index.Find({HashOf(name)}, Matches(name));
+    const int* const found = index.Find(TagOf(name), Matches(name));
     return found != nullptr ? *found - 1 : -1;
   }
 };

@@ -27,7 +27,7 @@ inline std::uint64_t WordOf(std::string_view name) {
 }
 
 /// Equal for names that are SameText: what tells capitals from small letters is the bit 0x20.
-inline std::size_t CaselessHash(std::string_view name) {
+inline std::uint32_t CaselessHash(std::string_view name) {
   constexpr std::size_t kWord = sizeof(std::uint64_t);
   constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
   std::uint64_t hash = name.size();
@@ -37,7 +37,7 @@ inline std::size_t CaselessHash(std::string_view name) {
   };
   for (; name.size() > kWord; name.remove_prefix(kWord)) mix(name.substr(0, kWord));
   mix(name);
-  return static_cast<std::size_t>(hash * kSpread >> 32);
+  return static_cast<std::uint32_t>(hash * kSpread >> 32);
 }
 
 /// Returns whether two names of one hash are SameText. Nearly always they are equal as they are.

@@ -41,7 +41,10 @@ class ShortString {
   operator std::string_view() const { return View(); }
 
   /// Returns whether both texts have the same bytes.
-  friend bool operator==(const ShortString& a, const ShortString& b) { return a.View() == b.View(); }
+  friend bool operator==(const ShortString& a, const ShortString& b) {
+    if (a.Length() != N || b.Length() != N) return a.View() == b.View();
+    return std::memcmp(a.text_, b.text_, N) == 0;  // the usual length of keys, known beforehand
+  }
   /// Returns whether the text has the same bytes as `b`. A text longer than N bytes never equals.
   template <std::convertible_to<std::string_view> Text>
   friend bool operator==(const ShortString& a, const Text& b) {

@@ -3,29 +3,28 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace qxTools {
 
-/// A hash as a tag of HashIndex, for owners that compare what it was made from.
+/// What HashIndex keeps beside a value: the hash of what it is known by.
 struct HashTag {
-  std::size_t hash = 0;
+  std::uint32_t hash = 0;
 
-  std::size_t Hash() const { return hash; }
   bool operator==(const HashTag&) const = default;
 };
 
 /// A hash table with open addressing that keeps small values (a link, a place in a list), not the names or
 /// keys that they are found by: those stay where they are, and the owner compares them by `matches(value)`.
-/// Beside each value is a tag with `Hash()` and ==, so that values with another tag are passed by without
-/// being read.
+/// Values with another tag are passed by without being read.
 ///
 /// Why a table of its own: the core links the standard library only, whose tables ask for memory for each
 /// value: filling one takes 1.6 to 4 times as long. Finding takes as long as in Abseil's table of the same
 /// values (bench/runtime/HashIndex_bench.cpp).
 ///
 /// `Value()` marks a free slot, so it cannot be put in. Any insertion or removal may move the others.
-template <class Value, class Tag = HashTag>
+template <class Value>
 class HashIndex {
  public:
   void Clear() {
@@ -36,13 +35,13 @@ class HashIndex {
   /// Makes room for `count` values in all. @throws std::bad_alloc; nothing has changed then.
   void Reserve(std::size_t count) {
     std::size_t size = kFewest;
-    while (size / 4 * 3 < count) size *= 2;
+    while (size / 2 < count) size *= 2;
     if (size > slots_.size()) Rehash(size);
   }
 
   /// Returns the value that matches, or null.
   template <class Matches>
-  const Value* Find(const Tag& tag, Matches matches) const {
+  const Value* Find(HashTag tag, Matches matches) const {
     if (slots_.empty()) return nullptr;
     const Slot& slot = slots_[SlotOf(tag, matches)];
     return IsFree(slot) ? nullptr : &slot.value;
@@ -52,8 +51,8 @@ class HashIndex {
   /// change it, but not to Value() and not to one that is found by another name.
   /// @throws std::bad_alloc; nothing has changed then.
   template <class Matches>
-  Value& Insert(const Value& value, const Tag& tag, Matches matches) {
-    if (used_ >= slots_.size() / 4 * 3) Rehash(slots_.empty() ? kFewest : slots_.size() * 2);
+  Value& Insert(const Value& value, HashTag tag, Matches matches) {
+    if (used_ >= slots_.size() / 2) Rehash(slots_.empty() ? kFewest : slots_.size() * 2);
     Slot& slot = slots_[SlotOf(tag, matches)];
     if (IsFree(slot)) {
       slot = {value, tag};
@@ -64,7 +63,7 @@ class HashIndex {
 
   /// Removes the value that matches, which must be there.
   template <class Matches>
-  void Erase(const Tag& tag, Matches matches) {
+  void Erase(HashTag tag, Matches matches) {
     Free(SlotOf(tag, matches));
   }
 
@@ -74,14 +73,14 @@ class HashIndex {
   // A search goes from slot to slot, from the tag's home to the first free one.
   struct Slot {
     Value value{};
-    Tag tag{};
+    HashTag tag{};
   };
 
   static bool IsFree(const Slot& slot) { return slot.value == Value(); }
 
   // The slot of the value that matches, or the free one where it belongs.
   template <class Matches>
-  std::size_t SlotOf(const Tag& tag, Matches matches) const {
+  std::size_t SlotOf(HashTag tag, Matches matches) const {
     std::size_t slot = HomeOf(tag);
     while (!IsFree(slots_[slot]) && !(slots_[slot].tag == tag && matches(slots_[slot].value)))
       slot = Next(slot);
@@ -113,7 +112,7 @@ class HashIndex {
   }
 
   std::size_t Mask() const { return slots_.size() - 1; }
-  std::size_t HomeOf(const Tag& tag) const { return tag.Hash() & Mask(); }
+  std::size_t HomeOf(HashTag tag) const { return tag.hash & Mask(); }
   std::size_t Next(std::size_t slot) const { return (slot + 1) & Mask(); }
 
   std::vector<Slot> slots_;  // a power of two of them

@@ -14,7 +14,7 @@ std::uint64_t WithLetter(std::uint64_t hash, char c) {
   return std::rotl(hash, 7) ^ (static_cast<unsigned char>(c) & 0xDFU);
 }
 
-HashTag TagOf(std::uint64_t hash) { return {static_cast<std::size_t>(hash * 0x9E3779B97F4A7C15 >> 32)}; }
+HashTag TagOf(std::uint64_t hash) { return {static_cast<std::uint32_t>(hash * 0x9E3779B97F4A7C15 >> 32)}; }
 
 }  // namespace
 

@@ -3,7 +3,7 @@
 #include <qxTools/memory/QXMemTools.h>
 #include <qxTools/platform/VirtualMemory.h>
 #include <qxTools/stores/KeyIndex.h>
-#include <qxTools/stores/NodePool.h>
+#include <qxTools/stores/ZeroedBlock.h>
 
 #include <array>
 #include <cstring>
@@ -104,7 +104,7 @@ void vFreeMem(void* p) {
 
 struct TQXTreeNodes::State {
   Integer dataSize;
-  NodePool pool{};  // of all but the root
+  NodePool pool{};  // the root's number is 1
   pQXTreeNodeLink root = nullptr;
   pQXTreeNodeLink current = nullptr;
   bool opened = false;
@@ -114,21 +114,21 @@ struct TQXTreeNodes::State {
   pQXTreeNodeLink Make(pQXTreeNodeLink parent);
   void Free(pQXTreeNodeLink link);
   void FreeBelow(pQXTreeNodeLink top);
-  KeyIndex& Index();
+  KeyIndex& Index() { return index != nullptr ? *index : MakeIndex(); }
+  KeyIndex& MakeIndex();
   pQXTreeNodeLink Find(const TNodeKey& key);
   pQXTreeNodeLink FindFrom(const TNodeKey& key, pQXTreeNodeLink start);
 };
 
 TQXTreeNodes::TQXTreeNodes(Integer aDataSize) : state_(new State{aDataSize}) {
   FreshKey();  // on purpose: the root draws a key like every node, and drops it
-  ZeroedBlock root = MakeZeroedBlock(sizeof(LinkAndNode));
   ZeroedBlock data = MakeData(aDataSize);
-  state_->root = new (root.release()) LinkAndNode({}, kRootKey, data.release(), 0);
+  state_->root = state_->pool.Make(TNodeKey(), TNodeKey(kRootKey), data.get(), 0);
+  static_cast<void>(data.release());
 }
 
 TQXTreeNodes::~TQXTreeNodes() {
   if (state_->dataSize > 0) MemFree(state_->root->Node->Data);
-  MemFree(state_->root);
 }
 
 pQXTreeNodeLink TQXTreeNodes::State::Make(pQXTreeNodeLink parent) {
@@ -138,7 +138,7 @@ pQXTreeNodeLink TQXTreeNodes::State::Make(pQXTreeNodeLink parent) {
   try {
     if (index != nullptr) index->Insert(link);
   } catch (...) {
-    pool.Free(link);
+    pool.Free(WithNode(link));
     throw;
   }
   static_cast<void>(data.release());
@@ -149,7 +149,7 @@ pQXTreeNodeLink TQXTreeNodes::State::Make(pQXTreeNodeLink parent) {
 void TQXTreeNodes::State::Free(pQXTreeNodeLink link) {
   if (link == current) current = nullptr;
   if (index != nullptr) index->Erase(link);
-  pool.Free(link);
+  pool.Free(WithNode(link));
 }
 
 // Children first, down to a leaf and back by the parents.
@@ -228,30 +228,30 @@ void TQXTreeNodes::Clear() {
   State& state = *state_;
   if (state.current != state.root) state.current = nullptr;
   state.index.reset();
-  state.pool.FreeAll();
+  state.pool.FreeFrom(2);
   state.root->FirstChild = LastChildOf(state.root) = nullptr;
   state.root->Count = 0;
 }
 
 // --- The store: finding ------------------------------------------------------
 
-KeyIndex& TQXTreeNodes::State::Index() {
-  if (index != nullptr) return *index;
-  auto made = std::make_unique<KeyIndex>();
+KeyIndex& TQXTreeNodes::State::MakeIndex() {
+  auto made = std::make_unique<KeyIndex>(pool);
   for (pQXTreeNodeLink link = root; link != nullptr; link = Successor(link, root, true)) made->Insert(link);
   index = std::move(made);
   return *index;
 }
 
 pQXTreeNodeLink TQXTreeNodes::State::Find(const TNodeKey& key) {
-  return Index().IsShared(key) ? Walk(key, root) : Index().Find(key);
+  const pQXTreeNodeLink link = Index().Find(key);
+  return link == nullptr && index->IsShared(key) ? Walk(key, root) : link;
 }
 
 // `start` is a link of this store.
 pQXTreeNodeLink TQXTreeNodes::State::FindFrom(const TNodeKey& key, pQXTreeNodeLink start) {
-  if (Index().IsShared(key)) return Walk(key, start);
   const pQXTreeNodeLink link = Index().Find(key);
-  return link != nullptr && (start == root || IsInSubtree(link, start)) ? link : nullptr;
+  if (link == nullptr) return index->IsShared(key) ? Walk(key, start) : nullptr;
+  return start == root || IsInSubtree(link, start) ? link : nullptr;
 }
 
 bool TQXTreeNodes::FindNodeLink(const TNodeKey& key, pQXTreeNodeLink& link) const {

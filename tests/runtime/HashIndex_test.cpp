@@ -19,7 +19,9 @@ TEST(HashIndex, AgreesWithAMapWhateverHashesAreEqual) {
     HashIndex<Place> index;
     std::map<std::string, int> map;
     std::vector<std::string> names;
-    const auto tagOf = [&](const std::string& name) { return HashTag{std::stoul(name) % hashes - 1}; };
+    const auto tagOf = [&](const std::string& name) {
+      return HashTag{static_cast<std::uint32_t>(std::stoul(name) % hashes - 1)};
+    };
     for (int step = 0; step < 3000; ++step) {
       const std::string name = std::to_string(random() % 300);
       const auto matches = [&](Place place) { return names[static_cast<std::size_t>(place.number)] == name; };
