@@ -1,4 +1,5 @@
 #include <qxTools/base/AsciiFastPath.h>
+#include <qxTools/base/PairBlocks.h>
 #include <qxTools/encoding/CVCode.h>
 
 #include <algorithm>
@@ -78,23 +79,18 @@ std::ptrdiff_t LengthOf(std::uint16_t entry, const char* p, const char* end) {
   return entry == kCopied || end - p == 1 ? 1 : 2;
 }
 
-/// Converts pairs up to the first byte that is copied.
-void ConvertPairs(const PairTable& table, const char*& p, const char* end, char*& out) {
-  for (; end - p > 1; p += 2, out += 2) {
-    std::uint16_t pair;
-    std::memcpy(&pair, p, sizeof pair);
-    const std::uint16_t entry = table[pair];
-    if (entry == kCopied) return;
-    std::memcpy(out, &entry, sizeof entry);
-  }
-}
-
 /// Converts what begins before `stop`; the last character may reach beyond it, up to `end`.
 void ConvertPiece(const PairTable& table, const char*& p, const char* stop, const char* end, char*& out) {
+  const auto convertPair = [&table](const char* pair, char* to) {
+    std::uint16_t index;
+    std::memcpy(&index, pair, sizeof index);
+    const std::uint16_t entry = table[index];
+    std::memcpy(to, &entry, sizeof entry);
+    return entry != kCopied;
+  };
   while (p < stop) {
-    CopyAscii(p, stop, out);
-    ConvertPairs(table, p, stop, out);
-    if (p == stop || IsAscii(*p)) continue;
+    ConvertBlocks(p, stop, out, convertPair);
+    if (p == stop) return;
     const std::uint16_t entry = EntryAt(table, p, end);
     std::memcpy(out, &entry, sizeof entry);
     if (entry == kCopied) *out = *p;

@@ -1,6 +1,8 @@
 #include <qxTools/base/CodePage950.h>
 #include <qxTools/encoding/CVCode.h>
 
+#include <random>
+
 #include "support/Testing.h"
 
 namespace qxTools::CVCode {
@@ -71,6 +73,30 @@ TEST(CVCode, TheConverterReportsWhatBecomesSpaces) {
   EXPECT_EQ(converter.Convert("\xC3\xB8 \xC3"), "   ");  // the next text counts from 0 again
   EXPECT_EQ(missing, (decltype(missing){{2, 0xD8AD}, {6, 0xD8AD}, {8, 0xC3B8}, {0, 0xC3B8}}));
   EXPECT_EQ(converter.Convert("\xB8-"), "  -");  // only a byte that may begin a character waits
+}
+
+/// Text of every kind of byte in runs of all lengths, `size` bytes.
+std::string RandomText(std::mt19937& random, std::size_t size) {
+  constexpr std::pair<unsigned, unsigned> kKinds[] = {{0x00, 0x7F}, {0xA1, 0xF7}, {0xA0, 0xFF}, {0x00, 0xFF}};
+  std::string text;
+  while (text.size() < size) {
+    const auto [low, high] = kKinds[random() % std::size(kKinds)];
+    for (auto left = random() % 99; left > 0; --left)
+      text += static_cast<char>(low + random() % (high - low + 1));
+  }
+  return text.substr(0, size);
+}
+
+TEST(CVCode, ABlockIsConvertedAsItsCharactersOneByOne) {
+  std::mt19937 random;
+  for (std::size_t size = 0; size < 600; ++size)
+    for (const TDirection direction : {drGBtoBIG5, drBIG5toGB}) {
+      const std::string text = RandomText(random, size);
+      TConverter converter(direction);
+      std::string converted;
+      for (const char c : text) converted += converter.Convert({&c, 1});
+      EXPECT_EQ((direction == drGBtoBIG5 ? GBtoBIG5 : BIG5toGB)(text), converted + converter.Finish());
+    }
 }
 
 }  // namespace
