@@ -2,6 +2,8 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -37,9 +39,25 @@ inline std::size_t CountByte(std::string_view text, char mark) {
   return count;
 }
 
-/// Finds the nearest of two characters, again and again, from front to back. The next place of each is
-/// remembered until it has been passed, so a text that has only one of them is not searched for the other at
-/// every step.
+/// Returns which of 16 characters is the first that is one of two, or 16. A plain loop, since compilers turn
+/// it into a few wide compares.
+template <class Char>
+std::size_t FindIn16(const Char* p, Char first, Char second) {
+  std::array<std::uint8_t, 16> marks;
+  for (std::size_t i = 0; i < marks.size(); ++i) marks[i] = (p[i] == first) | (p[i] == second);
+  std::size_t place = 0;
+  for (const std::uint64_t eight : std::bit_cast<std::array<std::uint64_t, 2>>(marks)) {
+    constexpr bool kLittle = std::endian::native == std::endian::little;
+    if (eight != 0)
+      return place + static_cast<unsigned>(kLittle ? std::countr_zero(eight) : std::countl_zero(eight)) / 8;
+    place += 8;
+  }
+  return place;
+}
+
+/// Finds the nearest of two characters, again and again, from front to back. Near ones are found by one
+/// search for both. Of far ones the next place of each is remembered until it has been passed, so a text that
+/// has only one of them is not searched for the other at every step.
 template <class Char>
 class NearestOfTwo {
  public:
@@ -54,12 +72,19 @@ class NearestOfTwo {
   /// Returns the place of the nearest of both from `start` on, or the length of the text if there is none.
   /// `start` must not be less than in the call before.
   std::size_t From(std::size_t start) {
+    if (const std::size_t next = std::min(nextFirst_, nextSecond_); next >= start) return next;
+    const std::size_t farther = start + kNear;
+    for (; start < farther && start + 16 <= text_.size(); start += 16)
+      if (const std::size_t place = FindIn16(&text_[start], first_, second_); place < 16)
+        return start + place;
     if (nextFirst_ < start) nextFirst_ = Find(first_, start);
     if (nextSecond_ < start) nextSecond_ = Find(second_, start);
     return std::min(nextFirst_, nextSecond_);
   }
 
  private:
+  static constexpr std::size_t kNear = 64;
+
   std::size_t Find(Char mark, std::size_t start) const { return FindUnit(text_, mark, start); }
 
   std::basic_string_view<Char> text_;
