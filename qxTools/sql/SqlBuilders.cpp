@@ -63,8 +63,8 @@ std::string VarToSql(const Variant& value) {
   if (value.IsNull()) return "NULL";
   if (value.Type() == varDate) return ToSQLStr(DateToStr(value.AsDouble()));
   if (value.Type() == varBoolean) return value.AsBoolean() ? "1" : "0";
-  const std::string text = QXStrTools::Trim(value.AsString(), kTrimBoth);
-  return value.IsString() ? ToSQLStr(text) : text;
+  if (!value.IsString()) return value.AsString();
+  return ToSQLStr(QXStrTools::Trim(value.AsString(), kTrimBoth));
 }
 
 std::string ToSQLinlist(std::string_view list) {

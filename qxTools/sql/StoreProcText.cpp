@@ -82,35 +82,42 @@ bool IsPlainName(std::string_view name) {
 /// Whether a text can stand in a macro's place without making part of another macro's name.
 bool IsPlainText(std::string_view text) { return text.find(kMacroOpen) == kNone && !text.ends_with('['); }
 
+/// Macros by their names, if one look at each name in a text is enough; see ExpandInOnePass.
 using MacroTable = std::unordered_map<std::string_view, std::string_view>;
 
-/// One look at each "[$". This equals replacing macro after macro in the whole text as long as no expansion
-/// can make a name, which runs from "[$" to the first "]". A plain text brings in no "[$", but for an empty
-/// one, or one that begins with "$", right after a "["; and none before it is open, but for a
-/// name around another one.
-std::optional<std::string> ExpandInOnePass(std::string_view text, const MacroTable& macros) {
-  std::string out;
-  out.reserve(text.size());
+std::optional<MacroTable> TableOf(const std::vector<Macro>& macros) {
+  MacroTable table;
+  for (const auto& [name, value] : macros) {
+    if (!IsPlainName(name) || !IsPlainText(value)) return std::nullopt;
+    table.emplace(name, value);  // the first of equal names is the one that finds something to replace
+  }
+  return table;
+}
+
+/// Calls `append` with the pieces of the expanded text: one look at each "[$". This equals replacing macro
+/// after macro in the whole text as long as no expansion can make a name, which runs from "[$" to the first
+/// "]". A plain text brings in no "[$", but for an empty one, or one that begins with "$", right after a "[";
+/// and none before it is open, but for a name around another one. Returns false for these.
+template <class Append>
+bool ExpandInOnePass(std::string_view text, const MacroTable& macros, Append append) {
   std::size_t done = 0;
   std::size_t close = text.find(']');
   for (std::size_t open = text.find(kMacroOpen), next = 0; open != kNone; open = next) {
     next = text.find(kMacroOpen, open + 1);
     if (close < open) close = text.find(']', open);
     if (close == kNone) break;
-    if (next < close) return std::nullopt;  // a name around another one
+    if (next < close) return false;  // a name around another one
     const auto macro = macros.find(text.substr(open, close + 1 - open));
     if (macro == macros.end()) continue;
     const bool behindBracket = open > 0 && text[open - 1] == '[';
-    if (behindBracket && (macro->second.empty() || macro->second[0] == '$')) return std::nullopt;
-    out.append(text, done, open - done).append(macro->second);
+    if (behindBracket && (macro->second.empty() || macro->second[0] == '$')) return false;
+    append(text.substr(done, open - done));
+    append(macro->second);
     done = close + 1;
   }
-  out.append(text, done);
-  return out;
+  append(text.substr(done));
+  return true;
 }
-
-/// The most that AppendDoubled appends.
-std::size_t DoubledSize(std::string_view text) { return text.size() + CountByte(text, '\''); }
 
 /// In two steps this is: every apostrophe becomes "[##]", then every "[##]" two apostrophes. No end of "[##]"
 /// begins another one, so those that come in cannot join with what stands around them and one step will do.
@@ -129,6 +136,32 @@ void AppendDoubled(std::string& out, std::string_view text) {
   out.append(text, done);
 }
 
+/// Whether nothing goes over the edges of a macro or of its text: no name over a line's end, no "[##]" into
+/// the text or out of it.
+bool StaysApart(const Macro& macro) {
+  const auto& [name, text] = macro;
+  return name.find_first_of(kLineBreak) == kNone && !text.empty() && text.front() != '#' &&
+         text.front() != ']' && text.back() != '#' && text.back() != '[';
+}
+
+/// Returns false, and has appended something, where one pass is not exact. Lines are joined to pieces that
+/// the nearest cache holds, so that a large statement is not in memory once more.
+bool AppendLines(std::string& out, const TStrings& lines, const std::vector<Macro>& macros) {
+  constexpr std::size_t kPiece = 16 << 10;
+  if (!std::ranges::all_of(macros, StaysApart)) return false;
+  const std::optional<MacroTable> table = TableOf(macros);
+  const auto append = [&](std::string_view text) { AppendDoubled(out, text); };
+  bool exact = table.has_value();
+  std::string piece;
+  for (Integer i = 0; i < lines.GetCount() && exact; ++i) {
+    piece.append(lines.GetStrings(i)).append(kLineBreak);
+    if (piece.size() < kPiece && i + 1 < lines.GetCount()) continue;
+    exact = ExpandInOnePass(piece, *table, append);
+    piece.clear();
+  }
+  return exact;
+}
+
 }  // namespace
 
 void RemoveNotes(std::string& text) { Remove(text); }
@@ -137,38 +170,27 @@ void RemoveNotes(std::u16string& text) { Remove(text); }
 bool HasNotes(std::u16string_view text) { return FindPair(text, '/', '*', 0) != kNone; }
 
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros) {
-  MacroTable table;
-  bool plain = true;
-  for (const auto& [name, value] : macros) {
-    plain = plain && IsPlainName(name) && IsPlainText(value);
-    table.emplace(name, value);  // the first of equal names is the one that finds something to replace
-  }
-  if (plain)
-    if (auto expanded = ExpandInOnePass(text, table)) return *std::move(expanded);
-  std::string expanded(text);
+  std::string expanded;
+  expanded.reserve(text.size());
+  const std::optional<MacroTable> table = TableOf(macros);
+  if (table && ExpandInOnePass(text, *table, [&](std::string_view piece) { expanded += piece; }))
+    return expanded;
+  expanded = text;
   for (const auto& [name, value] : macros) expanded = QXStrTools::ReplaceAllStr(expanded, name, value, false);
   return expanded;
 }
 
-std::string DoubleQuotes(std::string_view text, std::string_view end) {
-  std::string out;
-  out.reserve(DoubledSize(text) + end.size());
-  AppendDoubled(out, text);
-  out += end;
-  return out;
-}
-
-std::string DoubleQuotes(const TStrings& lines, std::string_view end) {
+std::string QuoteStatement(const TStrings& lines, const std::vector<Macro>& macros, std::string_view end) {
   std::size_t size = end.size();
-  for (Integer i = 0; i < lines.GetCount(); ++i) size += DoubledSize(lines.GetStrings(i)) + kLineBreak.size();
+  for (const auto& [name, value] : macros) size += value.size();
+  for (Integer i = 0; i < lines.GetCount(); ++i) size += lines.GetStrings(i).size() + kLineBreak.size();
   std::string out;
-  out.reserve(size);
-  for (Integer i = 0; i < lines.GetCount(); ++i) {
-    AppendDoubled(out, lines.GetStrings(i));
-    out += kLineBreak;
+  out.reserve(size + size / 16);  // every 16th may be an apostrophe
+  if (!AppendLines(out, lines, macros)) {
+    out.clear();
+    AppendDoubled(out, ExpandMacros(lines.GetText(), macros));
   }
-  out += end;
-  return out;
+  return std::move(out += end);
 }
 
 }  // namespace qxTools::qxSqlStoreProc

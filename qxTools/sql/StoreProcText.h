@@ -24,10 +24,8 @@ bool HasNotes(std::u16string_view text);
 /// Returns the text with one macro after the other replaced; letter case matters.
 std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros);
 
-/// Returns the text with two apostrophes for each one and for each "[##]", and `end` after it as it is.
-std::string DoubleQuotes(std::string_view text, std::string_view end);
-
-/// Does the same with the text of a list of lines, without making that text: no mark goes over a line's end.
-std::string DoubleQuotes(const TStrings& lines, std::string_view end);
+/// Returns the text of the lines with one macro after the other replaced, then with two apostrophes for each
+/// one and for each "[##]", and `end` after it as it is.
+std::string QuoteStatement(const TStrings& lines, const std::vector<Macro>& macros, std::string_view end);
 
 }  // namespace qxTools::qxSqlStoreProc

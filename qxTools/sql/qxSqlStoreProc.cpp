@@ -279,22 +279,15 @@ AnsiString TQXSqlStoreProc::Values() const {
   return list;
 }
 
-AnsiString TQXSqlStoreProc::ExpandedStatement() const {
+TStrings* TQXSqlStoreProc::GetStoreProc() {
+  call_.Clear();
   std::vector<Macro> macros;
   for (Integer i = 0; i < GetFuncCount(); ++i)
     macros.emplace_back(GetFuncItems(i)->GetName(), GetFuncItems(i)->GetValue().AsString());
-  return ExpandMacros(statement_.GetText(), macros);
-}
-
-TStrings* TQXSqlStoreProc::GetStoreProc() {
-  call_.Clear();
-  const bool hasMacros = GetFuncCount() > 0;
-  std::string statement = hasMacros ? ExpandedStatement() : "";
   const std::string declarations = Declarations();
   std::string values = Values();
   const bool hasValues = !declarations.empty() && !values.empty();
-  const char* const end = hasValues ? "'," : "'";
-  statement = hasMacros ? DoubleQuotes(statement, end) : DoubleQuotes(statement_, end);
+  std::string statement = QuoteStatement(statement_, macros, hasValues ? "'," : "'");
   try {
     call_.Add("sp_executesql N'");
     call_.Add(std::move(statement));

@@ -257,7 +257,6 @@ class QXTOOLS_API TQXSqlStoreProc : public TObject {
   void LoadDeclaration(std::string_view piece);
   AnsiString Declarations() const;
   AnsiString Values() const;
-  AnsiString ExpandedStatement() const;
 
   std::unique_ptr<State> state_;  // parameters and macros
   TStrings statement_;
