@@ -223,12 +223,23 @@ void BuildSafeCall(benchmark::State& state) {
   MeasureText(state, build(), build);
 }
 
-/// The same two replacements in the statement alone, without declarations and values.
+/// The same replacements in the statement, and the declarations and values of as many integers: in two
+/// strings, since putting them together would copy the statement once more.
 void BuildCallByAbseil(benchmark::State& state) {
   const std::string text =
       "select * from [$Table]" + Statement(static_cast<Bytes>(state.range(0)), kParameters);
+  std::vector<std::pair<std::string, Integer>> values;
+  for (std::size_t i = 0; i < kParameters; ++i)
+    values.emplace_back("@MM_P" + std::to_string(1000000 + i), static_cast<Integer>(i));
   const auto build = [&] {
-    return absl::StrReplaceAll(text, {{"[$Table]", "Goods"}, {"'", "''"}, {"[##]", "''"}}).size();
+    std::string declarations;
+    std::string literals;
+    for (const auto& [name, value] : values) {
+      absl::StrAppend(&declarations, declarations.empty() ? "',\r\nN'" : " , ", name, " Int");
+      absl::StrAppend(&literals, literals.empty() ? "', \r\n" : " , ", value);
+    }
+    return absl::StrReplaceAll(text, {{"[$Table]", "Goods"}, {"'", "''"}, {"[##]", "''"}}).size() +
+           declarations.size() + literals.size();
   };
   MeasureText(state, build(), build);
 }
