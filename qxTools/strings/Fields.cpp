@@ -8,23 +8,6 @@ namespace qxTools::QXStrTools {
 
 namespace {
 
-// How far the way to the n-th occurrence led: the occurrences met and the offsets of the last two.
-struct Way {
-  std::size_t count = 0;
-  std::size_t last = 0;
-  std::size_t before = 0;
-};
-
-Way WayTo(std::string_view sub, std::string_view s, std::size_t n) {
-  Way way;
-  if (sub.empty()) return way;
-  VisitOccurrences(sub, s, 0, 1, [&](std::size_t offset) {
-    way = {way.count + 1, offset, way.last};
-    return way.count < n;
-  });
-  return way;
-}
-
 // The offset of the n-th occurrence, or npos.
 std::size_t OffsetOf(std::string_view sub, std::string_view s, Integer n) {
   if (n <= 0) return std::string_view::npos;

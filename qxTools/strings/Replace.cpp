@@ -3,6 +3,7 @@
 #include <qxTools/strings/Search.h>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -22,7 +23,7 @@ std::optional<std::string> ReplaceInOneReading(std::string_view s, std::string_v
   std::size_t done = 0;
   std::size_t matched = 0;  // the beginning of an occurrence that ends the last replacement
   bool joined = false;
-  VisitOccurrences(old, compared, 0, old.size(), [&](std::size_t offset) {
+  VisitApart(old, compared, [&](std::size_t offset) {
     text.append(s, done, offset - done).append(replacement);
     std::string_view before = compared.substr(done, offset - done);
     if (before.size() >= old.size()) {
@@ -58,11 +59,7 @@ class Passes {
   }
 
   std::string Run() {
-    std::size_t passes = 0;
-    VisitOccurrences(old_, compared_, 0, 1, [&](std::size_t) {
-      ++passes;
-      return true;
-    });
+    std::size_t passes = WayTo(old_, compared_, std::numeric_limits<std::size_t>::max()).count;
     while (passes-- > 0 && ReadToMatch()) PutIn();
     for (; !rest_.empty(); rest_.pop_back()) shown_ += rest_.back().shown;
     return std::move(shown_);
@@ -91,13 +88,9 @@ class Passes {
 
   // With nothing but the end of the text left, and no occurrence begun.
   bool LeapToMatch() {
-    std::size_t found = std::string_view::npos;
-    VisitOccurrences(old_, rest_.back().compared, 0, 1, [&](std::size_t offset) {
-      found = offset;
-      return false;
-    });
-    if (found == std::string_view::npos) return false;
-    Take(found + old_.size());
+    const Way way = WayTo(old_, rest_.back().compared, 1);
+    if (way.count == 0) return false;
+    Take(way.last + old_.size());
     return true;
   }
 

@@ -4,9 +4,8 @@
 /// Private to this folder. Offsets here count from 0.
 #pragma once
 
-#include <algorithm>
-#include <array>
-#include <bit>
+#include <qxTools/strings/Marks.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -51,93 +50,92 @@ inline std::size_t FindFirstByte(std::string_view sub, std::string_view s, std::
   return static_cast<std::size_t>(static_cast<const char*>(found) - s.data());
 }
 
-/// Marks 64 offsets in a row: bit i says that `begin[i]` is `first` and `end[i]` is `last`. Plain loops,
-/// since compilers turn them into a few wide compares.
-inline std::uint64_t MarkBlock(const char* begin, const char* end, char first, char last) {
-  std::array<std::uint8_t, 64> marks;
-  for (std::size_t i = 0; i < marks.size(); ++i) marks[i] = (begin[i] == first) & (end[i] == last);
-  const auto eights = std::bit_cast<std::array<std::uint64_t, 8>>(marks);
-  std::uint64_t any = 0;
-  for (const std::uint64_t eight : eights) any |= eight;
-  if (any == 0) return 0;
-  // The product gathers the lowest bits of eight bytes in its top byte, the first byte's lowest.
-  constexpr std::uint64_t kGather =
-      std::endian::native == std::endian::little ? 0x0102040810204080U : 0x8040201008040201U;
-  std::uint64_t bits = 0;
-  for (std::size_t i = 0; i < eights.size(); ++i) bits |= (eights[i] * kGather >> 56) << (8 * i);
-  return bits;
+/// Whether `sub` is at `offset` of `s`, where its first byte is.
+inline bool IsRestAt(std::string_view sub, std::string_view s, std::size_t offset) {
+  return s[offset + sub.size() - 1] == sub.back() &&
+         (sub.size() < 3 || std::memcmp(&s[offset + 1], &sub[1], sub.size() - 2) == 0);
 }
 
-/// Whether `sub` is at `offset` of `s`, where its first and its last byte are.
-inline bool IsMiddleAt(std::string_view sub, std::string_view s, std::size_t offset) {
-  return sub.size() < 3 || std::memcmp(&s[offset + 1], &sub[1], sub.size() - 2) == 0;
+/// Of the marks at `from`, those where all of `sub` is; adds the bytes that may be read for it to `compared`.
+inline std::uint64_t Confirmed(std::uint64_t marks, std::string_view sub, std::string_view s,
+                               std::size_t from, std::size_t& compared) {
+  for (std::uint64_t left = marks; left != 0; left &= left - 1) {
+    compared += sub.size();
+    if (!IsRestAt(sub, s, from + LowestMark(left))) marks ^= left & -left;
+  }
+  return marks;
 }
 
-/// The marks from the n-th on.
-constexpr std::uint64_t MarksFrom(std::size_t n) { return n < 64 ? ~std::uint64_t{0} << n : 0; }
-
-/// VisitOccurrences with an automaton: the slower way on most texts, but as quick on the worst.
+/// VisitMarks with an automaton: the slower way on most texts, but as quick on the worst.
 template <class Visit>
-void CrawlOccurrences(std::string_view sub, std::string_view s, std::size_t from, std::size_t step,
-                      Visit visit) {
+void CrawlMarks(std::string_view sub, std::string_view s, std::size_t from, Visit visit) {
   const Automaton automaton(sub);
   std::size_t matched = 0;
   for (std::size_t i = from; i < s.size(); ++i) {
     matched = automaton.Feed(matched, s[i]);
-    if (matched < sub.size()) continue;
-    if (!visit(i + 1 - sub.size())) return;
-    if (step > 1) matched = 0;
+    if (matched == sub.size() && !visit(i + 1 - sub.size(), 1)) return;
   }
 }
 
-/// Calls `visit(offset)` for the occurrences of `sub`, which is not empty, at or behind `from` in `s`, from
-/// left to right, until it returns false. `step` is 1, to see overlapping occurrences too, or the length of
-/// `sub`, to go on behind each. Linear in the way covered plus `sub`, however often `sub` or parts of it
-/// occur.
+/// Calls `visit(offset, marks)` for the occurrences of `sub`, which is not empty, in `s`, from left to right,
+/// until it returns false: bit i of `marks`, some of which are set, says that one begins at `offset + i`.
+/// Those that overlap count. Linear in the way covered plus `sub`, however often `sub` or parts of it occur.
 ///
-/// Offsets where the first and the last byte match are marked 64 at a time and compared. Where the first byte
-/// is rare, memchr hops to it. Both may read bytes again; once that has cost a few times the distance
-/// covered, the automaton does the rest. All three find the same offsets.
+/// Where the first byte is rare, memchr hops to it; elsewhere 64 offsets at a time are marked. Both may read
+/// bytes again; once that has cost a few times the distance covered, the automaton does the rest. All three
+/// find the same offsets.
 template <class Visit>
-void VisitOccurrences(std::string_view sub, std::string_view s, std::size_t from, std::size_t step,
-                      Visit visit) {
-  const std::size_t m = sub.size();
-  constexpr std::size_t kLongHop = 64;  // the distance from which memchr beats marking
-  const std::size_t start = from;
-  std::size_t hit = from;
-  std::size_t next = from;  // behind the last occurrence, where those that overlap it are left out
+void VisitMarks(std::string_view sub, std::string_view s, Visit visit) {
+  constexpr std::size_t kLongHop = 128;  // the distance from which memchr beats marking
+  constexpr std::size_t kManyEmpty = 8;  // blocks without an occurrence, after which a hop is tried
+  const std::size_t reach = kBlock - 1 + sub.size();
+  const std::size_t blocksEnd = s.size() < reach ? 0 : s.size() - reach + 1;
+  std::size_t from = 0;
   std::size_t compared = 0;
-  bool far = false;
-  while (compared <= 4 * (from - start + m) + 64) {
-    if (far || s.size() - from < 63 + m) {
-      compared += m;
-      const std::size_t offset = FindFirstByte(sub, s, from);
-      if (offset == std::string_view::npos) return;
-      const bool isHit = s[offset + m - 1] == sub.back() && IsMiddleAt(sub, s, offset);
-      if (isHit && !visit(offset)) return;
-      far = offset - hit >= kLongHop;
-      hit = offset;
-      from = offset + (isHit ? step : 1);
-      continue;
+  const auto isCheap = [&] { return compared <= 4 * (from + sub.size()) + 64; };
+  while (isCheap()) {
+    const std::size_t offset = FindFirstByte(sub, s, from);
+    if (offset == std::string_view::npos) return;
+    std::size_t empty = offset - from < kLongHop ? 0 : kManyEmpty;
+    compared += sub.size();
+    if (IsRestAt(sub, s, offset) && !visit(offset, std::uint64_t{1})) return;
+    from = offset + 1;
+    if (empty == kManyEmpty || from >= blocksEnd) continue;
+    const Marker marker(sub);
+    for (; from < blocksEnd && empty < kManyEmpty && isCheap(); from += kBlock) {
+      std::uint64_t marks = marker.Mark(&s[from]);
+      if (sub.size() > kMarked) marks = Confirmed(marks, sub, s, from, compared);
+      empty = marks == 0 ? empty + 1 : 0;
+      if (marks != 0 && !visit(from, marks)) return;
     }
-    const std::size_t base = from;
-    std::uint64_t marks = MarkBlock(&s[base], &s[base + m - 1], sub.front(), sub.back());
-    far = marks == 0 && base + 64 - hit >= kLongHop;
-    while (marks != 0) {
-      const std::size_t offset = base + static_cast<std::size_t>(std::countr_zero(marks));
-      marks &= marks - 1;
-      if (m > 2) {
-        compared += m;
-        if (!IsMiddleAt(sub, s, offset)) continue;
-      }
-      if (!visit(offset)) return;
-      hit = offset;
-      next = offset + step;
-      if (step > 1) marks &= MarksFrom(next - base);
-    }
-    from = std::max(base + 64, next);
   }
-  CrawlOccurrences(sub, s, from, step, visit);
+  CrawlMarks(sub, s, from, visit);
+}
+
+/// How far the way to the n-th occurrence led: the occurrences met and the offsets of the last two.
+struct Way {
+  std::size_t count = 0;
+  std::size_t last = 0;
+  std::size_t before = 0;  // valid where `count` is n
+};
+
+/// The way to the n-th occurrence of `sub` in `s`, those that overlap counted. An empty `sub` has none.
+Way WayTo(std::string_view sub, std::string_view s, std::size_t n);
+
+/// Calls `visit(offset)` for the occurrences of `sub`, which is not empty, in `s`, from left to right and
+/// going on behind each, until it returns false.
+template <class Visit>
+void VisitApart(std::string_view sub, std::string_view s, Visit visit) {
+  std::size_t next = 0;
+  VisitMarks(sub, s, [&](std::size_t base, std::uint64_t marks) {
+    for (; marks != 0; marks &= marks - 1) {
+      const std::size_t offset = base + LowestMark(marks);
+      if (offset < next) continue;
+      if (!visit(offset)) return false;
+      next = offset + sub.size();
+    }
+    return true;
+  });
 }
 
 }  // namespace qxTools::QXStrTools
