@@ -3,6 +3,7 @@
 #include <qxTools/platform/Files.h>
 #include <qxTools/runtime/StringList.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace qxTools {
@@ -11,7 +12,15 @@ namespace {
 
 constexpr std::string_view kLineBreak = "\r\n";
 
+// Room for further lines is made in steps that double up to a limit.
+constexpr std::size_t kSmallestStep = 64;
+constexpr std::size_t kLargestStep = 1 << 20;
+
 }  // namespace
+
+TStrings::TStrings(std::initializer_list<std::string_view> lines) : lines_(lines) { Gather(); }
+
+TStrings::TStrings(const TStrings& other) : TObject(other), lines_(other.lines_) { Gather(); }
 
 TStrings::~TStrings() = default;
 
@@ -23,57 +32,118 @@ TStrings& TStrings::operator=(const TStrings& other) {
 
 std::string TStrings::GetText() const {
   std::size_t size = 0;
-  for (const std::string& line : lines_) size += line.size() + kLineBreak.size();
+  for (const std::string_view line : lines_) size += line.size() + kLineBreak.size();
   std::string text;
   text.reserve(size);
-  for (const std::string& line : lines_) text.append(line).append(kLineBreak);
+  for (const std::string_view line : lines_) text.append(line).append(kLineBreak);
   return text;
 }
 
-void TStrings::SetText(std::string_view text) {
-  std::vector<std::string> lines;
-  lines.reserve(CountByte(text, '\n') + 1);
-  ForEachLine(text, [&](std::string_view line) { lines.emplace_back(line); });
+void TStrings::SetText(std::string_view text) { SetWholeText(std::string(text)); }
+
+void TStrings::LoadFromFile(const std::string& fileName) { SetWholeText(ReadWholeFile(fileName)); }
+
+// The lines are where they are in the text, none is copied.
+void TStrings::SetWholeText(std::string&& text) {
+  Texts texts;
+  texts.push_front(std::move(text));
+  const std::string_view whole = texts.front();
+  std::vector<std::string_view> lines;
+  lines.reserve(CountByte(whole, '\n') + 1);
+  ForEachLine(whole, [&](std::string_view line) { lines.push_back(line); });
   lines_ = std::move(lines);
+  texts_ = std::move(texts);
+  size_ = whole.size();
+  abandoned_ = 0;
   Changed();
 }
 
 void TStrings::Assign(const TStrings& source) {
-  lines_ = std::vector(source.lines_);  // a copy first: without memory for it nothing changes
+  TStrings copy(source);  // first: without memory for it nothing changes
+  lines_.swap(copy.lines_);
+  texts_.swap(copy.texts_);
+  size_ = copy.size_;
+  abandoned_ = 0;
   Changed();
 }
-
-void TStrings::LoadFromFile(const std::string& fileName) { SetText(ReadWholeFile(fileName)); }
 
 void TStrings::SaveToFile(const std::string& fileName) const { SaveWholeFile(fileName, GetText()); }
 
-const std::string& TStrings::GetStrings(Integer index) const { return lines_[Checked(index)]; }
+// --- Texts of lines ----------------------------------------------------------
+
+// Copies a line, which may be one of the list's own, to where it stays.
+std::string_view TStrings::Keep(std::string_view line) {
+  Texts replaced;
+  if (texts_.empty() || texts_.front().capacity() - texts_.front().size() < line.size()) {
+    if (abandoned_ > size_ / 2) replaced = Gather();
+    texts_.emplace_front().reserve(std::max(line.size(), std::clamp(size_, kSmallestStep, kLargestStep)));
+  }
+  std::string& text = texts_.front();
+  text.append(line);
+  size_ += line.size();
+  return std::string_view(text).substr(text.size() - line.size());
+}
+
+// Copies all lines into one text of this list. Returns the texts that they were in.
+TStrings::Texts TStrings::Gather() {
+  std::size_t size = 0;
+  for (const std::string_view line : lines_) size += line.size();
+  Texts texts(1);
+  std::string& text = texts.front();
+  text.reserve(size);
+  for (std::string_view& line : lines_) {
+    text.append(line);
+    line = std::string_view(text).substr(text.size() - line.size());
+  }
+  size_ = size;
+  abandoned_ = 0;
+  texts_.swap(texts);
+  return texts;
+}
+
+// --- Lines -------------------------------------------------------------------
 
 void TStrings::SetStrings(Integer index, std::string_view line) {
-  lines_[Checked(index)] = line;
+  std::string_view& place = lines_[Checked(index)];
+  const std::string_view kept = Keep(line);
+  abandoned_ += place.size();
+  place = kept;
   Changed();
 }
 
+Integer TStrings::Add(std::string_view line) {
+  lines_.push_back(Keep(line));
+  Changed();
+  return GetCount() - 1;
+}
+
 Integer TStrings::Add(std::string&& line) {
-  lines_.push_back(std::move(line));
+  if (line.size() < kLargestStep) return Add(std::string_view(line));
+  size_ += texts_.emplace_front(std::move(line)).size();
+  lines_.push_back(texts_.front());
   Changed();
   return GetCount() - 1;
 }
 
 void TStrings::Insert(Integer index, std::string_view line) {
   if (index != GetCount()) Checked(index);
-  lines_.emplace(lines_.begin() + index, line);
+  const std::string_view kept = Keep(line);
+  lines_.insert(lines_.begin() + index, kept);
   Changed();
 }
 
 void TStrings::Delete(Integer index) {
-  lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(Checked(index)));
+  const auto place = lines_.begin() + static_cast<std::ptrdiff_t>(Checked(index));
+  abandoned_ += place->size();
+  lines_.erase(place);
   Changed();
 }
 
 void TStrings::Clear() {
   if (lines_.empty()) return;
   lines_ = {};
+  texts_.clear();
+  size_ = abandoned_ = 0;
   Changed();
 }
 

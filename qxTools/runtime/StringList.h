@@ -7,6 +7,8 @@
 
 #include <qxTools/base/Types.h>
 
+#include <forward_list>
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -23,9 +25,9 @@ class QXTOOLS_API TStrings : public TObject {
   /// Makes an empty list without a change event.
   TStrings() = default;
   /// Makes a list of these lines.
-  TStrings(std::initializer_list<std::string> lines) : lines_(lines) {}
+  TStrings(std::initializer_list<std::string_view> lines);
   /// Copies the lines. The change event is not copied.
-  TStrings(const TStrings& other) : TObject(other), lines_(other.lines_) {}
+  TStrings(const TStrings& other);
   /// Replaces the lines with those of `other`, as Assign does. The change event of this list is kept and
   /// fired.
   TStrings& operator=(const TStrings& other);
@@ -50,18 +52,18 @@ class QXTOOLS_API TStrings : public TObject {
   // --- Lines, counted from 0 -------------------------------------------------------------------------
   /// Returns the number of lines.
   Integer GetCount() const { return static_cast<Integer>(lines_.size()); }
-  /// Returns the line at `index`. The reference is valid until the next change of the list.
+  /// Returns the line at `index`. The view is valid until the next change of the list.
   /// @throws EListError "List index out of bounds (N)".
-  const std::string& GetStrings(Integer index) const;
+  std::string_view GetStrings(Integer index) const { return lines_[Checked(index)]; }
   /// Replaces the line at `index`. Line breaks in `line` are kept in it.
   /// @throws EListError "List index out of bounds (N)".
   void SetStrings(Integer index, std::string_view line);
-  /// Appends a line and returns its index. Line breaks in `line` are kept in it.
-  Integer Add(std::string&& line);
   /// Appends a copy of `line` and returns its index. Line breaks in `line` are kept in it.
-  Integer Add(std::string_view line) { return Add(std::string(line)); }
+  Integer Add(std::string_view line);
+  /// Appends a line and returns its index; a long one is not copied. Line breaks in `line` are kept in it.
+  Integer Add(std::string&& line);
   /// Appends a copy of a zero-terminated line and returns its index. Line breaks in it are kept.
-  Integer Add(const char* line) { return Add(std::string(line)); }
+  Integer Add(const char* line) { return Add(std::string_view(line)); }
   /// Inserts a line before the line at `index`, or at the end if `index` is the number of lines.
   /// @throws EListError "List index out of bounds (N)" for any other index.
   void Insert(Integer index, std::string_view line);
@@ -85,10 +87,18 @@ class QXTOOLS_API TStrings : public TObject {
   std::uint64_t GetChanges() const { return changes_; }
 
  private:
+  using Texts = std::forward_list<std::string>;  // a text never moves
+
   std::size_t Checked(Integer index) const;
   void Changed();
+  void SetWholeText(std::string&& text);
+  std::string_view Keep(std::string_view line);
+  Texts Gather();
 
-  std::vector<std::string> lines_;
+  std::vector<std::string_view> lines_;
+  Texts texts_;                // that hold the lines; the first one may have room for more
+  std::size_t size_ = 0;       // of the texts
+  std::size_t abandoned_ = 0;  // bytes of lines that were replaced or deleted
   std::shared_ptr<TNotifyEvent> onChange_;
   std::uint64_t changes_ = 0;
   int updates_ = 0;

@@ -84,7 +84,7 @@ struct Header {
   HashIndex<Integer> numbers{};
 
   Header() = default;
-  explicit Header(const std::string& text);
+  explicit Header(std::string_view text);
   auto HasName(std::string_view name) const {
     return [this, name](Integer number) {
       return SameHashedName(fields.Text(line, static_cast<std::size_t>(number) - 1), name);
@@ -94,7 +94,7 @@ struct Header {
 
 HashTag TagOf(std::string_view name) { return {CaselessHash(name)}; }
 
-Header::Header(const std::string& text) : line(text), fields(text) {
+Header::Header(std::string_view text) : line(text), fields(text) {
   for (std::size_t i = 0; i < fields.Count(); ++i) {
     const std::string_view name = fields.Text(line, i);
     numbers.Insert(static_cast<Integer>(i) + 1, TagOf(name), HasName(name));
@@ -119,7 +119,7 @@ struct TQXStringTable::State {
 
   const Header& HeaderOf(const TQXStringTable& table);
   Integer NumberOf(const TQXStringTable& table, std::string_view name);
-  const FieldMarks& RecordOf(const TQXStringTable& table, const std::string& line);
+  const FieldMarks& RecordOf(const TQXStringTable& table, std::string_view line);
 };
 
 // The table has a line.
@@ -136,7 +136,7 @@ Integer TQXStringTable::State::NumberOf(const TQXStringTable& table, std::string
   return found != nullptr ? *found : 0;
 }
 
-const FieldMarks& TQXStringTable::State::RecordOf(const TQXStringTable& table, const std::string& line) {
+const FieldMarks& TQXStringTable::State::RecordOf(const TQXStringTable& table, std::string_view line) {
   if (recordChanges != table.GetChanges() || recordNumber != recNo) {
     recordChanges = kNever;  // until they are read
     record.Read(line);
@@ -170,12 +170,12 @@ void TQXStringTable::AddField(std::string_view name) {
   if (GetEmpty())
     Add(GenField(name));
   else if (FieldIndex(GetStrings(0), name) < 1)
-    SetStrings(0, GetStrings(0) + GenField(name));
+    SetStrings(0, std::string(GetStrings(0)) + GenField(name));
 }
 
 void TQXStringTable::RemoveField(std::string_view name) {
   if (GetEmpty()) return;
-  std::string header = GetStrings(0);
+  std::string header(GetStrings(0));
   Integer position = 0;
   Integer length = 0;
   AtField(header, name, position, length);
@@ -233,7 +233,7 @@ void TQXStringTable::Next() {
 std::string TQXStringTable::GetField(std::string_view name) const {
   const Integer number = GetEmpty() ? 0 : state_->NumberOf(*this, name);
   if (number < 1) return {};
-  const std::string& line = GetStrings(state_->recNo);
+  const std::string_view line = GetStrings(state_->recNo);
   const FieldMarks& record = state_->RecordOf(*this, line);
   const std::size_t i = static_cast<std::size_t>(number) - 1;
   if (i < record.Count()) return std::string(record.Text(line, i));

@@ -76,4 +76,49 @@ TEST(StringList, FilesAreBytesAndEveryBreakParts) {
   EXPECT_EQ(BytesOf(name), std::string("\xEF\xBB\xBF\xA4\xA4\r\n\0\r\n\r\nb\r\n\r\n\r\n", 19));
 }
 
+// Lines of many lengths, some of them the list's own, until texts are full, gathered and full again.
+TEST(StringList, AgreesWithAVectorWhateverIsDone) {
+  std::mt19937 random(3);
+  TStringList list;
+  std::vector<std::string> lines;
+  for (int step = 0; step < 4000; ++step) {
+    const auto place = static_cast<Integer>(random() % (lines.size() + 1));
+    const std::size_t length = random() % 500 == 0 ? 1 << 20 : random() % 30 * (random() % 30);
+    std::string line(length, static_cast<char>('a' + random() % 26));
+    const auto own = lines.empty() ? 0 : random() % lines.size();
+    const auto at = lines.begin() + place;
+    switch (place == list.GetCount() ? 7 : random() % 7) {
+      case 0:
+        list.Insert(place, list.GetStrings(static_cast<Integer>(own)));
+        lines.insert(at, std::string(lines[own]));
+        break;
+      case 1:
+        list.SetStrings(place, line);
+        *at = line;
+        break;
+      case 2:
+        list.SetStrings(place, list.GetStrings(static_cast<Integer>(own)));
+        *at = lines[own];
+        break;
+      case 3:
+      case 4:
+        list.Delete(place);
+        lines.erase(at);
+        break;
+      case 5:
+        list = TStringList(list);
+        break;
+      case 6:
+        if (random() % 30 == 0) list.SetText(list.GetText());
+        break;
+      default:
+        lines.push_back(line);
+        random() % 2 == 0 ? list.Add(line) : list.Add(std::move(line));
+    }
+    ASSERT_EQ(list.GetCount(), static_cast<Integer>(lines.size()));
+    for (std::size_t i = 0; i < lines.size(); i += step % 64 == 0 ? 1 : 1 + lines.size() / 2)
+      ASSERT_TRUE(list.GetStrings(static_cast<Integer>(i)) == lines[i]) << "line " << i << ", step " << step;
+  }
+}
+
 }  // namespace
