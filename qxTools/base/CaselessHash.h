@@ -26,21 +26,44 @@ inline std::uint64_t WordOf(std::string_view name) {
   return word;
 }
 
+/// Returns the 8 bytes from `p` on as a number.
+inline std::uint64_t EightAt(const char* p) {
+  std::uint64_t word = 0;
+  std::memcpy(&word, p, sizeof word);
+  return word;
+}
+
 /// Equal for names that are SameText: what tells capitals from small letters is the bit 0x20.
 inline std::uint32_t CaselessHash(std::string_view name) {
-  constexpr std::size_t kWord = sizeof(std::uint64_t);
   constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
   std::uint64_t hash = name.size();
-  const auto mix = [&](std::string_view bytes) {
-    hash = (hash ^ (WordOf(bytes) | 0x2020202020202020)) * kSpread;
+  const auto mix = [&](std::uint64_t word) {
+    hash = (hash ^ (word | 0x2020202020202020)) * kSpread;
     hash ^= hash >> 32;
   };
-  for (; name.size() > kWord; name.remove_prefix(kWord)) mix(name.substr(0, kWord));
-  mix(name);
+  if (name.size() < 8) {
+    mix(WordOf(name));
+  } else {
+    const char* const last = name.data() + name.size() - 8;  // which may overlap the eight before it
+    for (const char* p = name.data(); p < last; p += 8) mix(EightAt(p));
+    mix(EightAt(last));
+  }
   return static_cast<std::uint32_t>(hash * kSpread >> 32);
 }
 
+/// Returns whether two names are equal, without a call of the C library: they are short.
+inline bool SameBytes(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  if (a.size() < 8) return WordOf(a) == WordOf(b);
+  const std::size_t last = a.size() - 8;
+  for (std::size_t i = 0; i < last; i += 8)
+    if (EightAt(&a[i]) != EightAt(&b[i])) return false;
+  return EightAt(&a[last]) == EightAt(&b[last]);
+}
+
 /// Returns whether two names of one hash are SameText. Nearly always they are equal as they are.
-inline bool SameHashedName(std::string_view a, std::string_view b) { return a == b || SameText(a, b); }
+inline bool SameHashedName(std::string_view a, std::string_view b) {
+  return SameBytes(a, b) || SameText(a, b);
+}
 
 }  // namespace qxTools

@@ -39,12 +39,12 @@ inline std::size_t CountByte(std::string_view text, char mark) {
   return count;
 }
 
-/// Returns which of 16 characters is the first that is one of two, or 16. A plain loop, since compilers turn
+/// Returns the first of 16 characters for which `isMark` is true, or 16. A plain loop, since compilers turn
 /// it into a few wide compares.
-template <class Char>
-std::size_t FindIn16(const Char* p, Char first, Char second) {
+template <class Char, class IsMark>
+std::size_t FindIn16(const Char* p, IsMark isMark) {
   std::array<std::uint8_t, 16> marks;
-  for (std::size_t i = 0; i < marks.size(); ++i) marks[i] = (p[i] == first) | (p[i] == second);
+  for (std::size_t i = 0; i < marks.size(); ++i) marks[i] = static_cast<std::uint8_t>(isMark(p[i]));
   std::size_t place = 0;
   for (const std::uint64_t eight : std::bit_cast<std::array<std::uint64_t, 2>>(marks)) {
     constexpr bool kLittle = std::endian::native == std::endian::little;
@@ -74,9 +74,9 @@ class NearestOfTwo {
   std::size_t From(std::size_t start) {
     if (const std::size_t next = std::min(nextFirst_, nextSecond_); next >= start) return next;
     const std::size_t farther = start + kNear;
+    const auto isMark = [&](Char c) { return ((c == first_) | (c == second_)) != 0; };
     for (; start < farther && start + 16 <= text_.size(); start += 16)
-      if (const std::size_t place = FindIn16(&text_[start], first_, second_); place < 16)
-        return start + place;
+      if (const std::size_t place = FindIn16(&text_[start], isMark); place < 16) return start + place;
     if (nextFirst_ < start) nextFirst_ = Find(first_, start);
     if (nextSecond_ < start) nextSecond_ = Find(second_, start);
     return std::min(nextFirst_, nextSecond_);

@@ -2,13 +2,13 @@
 
 namespace qxTools {
 
-bool NameScanner::SkipLiteral() {
+inline bool NameScanner::SkipLiteral() {
   const std::size_t close = text_.find('\'', position_ + 1);
   position_ = close == std::string_view::npos ? text_.size() : close + 1;
   return close != std::string_view::npos;
 }
 
-bool NameScanner::FindMark() {
+inline bool NameScanner::FindMark() {
   for (position_ = marks_.From(position_); position_ < text_.size(); position_ = marks_.From(position_)) {
     if (text_[position_] == '@') {
       ++position_;
@@ -19,7 +19,7 @@ bool NameScanner::FindMark() {
   return false;
 }
 
-bool NameScanner::FindNameStart() {
+inline bool NameScanner::FindNameStart() {
   if (!FindMark()) return false;
   while (position_ < text_.size()) {
     if (IsNameStart(text_[position_])) return true;
@@ -34,8 +34,8 @@ bool NameScanner::FindNameStart() {
 bool NameScanner::Next(std::string_view& name) {
   while (FindNameStart()) {
     const std::size_t start = position_;
-    while (position_ < text_.size() && IsNameChar(text_[position_])) ++position_;
-    const std::size_t end = position_;
+    const std::size_t end = EndOfName(text_, start);
+    position_ = end;
     if (end == text_.size()) return false;
     if (text_[end] == '@') continue;  // the new mark discards the name in front of it
     if (IsQuote(end) && !SkipLiteral()) return false;
@@ -45,9 +45,7 @@ bool NameScanner::Next(std::string_view& name) {
   return false;
 }
 
-std::string_view NameScanner::WithMark(std::string_view name) {
-  const char* const before = name.data() - 1;  // the text has an "@" somewhere in front of the name
-  if (*before == '@') return {before, name.size() + 1};
+std::string_view NameScanner::Joined(std::string_view name) {
   joined_.assign(1, '@').append(name);
   return joined_;
 }

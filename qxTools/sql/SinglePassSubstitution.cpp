@@ -12,9 +12,7 @@ constexpr std::size_t kNone = std::string_view::npos;
 
 /// The "@" at `mark` and the name characters after it.
 std::string_view TokenAt(std::string_view text, std::size_t mark) {
-  std::size_t end = mark + 1;
-  while (end < text.size() && IsNameChar(text[end])) ++end;
-  return text.substr(mark, end - mark);
+  return text.substr(mark, EndOfName(text, mark + 1) - mark);
 }
 
 bool IsToken(std::string_view name) { return name[0] == '@' && TokenAt(name, 0).size() == name.size(); }

@@ -39,7 +39,8 @@ std::string Trim(std::string_view s) { return QXStrTools::Trim(s, kTrimBoth); }
 
 /// With spAuto only @MM and @MM_... are parameters.
 bool IsKept(std::string_view name, TSearchParamType mode) {
-  return mode == spAll || (SameText(name.substr(0, 3), "@MM") && (name.size() == 3 || name[3] == '_'));
+  const auto isM = [&](std::size_t at) { return UpperChar(name[at]) == 'M'; };
+  return mode == spAll || (name.size() >= 3 && isM(1) && isM(2) && (name.size() == 3 || name[3] == '_'));
 }
 
 TStoreProcParamType FindType(std::string_view text) {
