@@ -24,7 +24,7 @@ TEST(StoresFaults, Trees) {
   const auto make = [&] {
     auto tree = std::make_unique<TQXTreeNodes>();
     tree->OpenRootNode();
-    for (int i = 0; i < 11; ++i) tree->Add();
+    for (int i = 0; i < 14; ++i) tree->Add();
     last = tree->Add()->Key;  // the next one lets the index grow
     return tree;
   };
