@@ -1,9 +1,11 @@
 #include "Transcoder.h"
 
+#include <qxTools/base/PairBlocks.h>
 #include <qxTools/encoding/CVCode.h>
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 #include "TextIo.h"
 
@@ -26,7 +28,9 @@ struct Character {
 struct DoubleByteSource {
   static constexpr std::ptrdiff_t kLongest = 2;
   static Character ReadKnown(const char* p) {
-    return {static_cast<std::uint16_t>(Byte(p[0]) << 8 | Byte(p[1])), 2};
+    Character character{0, 2};
+    std::memcpy(&character.key, p, sizeof character.key);
+    return character;
   }
 
   static Character Read(const char* p, const char* end, bool atEnd) {
@@ -68,9 +72,8 @@ struct Utf8Source {
 
 struct DoubleByteTarget {
   static char* Write(std::uint16_t code, char* out) {
-    out[0] = static_cast<char>(code >> 8);
-    out[1] = static_cast<char>(code & 0xFF);
-    return out + 2;
+    std::memcpy(out, &code, sizeof code);
+    return out + sizeof code;
   }
 };
 
@@ -116,7 +119,7 @@ class Position {
   std::uint64_t Column() const { return column_; }
 
   void Advance(const char* begin, const char* end) {
-    line_ += static_cast<std::uint64_t>(std::count(begin, end, '\n'));
+    line_ += CountBreaks(begin, end);
     const std::string_view text(begin, static_cast<std::size_t>(end - begin));
     const std::size_t lastBreak = text.rfind('\n');
     if (lastBreak != std::string_view::npos) column_ = 1;
@@ -131,6 +134,19 @@ class Position {
   }
 
  private:
+  /// In blocks, of which each count fits a byte: the compiler counts in vectors of bytes then.
+  static std::uint64_t CountBreaks(const char* p, const char* end) {
+    constexpr std::ptrdiff_t kBlock = 128;
+    std::uint64_t count = 0;
+    for (; end - p >= kBlock; p += kBlock) {
+      std::uint8_t inBlock = 0;
+      for (std::ptrdiff_t i = 0; i < kBlock; ++i)
+        inBlock = static_cast<std::uint8_t>(inBlock + (p[i] == '\n'));
+      count += inBlock;
+    }
+    return count + static_cast<std::uint64_t>(std::count(p, end, '\n'));
+  }
+
   static std::uint64_t CountCharacters(const char* p, const char* end) {
     std::uint64_t count = 0;
     for (; p < end; ++count) p += Byte(*p) < 0x80 ? 1 : Source::Read(p, end, true).length;
@@ -163,8 +179,8 @@ class MapTranscoder : public Transcoder {
       result_.resize(2 * text_.size() + 2);  // a byte makes two at most
     const char* const end = text_.data() + text_.size();
     Place at{known_ = text_.data(), result_.data()};
-    for (at = CopyAscii(at, end); at.from < end; at = CopyAscii(at, end)) {
-      at = ConvertKnown(at, end);
+    while (at.from < end) {
+      at = ConvertKnown(CopyAscii(at, end), end);
       if (at.from == end || Byte(*at.from) < 0x80) continue;
       const Character character = Source::Read(at.from, end, atEnd);
       if (character.length == 0) break;
@@ -182,6 +198,12 @@ class MapTranscoder : public Transcoder {
   /// Converts characters up to one that has no counterpart, as ASCII has none, or may be there only in part.
   Place ConvertKnown(Place at, const char* end) const {
     const std::uint16_t* const map = map_.data();
+    if constexpr (std::is_same_v<Source, DoubleByteSource> && std::is_same_v<Target, DoubleByteTarget>)
+      qxTools::ConvertBlocks(at.from, end, at.to, [map](const char* from, char* to) {
+        const std::uint16_t counterpart = map[Source::ReadKnown(from).key];
+        Target::Write(counterpart, to);
+        return counterpart != 0;
+      });
     while (end - at.from >= Source::kLongest) {
       const Character character = Source::ReadKnown(at.from);
       const std::uint16_t counterpart = map[character.key];
@@ -228,11 +250,23 @@ class MapTranscoder : public Transcoder {
   bool started_ = false;
 };
 
+/// The map with the pairs of double-byte encodings as they lie in memory, to be read and written whole.
+CodeMap WithPairsAsInMemory(const CodeMap& codes, TextEncoding from, TextEncoding to) {
+  const auto inMemory = [](std::size_t code, TextEncoding encoding) {
+    const auto swapped = static_cast<std::uint16_t>(code >> 8 | code << 8);
+    return encoding == TextEncoding::kUtf8 ? static_cast<std::uint16_t>(code) : swapped;
+  };
+  CodeMap map(codes.size());
+  for (std::size_t code = 0; code < codes.size(); ++code)
+    map[inMemory(code, from)] = inMemory(codes[code], to);
+  return map;
+}
+
 }  // namespace
 
 std::unique_ptr<Transcoder> MakeTranscoder(TextEncoding from, TextEncoding to, OnLoss onLoss) {
   using enum TextEncoding;
-  CodeMap map = MakeCodeMap(from, to);
+  CodeMap map = WithPairsAsInMemory(MakeCodeMap(from, to), from, to);
   const auto make = [&]<class Source, class Target>(ScriptConversion script) -> std::unique_ptr<Transcoder> {
     return std::make_unique<MapTranscoder<Source, Target>>(std::move(map), script, std::move(onLoss));
   };
