@@ -13,34 +13,28 @@ namespace qxTools::QXStrTools {
 namespace {
 
 // Replaces from left to right in one reading. That is exact as long as no replacement becomes part of a new
-// occurrence together with the text around it; if one does, there is no result. `compared` is the form
-// of `s` in which `old` is looked for.
+// occurrence together with the text around it; if one may do so, there is no result. A new one is still there
+// at the end, but for those that the next replacement tears: they overlap the next occurrence, so `old` can
+// overlap itself and little is between the two. `compared` is the form of `s` in which `old` is looked for.
 std::optional<std::string> ReplaceInOneReading(std::string_view s, std::string_view compared,
                                                std::string_view old, std::string_view replacement) {
-  const Automaton automaton(old);
+  const std::size_t nearest = Automaton(old).Overlaps() ? old.size() - 1 : 0;
+  const bool separate = s.data() != compared.data();
   std::string text;
+  std::string read;  // the text as compared, where that is another one
   text.reserve(s.size());
   std::size_t done = 0;
-  std::size_t matched = 0;  // the beginning of an occurrence that ends the last replacement
-  bool joined = false;
+  bool torn = false;
   VisitApart(old, compared, [&](std::size_t offset) {
+    torn = done > 0 && offset - done < nearest;
     text.append(s, done, offset - done).append(replacement);
-    std::string_view before = compared.substr(done, offset - done);
-    if (before.size() >= old.size()) {
-      before.remove_prefix(before.size() - old.size() + 1);
-      matched = 0;
-    }
+    if (separate) read.append(compared, done, offset - done).append(replacement);
     done = offset + old.size();
-    joined = automaton.Read(before, matched) || automaton.Read(replacement, matched);
-    std::size_t ahead = matched;
-    for (std::size_t i = done; i < compared.size() && ahead > i - done && !joined; ++i) {
-      ahead = automaton.Feed(ahead, compared[i]);
-      joined = ahead == old.size();
-    }
-    return !joined;
+    return !torn;
   });
-  if (joined) return std::nullopt;
   text.append(s, done);
+  if (separate) read.append(compared, done);
+  if (torn || WayTo(old, separate ? read : text, 1).count > 0) return std::nullopt;
   return text;
 }
 
@@ -127,7 +121,8 @@ class Passes {
 
 std::string ReplaceAll(std::string_view s, std::string_view compared, std::string_view old,
                        std::string_view replacement) {
-  std::optional<std::string> text = ReplaceInOneReading(s, compared, old, replacement);
+  std::optional<std::string> text;
+  if (WayTo(old, replacement, 1).count == 0) text = ReplaceInOneReading(s, compared, old, replacement);
   return text ? std::move(*text) : Passes(s, compared, old, replacement).Run();
 }
 

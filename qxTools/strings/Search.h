@@ -36,6 +36,9 @@ class Automaton {
     return false;
   }
 
+  /// Whether two occurrences can overlap.
+  bool Overlaps() const { return borders_.back() > 0; }
+
  private:
   std::string_view sub_;
   std::vector<std::size_t> borders_;  // [i]: the border of the first i + 1 bytes
