@@ -14,7 +14,6 @@ using QXStrTools::At;
 
 namespace {
 
-constexpr std::string_view kBetweenFields = "#][#";
 constexpr std::size_t kNoField = std::numeric_limits<std::size_t>::max();
 
 std::size_t FindField(std::string_view line, const FieldMarks& marks, std::string_view name) {
@@ -79,25 +78,33 @@ namespace {
 
 // A header's fields and their numbers, from 1, by name: the first of equal names.
 struct Header {
-  std::string line{};
-  FieldMarks fields{};
+  struct Field {
+    std::string_view name;
+    Integer number;
+  };
+
+  const std::string line;
+  std::vector<Field> fields{};
   HashIndex<Integer> numbers{};
 
-  Header() = default;
   explicit Header(std::string_view text);
   auto HasName(std::string_view name) const {
     return [this, name](Integer number) {
-      return SameHashedName(fields.Text(line, static_cast<std::size_t>(number) - 1), name);
+      return SameHashedName(fields[static_cast<std::size_t>(number) - 1].name, name);
     };
+  }
+  Integer NumberOf(std::string_view name) const {
+    const Integer* const found = numbers.Find({CaselessHash(name)}, HasName(name));
+    return found != nullptr ? *found : 0;
   }
 };
 
-HashTag TagOf(std::string_view name) { return {CaselessHash(name)}; }
-
-Header::Header(std::string_view text) : line(text), fields(text) {
-  for (std::size_t i = 0; i < fields.Count(); ++i) {
-    const std::string_view name = fields.Text(line, i);
-    numbers.Insert(static_cast<Integer>(i) + 1, TagOf(name), HasName(name));
+Header::Header(std::string_view text) : line(text) {
+  const FieldMarks marks(line);
+  fields.resize(marks.Count());
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const std::string_view name = fields[i].name = marks.Text(line, i);
+    fields[i].number = numbers.Insert(static_cast<Integer>(i) + 1, {CaselessHash(name)}, HasName(name));
   }
 }
 
@@ -111,8 +118,9 @@ struct TQXStringTable::State {
   Integer recNo = 0;
 
   // What was worked out from the lines, and after how many of their changes.
-  Header header{};
+  std::unique_ptr<const Header> header{};
   std::uint64_t headerChanges = kNever;
+  std::size_t nextField = 0;  // in the header, after the one that was asked for last
   FieldMarks record{};
   Integer recordNumber = 0;
   std::uint64_t recordChanges = kNever;
@@ -124,16 +132,21 @@ struct TQXStringTable::State {
 
 // The table has a line.
 const Header& TQXStringTable::State::HeaderOf(const TQXStringTable& table) {
-  if (headerChanges == table.GetChanges()) return header;
-  if (header.line != table.GetStrings(0)) header = Header(table.GetStrings(0));
+  if (headerChanges == table.GetChanges()) return *header;
+  if (header == nullptr || header->line != table.GetStrings(0))
+    header = std::make_unique<Header>(table.GetStrings(0));
   headerChanges = table.GetChanges();
-  return header;
+  return *header;
 }
 
+// Fields are mostly asked for one after the other.
 Integer TQXStringTable::State::NumberOf(const TQXStringTable& table, std::string_view name) {
   const Header& known = HeaderOf(table);
-  const Integer* const found = known.numbers.Find(TagOf(name), known.HasName(name));
-  return found != nullptr ? *found : 0;
+  if (nextField >= known.fields.size()) nextField = 0;
+  const bool isNext = !known.fields.empty() && known.fields[nextField].name == name;
+  const Integer number = isNext ? known.fields[nextField].number : known.NumberOf(name);
+  nextField = static_cast<std::size_t>(number);
+  return number;
 }
 
 const FieldMarks& TQXStringTable::State::RecordOf(const TQXStringTable& table, std::string_view line) {
@@ -187,7 +200,7 @@ void TQXStringTable::RemoveField(std::string_view name) {
 }
 
 Integer TQXStringTable::GetFieldCount() const {
-  return GetEmpty() ? 0 : static_cast<Integer>(state_->HeaderOf(*this).fields.Count());
+  return GetEmpty() ? 0 : static_cast<Integer>(state_->HeaderOf(*this).fields.size());
 }
 
 // --- Records -----------------------------------------------------------------
@@ -195,17 +208,20 @@ Integer TQXStringTable::GetFieldCount() const {
 void TQXStringTable::AddRecord(const std::vector<std::string>& values) {
   if (GetEmpty()) return;
   const auto count = static_cast<std::size_t>(GetFieldCount());
-  std::size_t size = kFieldBegin.size() + count * kBetweenFields.size();
+  std::size_t size = count * (kFieldBegin.size() + kFieldEnd.size());
   for (const std::string& value : values) size += value.size();
-  std::string line;
-  line.reserve(size);
-  line.append(kFieldBegin);
+  std::string line(size, '\0');
+  char* end = line.data();
+  const auto put = [&end](std::string_view piece) { end += piece.copy(end, piece.size()); };
   for (std::size_t i = 0; i < count; ++i) {
-    if (i < values.size()) line.append(TrimSpaces(values[i]));
-    line.append(kBetweenFields);
+    put(kFieldBegin);
+    if (i < values.size()) put(TrimSpaces(values[i]));
+    put(kFieldEnd);
   }
-  line.resize(line.size() - kFieldBegin.size());  // after the last field none begins
+  line.resize(static_cast<std::size_t>(end - line.data()));
+  const std::uint64_t changes = GetChanges() + 1;
   Add(std::move(line));
+  state_->headerChanges = changes;  // after this one the header is as it was
 }
 
 void TQXStringTable::NewEmptyRecord() { AddRecord({}); }
