@@ -1,5 +1,6 @@
 #include <qxTools/base/Ascii.h>
 #include <qxTools/base/Lines.h>
+#include <qxTools/base/Search.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/strings/QXStrTools.h>
@@ -21,11 +22,13 @@ void AppendSQLStr(std::string& out, std::string_view s) {
     return;
   }
   out += '\'';
-  for (std::size_t quote = s.find('\''); quote != std::string_view::npos; quote = s.find('\'')) {
-    out.append(s, 0, quote + 1) += '\'';
-    s.remove_prefix(quote + 1);
-  }
-  out.append(s) += '\'';
+  std::size_t done = 0;
+  Search::VisitApart("'", s, [&](std::size_t quote) {
+    out.append(s, done, quote + 1 - done) += '\'';
+    done = quote + 1;
+    return true;
+  });
+  out.append(s, done) += '\'';
 }
 
 std::size_t QuotedSize(std::string_view s) { return s.size() + CountByte(s, '\'') + 2; }

@@ -1,5 +1,5 @@
+#include <qxTools/base/Search.h>
 #include <qxTools/strings/QXStrTools.h>
-#include <qxTools/strings/Search.h>
 
 #include <algorithm>
 #include <limits>
@@ -12,7 +12,7 @@ namespace {
 std::size_t OffsetOf(std::string_view sub, std::string_view s, Integer n) {
   if (n <= 0) return std::string_view::npos;
   const std::size_t wanted = static_cast<std::size_t>(n);
-  const Way way = WayTo(sub, s, wanted);
+  const Search::Way way = Search::WayTo(sub, s, wanted);
   return way.count == wanted ? way.last : std::string_view::npos;
 }
 
@@ -29,12 +29,12 @@ Integer At(std::string_view sub, std::string_view s, Integer n) {
 }
 
 Integer Occurs(std::string_view sub, std::string_view s) {
-  return static_cast<Integer>(WayTo(sub, s, std::numeric_limits<std::size_t>::max()).count);
+  return static_cast<Integer>(Search::WayTo(sub, s, std::numeric_limits<std::size_t>::max()).count);
 }
 
 std::string GetAt(std::string_view sep, std::string_view s, Integer n) {
   const std::size_t wanted = static_cast<std::size_t>(std::max(n, 1));
-  const Way way = WayTo(sep, s, wanted);
+  const Search::Way way = Search::WayTo(sep, s, wanted);
   if (way.count == 0) return std::string(s);
   if (n <= 0) return std::string();
   if (way.count < wanted) return std::string(s.substr(way.last + sep.size()));

@@ -1,6 +1,6 @@
 #include <qxTools/base/Ascii.h>
+#include <qxTools/base/Search.h>
 #include <qxTools/strings/QXStrTools.h>
-#include <qxTools/strings/Search.h>
 
 #include <algorithm>
 #include <limits>
@@ -18,14 +18,14 @@ namespace {
 // overlap itself and little is between the two. `compared` is the form of `s` in which `old` is looked for.
 std::optional<std::string> ReplaceInOneReading(std::string_view s, std::string_view compared,
                                                std::string_view old, std::string_view replacement) {
-  const std::size_t nearest = Automaton(old).Overlaps() ? old.size() - 1 : 0;
+  const std::size_t nearest = Search::Automaton(old).Overlaps() ? old.size() - 1 : 0;
   const bool separate = s.data() != compared.data();
   std::string text;
   std::string read;  // the text as compared, where that is another one
   text.reserve(s.size());
   std::size_t done = 0;
   bool torn = false;
-  VisitApart(old, compared, [&](std::size_t offset) {
+  Search::VisitApart(old, compared, [&](std::size_t offset) {
     torn = done > 0 && offset - done < nearest;
     text.append(s, done, offset - done).append(replacement);
     if (separate) read.append(compared, done, offset - done).append(replacement);
@@ -34,7 +34,7 @@ std::optional<std::string> ReplaceInOneReading(std::string_view s, std::string_v
   });
   text.append(s, done);
   if (separate) read.append(compared, done);
-  if (torn || WayTo(old, separate ? read : text, 1).count > 0) return std::nullopt;
+  if (torn || Search::WayTo(old, separate ? read : text, 1).count > 0) return std::nullopt;
   return text;
 }
 
@@ -53,7 +53,7 @@ class Passes {
   }
 
   std::string Run() {
-    std::size_t passes = WayTo(old_, compared_, std::numeric_limits<std::size_t>::max()).count;
+    std::size_t passes = Search::WayTo(old_, compared_, std::numeric_limits<std::size_t>::max()).count;
     while (passes-- > 0 && ReadToMatch()) PutIn();
     for (; !rest_.empty(); rest_.pop_back()) shown_ += rest_.back().shown;
     return std::move(shown_);
@@ -82,7 +82,7 @@ class Passes {
 
   // With nothing but the end of the text left, and no occurrence begun.
   bool LeapToMatch() {
-    const Way way = WayTo(old_, rest_.back().compared, 1);
+    const Search::Way way = Search::WayTo(old_, rest_.back().compared, 1);
     if (way.count == 0) return false;
     Take(way.last + old_.size());
     return true;
@@ -114,7 +114,7 @@ class Passes {
   bool separate_;       // the compared form is another text than the shown one
   std::string shown_;   // what has been read, free of occurrences
   std::string passed_;  // the same as compared, where that is another text
-  Automaton automaton_;
+  Search::Automaton automaton_;
   std::size_t matched_ = 0;
   std::vector<Piece> rest_;  // what has not, the last piece first
 };
@@ -122,7 +122,8 @@ class Passes {
 std::string ReplaceAll(std::string_view s, std::string_view compared, std::string_view old,
                        std::string_view replacement) {
   std::optional<std::string> text;
-  if (WayTo(old, replacement, 1).count == 0) text = ReplaceInOneReading(s, compared, old, replacement);
+  if (Search::WayTo(old, replacement, 1).count == 0)
+    text = ReplaceInOneReading(s, compared, old, replacement);
   return text ? std::move(*text) : Passes(s, compared, old, replacement).Run();
 }
 

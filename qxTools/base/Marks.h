@@ -1,7 +1,7 @@
 /// @file
 /// Marks where a short text is among 64 offsets in a row, without a branch for each.
 ///
-/// Private to this folder. Offsets here count from 0.
+/// Offsets here count from 0.
 #pragma once
 
 #include <algorithm>
@@ -15,7 +15,7 @@
 #include <emmintrin.h>
 #endif
 
-namespace qxTools::QXStrTools {
+namespace qxTools::Search {
 
 inline constexpr std::size_t kBlock = 64;  ///< The offsets that are marked at one time.
 inline constexpr std::size_t kMarked = 9;  ///< The length to which marks are exact.
@@ -94,4 +94,4 @@ inline std::size_t HighestMark(std::uint64_t marks) {
   return kBlock - 1 - static_cast<std::size_t>(std::countl_zero(marks));
 }
 
-}  // namespace qxTools::QXStrTools
+}  // namespace qxTools::Search

@@ -1,10 +1,10 @@
 /// @file
-/// The search under QXStrTools: every occurrence of a text in another, in one forward walk.
+/// The search under the units: every occurrence of a text in another, in one forward walk.
 ///
-/// Private to this folder. Offsets here count from 0.
+/// Offsets here count from 0.
 #pragma once
 
-#include <qxTools/strings/Marks.h>
+#include <qxTools/base/Marks.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-namespace qxTools::QXStrTools {
+namespace qxTools::Search {
 
 /// Recognises `sub` in a stream of bytes by its borders (Knuth, Morris and Pratt), reading each byte once.
 class Automaton {
@@ -141,4 +141,4 @@ void VisitApart(std::string_view sub, std::string_view s, Visit visit) {
   });
 }
 
-}  // namespace qxTools::QXStrTools
+}  // namespace qxTools::Search

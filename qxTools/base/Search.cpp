@@ -1,6 +1,6 @@
-#include <qxTools/strings/Search.h>
+#include <qxTools/base/Search.h>
 
-namespace qxTools::QXStrTools {
+namespace qxTools::Search {
 
 Automaton::Automaton(std::string_view sub) : sub_(sub), borders_(sub.size()) {
   std::size_t matched = 0;
@@ -22,4 +22,4 @@ Way WayTo(std::string_view sub, std::string_view s, std::size_t n) {
   return way;
 }
 
-}  // namespace qxTools::QXStrTools
+}  // namespace qxTools::Search
