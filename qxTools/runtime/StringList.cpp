@@ -20,7 +20,12 @@ constexpr std::size_t kLargestStep = 1 << 20;
 
 TStrings::TStrings(std::initializer_list<std::string_view> lines) : lines_(lines) { Gather(); }
 
-TStrings::TStrings(const TStrings& other) : TObject(other), lines_(other.lines_) { Gather(); }
+TStrings::TStrings(const TStrings& other)
+    : TObject(other),
+      lines_(other.lines_),
+      texts_(other.texts_),
+      size_(other.size_),
+      abandoned_(other.abandoned_) {}
 
 TStrings::~TStrings() = default;
 
@@ -45,14 +50,15 @@ void TStrings::LoadFromFile(const std::string& fileName) { SetWholeText(ReadWhol
 
 // The lines are where they are in the text, none is copied.
 void TStrings::SetWholeText(std::string&& text) {
-  Texts texts;
-  texts.push_front(std::move(text));
-  const std::string_view whole = texts.front();
+  const auto kept = std::make_shared<std::string>(std::move(text));
+  const std::string_view whole = *kept;
   std::vector<std::string_view> lines;
   lines.reserve(CountByte(whole, '\n') + 1);
   ForEachLine(whole, [&](std::string_view line) { lines.push_back(line); });
+  Texts texts{kept};
   lines_ = std::move(lines);
   texts_ = std::move(texts);
+  hasRoom_ = false;
   size_ = whole.size();
   abandoned_ = 0;
   Changed();
@@ -62,8 +68,9 @@ void TStrings::Assign(const TStrings& source) {
   TStrings copy(source);  // first: without memory for it nothing changes
   lines_.swap(copy.lines_);
   texts_.swap(copy.texts_);
+  hasRoom_ = false;
   size_ = copy.size_;
-  abandoned_ = 0;
+  abandoned_ = copy.abandoned_;
   Changed();
 }
 
@@ -74,11 +81,14 @@ void TStrings::SaveToFile(const std::string& fileName) const { SaveWholeFile(fil
 // Copies a line, which may be one of the list's own, to where it stays.
 std::string_view TStrings::Keep(std::string_view line) {
   Texts replaced;
-  if (texts_.empty() || texts_.front().capacity() - texts_.front().size() < line.size()) {
+  if (!hasRoom_ || texts_.front()->capacity() - texts_.front()->size() < line.size()) {
     if (abandoned_ > size_ / 2) replaced = Gather();
-    texts_.emplace_front().reserve(std::max(line.size(), std::clamp(size_, kSmallestStep, kLargestStep)));
+    auto text = std::make_shared<std::string>();
+    text->reserve(std::max(line.size(), std::clamp(size_, kSmallestStep, kLargestStep)));
+    texts_.push_front(std::move(text));
+    hasRoom_ = true;
   }
-  std::string& text = texts_.front();
+  std::string& text = *texts_.front();
   text.append(line);
   size_ += line.size();
   return std::string_view(text).substr(text.size() - line.size());
@@ -88,8 +98,8 @@ std::string_view TStrings::Keep(std::string_view line) {
 TStrings::Texts TStrings::Gather() {
   std::size_t size = 0;
   for (const std::string_view line : lines_) size += line.size();
-  Texts texts(1);
-  std::string& text = texts.front();
+  Texts texts{std::make_shared<std::string>()};
+  std::string& text = *texts.front();
   text.reserve(size);
   for (std::string_view& line : lines_) {
     text.append(line);
@@ -97,6 +107,7 @@ TStrings::Texts TStrings::Gather() {
   }
   size_ = size;
   abandoned_ = 0;
+  hasRoom_ = false;
   texts_.swap(texts);
   return texts;
 }
@@ -119,8 +130,10 @@ Integer TStrings::Add(std::string_view line) {
 
 Integer TStrings::Add(std::string&& line) {
   if (line.size() < kLargestStep) return Add(std::string_view(line));
-  size_ += texts_.emplace_front(std::move(line)).size();
-  lines_.push_back(texts_.front());
+  texts_.push_front(std::make_shared<std::string>(std::move(line)));
+  hasRoom_ = false;
+  size_ += texts_.front()->size();
+  lines_.push_back(*texts_.front());
   Changed();
   return GetCount() - 1;
 }
@@ -143,6 +156,7 @@ void TStrings::Clear() {
   if (lines_.empty()) return;
   lines_ = {};
   texts_.clear();
+  hasRoom_ = false;
   size_ = abandoned_ = 0;
   Changed();
 }

@@ -19,7 +19,7 @@ namespace qxTools {
 /// Every change fires the change event once, after the change. Between BeginUpdate and EndUpdate the event is
 /// held back; the outermost EndUpdate fires it once, whether anything changed or not. What the handler throws
 /// reaches the caller; the change has been made then. If memory runs out during a change, std::bad_alloc is
-/// thrown and the list is unchanged.
+/// thrown and the list is unchanged. Copies of a list share the bytes of its lines.
 class QXTOOLS_API TStrings : public TObject {
  public:
   /// Makes an empty list without a change event.
@@ -87,7 +87,8 @@ class QXTOOLS_API TStrings : public TObject {
   std::uint64_t GetChanges() const { return changes_; }
 
  private:
-  using Texts = std::forward_list<std::string>;  // a text never moves
+  // Lists that are copies of each other share their texts, whose bytes never move or change.
+  using Texts = std::forward_list<std::shared_ptr<std::string>>;
 
   std::size_t Checked(Integer index) const;
   void Changed();
@@ -96,7 +97,8 @@ class QXTOOLS_API TStrings : public TObject {
   Texts Gather();
 
   std::vector<std::string_view> lines_;
-  Texts texts_;                // that hold the lines; the first one may have room for more
+  Texts texts_;                // that hold the lines
+  bool hasRoom_ = false;       // in the first text, which is this list's to append to
   std::size_t size_ = 0;       // of the texts
   std::size_t abandoned_ = 0;  // bytes of lines that were replaced or deleted
   std::shared_ptr<TNotifyEvent> onChange_;

@@ -76,12 +76,16 @@ TEST(StringList, FilesAreBytesAndEveryBreakParts) {
   EXPECT_EQ(BytesOf(name), std::string("\xEF\xBB\xBF\xA4\xA4\r\n\0\r\n\r\nb\r\n\r\n\r\n", 19));
 }
 
-// Lines of many lengths, some of them the list's own, until texts are full, gathered and full again.
+// Lines of many lengths, some of them the list's own, until texts are full, gathered and full again; in two
+// lists, which are copies of each other now and then.
 TEST(StringList, AgreesWithAVectorWhateverIsDone) {
   std::mt19937 random(3);
-  TStringList list;
-  std::vector<std::string> lines;
-  for (int step = 0; step < 4000; ++step) {
+  TStringList lists[2];
+  std::vector<std::string> both[2];
+  for (int step = 0; step < 8000; ++step) {
+    const auto which = random() % 2;
+    TStringList& list = lists[which];
+    std::vector<std::string>& lines = both[which];
     const auto place = static_cast<Integer>(random() % (lines.size() + 1));
     const std::size_t length = random() % 500 == 0 ? 1 << 20 : random() % 30 * (random() % 30);
     std::string line(length, static_cast<char>('a' + random() % 26));
@@ -106,7 +110,8 @@ TEST(StringList, AgreesWithAVectorWhateverIsDone) {
         lines.erase(at);
         break;
       case 5:
-        list = TStringList(list);
+        list = lists[1 - which];
+        lines = both[1 - which];
         break;
       case 6:
         if (random() % 30 == 0) list.SetText(list.GetText());
