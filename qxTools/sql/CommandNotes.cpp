@@ -6,18 +6,22 @@ namespace qxTools::QXSqlTools {
 
 namespace {
 
-/// Whether both marks of a comment are there, anywhere and in any order. Each has a "/".
-template <class Char>
-bool HasComment(std::basic_string_view<Char> text) {
+/// Which marks of a comment are there. A text has comments if it has both, anywhere and in any order.
+struct Marks {
   bool hasOpen = false;
   bool hasClose = false;
-  for (std::size_t i = FindUnit(text, Char('/'), 0); i < text.size() && !(hasOpen && hasClose);
-       i = FindUnit(text, Char('/'), i + 1)) {
-    hasOpen = hasOpen || (i + 1 < text.size() && text[i + 1] == Char('*'));
-    hasClose = hasClose || (i > 0 && text[i - 1] == Char('*'));
+  bool AreBoth() const { return hasOpen && hasClose; }
+
+  /// Each mark has a "/".
+  template <class Char>
+  void Search(std::basic_string_view<Char> text) {
+    for (std::size_t i = FindUnit(text, Char('/'), 0); i < text.size() && !AreBoth();
+         i = FindUnit(text, Char('/'), i + 1)) {
+      hasOpen = hasOpen || (i + 1 < text.size() && text[i + 1] == Char('*'));
+      hasClose = hasClose || (i > 0 && text[i - 1] == Char('*'));
+    }
   }
-  return hasOpen && hasClose;
-}
+};
 
 /// Keeps what is outside comments. On purpose: each "/" outside removes the character after it too, and each
 /// "*" inside skips the one after it, so that "/* x **/" never closes.
@@ -63,12 +67,20 @@ std::basic_string<Char> TrimLines(std::basic_string_view<Char> text) {
 
 template <class Char>
 void Remove(std::basic_string<Char>& text) {
-  if (!HasComment<Char>(text)) return;
+  Marks marks;
+  marks.Search<Char>(text);
+  if (!marks.AreBoth()) return;
   DropComments(text);
   text = TrimLines<Char>(text);
 }
 
 }  // namespace
+
+bool HasNotes(const TStrings& lines) {
+  Marks marks;
+  for (Integer i = 0; i < lines.GetCount() && !marks.AreBoth(); ++i) marks.Search(lines.GetStrings(i));
+  return marks.AreBoth();
+}
 
 void RemoveNotes(std::string& text) { Remove(text); }
 void RemoveNotes(std::u16string& text) { Remove(text); }

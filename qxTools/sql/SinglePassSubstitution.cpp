@@ -28,11 +28,12 @@ void SinglePassSubstitution::Add(std::string_view name, std::string literal) {
     hasOtherNames_ = true;
 }
 
-std::optional<std::string> SinglePassSubstitution::Apply(std::string_view text) const {
-  const auto cannotMatch = [this](const std::string& literal) { return CannotMatch(literal); };
-  if (hasOtherNames_ || !std::ranges::all_of(literals_, cannotMatch)) return std::nullopt;
-  std::string out;
-  out.reserve(text.size());
+bool SinglePassSubstitution::CanBeExact() const {
+  return !hasOtherNames_ &&
+         std::ranges::all_of(literals_, [this](const std::string& literal) { return CannotMatch(literal); });
+}
+
+bool SinglePassSubstitution::Append(std::string& out, std::string_view text) const {
   std::size_t done = 0;      // up to here the text is in `out`
   std::size_t tokenEnd = 0;  // of the token before
   for (std::size_t mark = text.find('@'); mark != kNone; mark = text.find('@', tokenEnd)) {
@@ -42,12 +43,12 @@ std::optional<std::string> SinglePassSubstitution::Apply(std::string_view text) 
     const ParameterNames::Match match = names_.Find(token.substr(1));
     if (match.item < 0) continue;
     const std::string& literal = literals_[static_cast<std::size_t>(match.item)];
-    if (touchesToken && (literal.empty() || IsNameChar(literal[0]))) return std::nullopt;
+    if (touchesToken && (literal.empty() || IsNameChar(literal[0]))) return false;
     out.append(text, done, mark - done).append(literal);
     done = mark + 1 + match.size;
   }
   out.append(text, done);
-  return out;
+  return true;
 }
 
 /// Whether no name matches inside the literal, now or together with what follows it.

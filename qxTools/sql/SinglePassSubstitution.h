@@ -3,7 +3,6 @@
 
 #include <qxTools/sql/ParameterNames.h>
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +20,12 @@ class SinglePassSubstitution {
   /// Adds the next parameter of the list. An empty name replaces nothing.
   void Add(std::string_view name, std::string literal);
 
-  /// Returns the text with the literals in place, or nothing if one pass would not be exact.
-  std::optional<std::string> Apply(std::string_view text) const;
+  /// Returns whether one pass may be exact, as far as names and literals tell.
+  bool CanBeExact() const;
+
+  /// Appends the text with the literals in place. Returns false, and has appended a part of it, if one pass
+  /// would not be exact.
+  bool Append(std::string& out, std::string_view text) const;
 
  private:
   bool CannotMatch(std::string_view literal) const;

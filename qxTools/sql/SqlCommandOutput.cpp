@@ -1,6 +1,8 @@
 // The output of a command: comments out, values in.
 #include <qxTools/base/CodePage950Bytes.h>
+#include <qxTools/base/Lines.h>
 #include <qxTools/sql/CommandNotes.h>
+#include <qxTools/sql/LinePieces.h>
 #include <qxTools/sql/QXSqlTools.h>
 #include <qxTools/sql/SinglePassSubstitution.h>
 #include <qxTools/strings/QXStrTools.h>
@@ -23,19 +25,53 @@ std::string LiteralOf(const TQXSQLItem& item) {
   }
 }
 
-std::optional<std::string> FillInOnePass(std::string_view text, const TQXSQLItems& items) {
+/// The lines that are filled, and whether they are in main codes already.
+struct Source {
+  const TStrings& lines;
+  bool hasMainCodes;
+
+  void UseMainCodes(std::string& text) const {
+    if (!hasMainCodes) qxTools::UseMainCodes(text);
+  }
+};
+
+/// Returns false, and has added something, where one pass is not exact.
+bool FillInOnePass(const Source& source, const TQXSQLItems& items, TStrings& filled) {
   SinglePassSubstitution substitution;
   for (Integer i = 0; i < items.GetCount(); ++i)
     substitution.Add(items.GetItems(i)->GetName(), LiteralOf(*items.GetItems(i)));
-  return substitution.Apply(text);
+  std::string out;
+  return substitution.CanBeExact() && ForEachPiece(source.lines, [&](std::string& piece) {
+           source.UseMainCodes(piece);
+           out.clear();
+           if (!substitution.Append(out, piece)) return false;
+           ForEachLine<char>(out, [&](std::string_view line) { filled.Add(line); });
+           return true;
+         });
 }
 
-std::string FillItemByItem(std::string text, const TQXSQLItems& items) {
+void FillItemByItem(const Source& source, const TQXSQLItems& items, TStrings& filled) {
+  std::string text = source.lines.GetText();
+  source.UseMainCodes(text);
   for (Integer i = 0; i < items.GetCount(); ++i) {
     const TQXSQLItem& item = *items.GetItems(i);
     text = QXStrTools::ReplaceAllStr(text, item.GetName(), LiteralOf(item), true);
   }
-  return text;
+  filled.SetText(text);
+}
+
+void Fill(const Source& source, const TQXSQLItems& items, TStrings& filled) {
+  if (!FillInOnePass(source, items, filled)) FillItemByItem(source, items, filled);
+}
+
+/// Removing comments can join two bytes to a character of a second code, which stays.
+TStrings WithoutNotes(const TStrings& lines) {
+  std::string text = lines.GetText();
+  UseMainCodes(text);
+  RemoveNotes(text);
+  TStrings kept;
+  kept.SetText(text);
+  return kept;
 }
 
 }  // namespace
@@ -48,12 +84,12 @@ WideString TQXSQL::ClearNote(std::u16string_view text) {
 
 TStrings& TQXSQL::GetOutLines() {
   outLines_.Clear();
-  std::string text = inLines_.GetText();
-  UseMainCodes(text);
-  RemoveNotes(text);
-  auto filled = FillInOnePass(text, params_);
-  text = filled ? *std::move(filled) : FillItemByItem(std::move(text), params_);
-  outLines_.SetText(text);
+  TStrings filled;
+  if (HasNotes(inLines_))
+    Fill({WithoutNotes(inLines_), true}, params_, filled);
+  else
+    Fill({inLines_, false}, params_, filled);
+  outLines_.Assign(filled);
   return outLines_;
 }
 

@@ -1,5 +1,6 @@
 #include <qxTools/base/CodePage950Bytes.h>
 #include <qxTools/base/Lines.h>
+#include <qxTools/sql/LinePieces.h>
 #include <qxTools/sql/StoreProcText.h>
 #include <qxTools/strings/QXStrTools.h>
 
@@ -144,22 +145,13 @@ bool StaysApart(const Macro& macro) {
          text.front() != ']' && text.back() != '#' && text.back() != '[';
 }
 
-/// Returns false, and has appended something, where one pass is not exact. Lines are joined to pieces that
-/// the nearest cache holds, so that a large statement is not in memory once more.
+/// Returns false, and has appended something, where one pass is not exact.
 bool AppendLines(std::string& out, const TStrings& lines, const std::vector<Macro>& macros) {
-  constexpr std::size_t kPiece = 16 << 10;
   if (!std::ranges::all_of(macros, StaysApart)) return false;
   const std::optional<MacroTable> table = TableOf(macros);
   const auto append = [&](std::string_view text) { AppendDoubled(out, text); };
-  bool exact = table.has_value();
-  std::string piece;
-  for (Integer i = 0; i < lines.GetCount() && exact; ++i) {
-    piece.append(lines.GetStrings(i)).append(kLineBreak);
-    if (piece.size() < kPiece && i + 1 < lines.GetCount()) continue;
-    exact = ExpandInOnePass(piece, *table, append);
-    piece.clear();
-  }
-  return exact;
+  return table &&
+         ForEachPiece(lines, [&](std::string_view piece) { return ExpandInOnePass(piece, *table, append); });
 }
 
 }  // namespace
