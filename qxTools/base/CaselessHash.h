@@ -33,22 +33,38 @@ inline std::uint64_t EightAt(const char* p) {
   return word;
 }
 
-/// Equal for names that are SameText: what tells capitals from small letters is the bit 0x20.
-inline std::uint32_t CaselessHash(std::string_view name) {
-  constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
-  std::uint64_t hash = name.size();
-  const auto mix = [&](std::uint64_t word) {
-    hash = (hash ^ (word | 0x2020202020202020)) * kSpread;
-    hash ^= hash >> 32;
-  };
-  if (name.size() < 8) {
-    mix(WordOf(name));
-  } else {
-    const char* const last = name.data() + name.size() - 8;  // which may overlap the eight before it
-    for (const char* p = name.data(); p < last; p += 8) mix(EightAt(p));
-    mix(EightAt(last));
+/// Hashes of what a text begins with, shortest first; its bytes are read by words and no further than needed.
+/// They are equal for beginnings that are SameText: what tells capitals from small letters is the bit 0x20.
+class CaselessPrefixes {
+ public:
+  explicit CaselessPrefixes(std::string_view text) : text_(text) {}
+
+  /// Returns the hash of the first `size` bytes. `size` must not be less than in the call before.
+  std::uint32_t HashOf(std::size_t size) {
+    if (size < 8) return Finished(Mixed(WordOf(text_.substr(0, size))), size);
+    for (; read_ + 8 < size; read_ += 8) hash_ = Mixed(EightAt(&text_[read_]));
+    return Finished(Mixed(EightAt(&text_[size - 8])), size);  // which may overlap the eight before it
   }
-  return static_cast<std::uint32_t>(hash * kSpread >> 32);
+
+ private:
+  static constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
+
+  std::uint64_t Mixed(std::uint64_t word) const {
+    const std::uint64_t mixed = (hash_ ^ (word | 0x2020202020202020)) * kSpread;
+    return mixed ^ mixed >> 32;
+  }
+  static std::uint32_t Finished(std::uint64_t hash, std::size_t size) {
+    return static_cast<std::uint32_t>((hash ^ size) * kSpread >> 32);
+  }
+
+  std::string_view text_;
+  std::size_t read_ = 0;
+  std::uint64_t hash_ = 0;  // of the words that are read
+};
+
+/// Equal for names that are SameText.
+inline std::uint32_t CaselessHash(std::string_view name) {
+  return CaselessPrefixes(name).HashOf(name.size());
 }
 
 /// Returns whether two names are equal, without a call of the C library: they are short.

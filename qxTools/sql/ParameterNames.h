@@ -4,13 +4,14 @@
 #include <qxTools/base/Types.h>
 #include <qxTools/runtime/HashIndex.h>
 
+#include <string_view>
 #include <vector>
 
 namespace qxTools::QXSqlTools {
 
-/// Finds, among the names that a text begins with, the one that is first in the list. Names are in capitals
-/// and without their "@". A hash of the text is computed letter by letter; at each size that a name has, it
-/// is looked up. Only name characters are hashed: among them the bit 0x20 tells letters' cases alone.
+/// Finds, among the names that a text begins with, the one that is first in the list. Names are without their
+/// "@" and must outlive this object. At each size that a name has, the text's beginning is looked up, in any
+/// letter case.
 class ParameterNames {
  public:
   struct Match {
@@ -21,7 +22,7 @@ class ParameterNames {
   };
 
   /// Adds the name of the item at a place; places must rise.
-  void Add(std::string upperName, Integer item);
+  void Add(std::string_view name, Integer item);
 
   Match Find(std::string_view run) const;
 
@@ -29,8 +30,8 @@ class ParameterNames {
   bool IsName(Integer item, std::string_view text) const;
 
   HashIndex<Match> index_;
-  std::vector<std::string> names_;  // by place
-  std::vector<std::size_t> sizes_;  // of the names, each once, rising
+  std::vector<std::string_view> names_;  // by place
+  std::vector<std::size_t> sizes_;       // of the names, each once, rising
 };
 
 }  // namespace qxTools::QXSqlTools

@@ -1,4 +1,3 @@
-#include <qxTools/base/Ascii.h>
 #include <qxTools/sql/NameScanner.h>
 #include <qxTools/sql/SinglePassSubstitution.h>
 
@@ -23,7 +22,7 @@ void SinglePassSubstitution::Add(std::string_view name, std::string literal) {
   literals_.push_back(std::move(literal));
   if (name.empty()) return;
   if (IsToken(name))
-    names_.Add(UpperCase(name.substr(1)), static_cast<Integer>(literals_.size() - 1));
+    names_.Add(name.substr(1), static_cast<Integer>(literals_.size() - 1));
   else
     hasOtherNames_ = true;
 }

@@ -17,7 +17,7 @@ namespace qxTools::QXSqlTools {
 /// the pass gives up.
 class SinglePassSubstitution {
  public:
-  /// Adds the next parameter of the list. An empty name replaces nothing.
+  /// Adds the next parameter of the list. An empty name replaces nothing. The name must outlive this object.
   void Add(std::string_view name, std::string literal);
 
   /// Returns whether one pass may be exact, as far as names and literals tell.
