@@ -1,32 +1,57 @@
 #include <qxTools/base/Ascii.h>
 #include <qxTools/base/Exceptions.h>
+#include <qxTools/base/Marks.h>
 #include <qxTools/runtime/StrAlloc.h>
 #include <qxTools/strings/QXStrTools.h>
 
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <iterator>
 
 namespace qxTools::QXStrTools {
 
 namespace {
 
-constexpr std::string_view kBlanks = "                ";
+constexpr std::size_t kStep = sizeof(Search::Bytes);
 
-// Of as many bytes as kBlanks has. Padded fields have many blanks.
-bool IsBlank(const char* p) { return std::memcmp(p, kBlanks.data(), kBlanks.size()) == 0; }
+// A bit for each of the bytes at `p` that is no blank.
+std::uint64_t NoBlanks(const char* p) {
+  Search::Bytes bytes;
+  std::memcpy(&bytes, p, kStep);
+  return Search::Bits(bytes != Search::Bytes{} + static_cast<unsigned char>(' '));
+}
+
+std::size_t LeadingBlanks(std::string_view s) {
+  std::size_t count = 0;
+  for (; s.size() - count >= kStep; count += kStep) {
+    if (const std::uint64_t others = NoBlanks(&s[count])) return count + Search::LowestMark(others);
+  }
+  return std::min(s.find_first_not_of(' ', count), s.size());
+}
+
+std::size_t TrailingBlanks(std::string_view s) {
+  std::size_t end = s.size();
+  for (; end >= kStep; end -= kStep) {
+    if (const std::uint64_t others = NoBlanks(&s[end - kStep]))
+      return s.size() - end + kStep - 1 - Search::HighestMark(others);
+  }
+  return s.size() - (s.substr(0, end).find_last_not_of(' ') + 1);
+}
 
 std::string_view TrimmedView(std::string_view s, bool left, bool right) {
-  while (left && s.size() >= kBlanks.size() && IsBlank(s.data())) s.remove_prefix(kBlanks.size());
-  while (right && s.size() >= kBlanks.size() && IsBlank(s.data() + s.size() - kBlanks.size()))
-    s.remove_suffix(kBlanks.size());
-  if (left) s.remove_prefix(std::min(s.find_first_not_of(' '), s.size()));
-  if (right) s.remove_suffix(s.size() - (s.find_last_not_of(' ') + 1));
-  return s;
+  const std::size_t leading = left ? LeadingBlanks(s) : 0;
+  const std::size_t trailing = right && leading < s.size() ? TrailingBlanks(s) : 0;
+  return s.substr(leading, s.size() - leading - trailing);
 }
 
 std::string_view TillNul(const char* p) { return p != nullptr ? std::string_view(p) : std::string_view(); }
+
+// The number of decimal digits, without a branch for each.
+std::size_t CountDigits(Integer value) {
+  std::size_t count = 1;
+  for (std::int64_t power = 10; power <= 1000000000; power *= 10) count += value >= power;
+  return count;
+}
 
 // The value of a hexadecimal digit, or -1.
 constexpr int HexDigit(char c) {
@@ -91,11 +116,9 @@ bool InList(std::string_view s, const TArrayString& list, bool caseSensitive) {
 }
 
 std::string StrEx(Integer value, Integer width) {
-  char digits[10];
-  const auto end = value < 0 ? digits : std::to_chars(digits, std::end(digits), value).ptr;
-  const auto count = static_cast<std::size_t>(end - digits);
+  const std::size_t count = value < 0 ? 0 : CountDigits(value);
   std::string text(std::max(static_cast<std::size_t>(std::max(width, 0)), count), '0');
-  std::copy(digits, end, text.end() - (end - digits));
+  if (count > 0) std::to_chars(text.data() + text.size() - count, text.data() + text.size(), value);
   return text;
 }
 
