@@ -3,6 +3,7 @@
 #include <qxTools/base/AsciiFastPath.h>
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/calendar/ChineseNumerals.h>
+#include <qxTools/calendar/MinguoWords.h>
 #include <qxTools/calendar/QXMinguoDate.h>
 #include <qxTools/runtime/DateTime.h>
 #include <qxTools/runtime/FormatSettings.h>
@@ -14,13 +15,6 @@ namespace qxTools::QXMinguoDate {
 namespace {
 
 constexpr char kChineseRepublic[] = "\xA4\xA4\xB5\xD8\xA5\xC1\xB0\xEA";  // 中華民國
-constexpr char kRepublic[] = "\xA5\xC1\xB0\xEA";                         // 民國
-constexpr char kBeforeRepublic[] = "\xA5\xC1\xAB\x65";                   // 民前
-constexpr char kBefore[] = "\xAB\x65";                                   // 前
-constexpr char kFirst[] = "\xA4\xB8";                                    // 元
-constexpr char kYear[] = "\xA6\x7E";                                     // 年
-constexpr char kMonth[] = "\xA4\xEB";                                    // 月
-constexpr char kDay[] = "\xA4\xE9";                                      // 日
 
 constexpr char kNoForm[] = "the form is not one of 113/5/1, 113.5.1, 113-5-1, 1130501 and the Chinese ones";
 constexpr char kGregorianYear[] = "a ROC year has at most three digits";

@@ -1,6 +1,7 @@
 // Writing a date in the ROC calendar; MinguoReader.cpp reads it.
 #include <qxTools/base/Exceptions.h>
 #include <qxTools/calendar/ChineseNumerals.h>
+#include <qxTools/calendar/MinguoWords.h>
 #include <qxTools/calendar/QXMinguoDate.h>
 #include <qxTools/runtime/DateTime.h>
 
@@ -10,13 +11,6 @@ namespace qxTools::QXMinguoDate {
 
 namespace {
 
-constexpr char kRepublic[] = "\xA5\xC1\xB0\xEA";        // 民國
-constexpr char kBeforeRepublic[] = "\xA5\xC1\xAB\x65";  // 民前
-constexpr char kBefore[] = "\xAB\x65";                  // 前
-constexpr char kFirst[] = "\xA4\xB8";                   // 元
-constexpr char kYear[] = "\xA6\x7E";                    // 年
-constexpr char kMonth[] = "\xA4\xEB";                   // 月
-constexpr char kDay[] = "\xA4\xE9";                     // 日
 constexpr int kLastYear = 999;
 
 /// On purpose: there is no year 0; 1911 is the year before 1.

@@ -16,7 +16,7 @@ constexpr auto kCaptions = std::to_array<const char*>({"Warning", "Error", "Info
 constexpr auto kResults = std::to_array<Integer>({6, 7, 1, 2, 3, 4, 5, 8, 9, 10, 0});
 constexpr Integer kCancelled = 2;
 
-DialogService* pluggedIn = nullptr;
+DialogService* pluggedInDialogs = nullptr;
 
 }  // namespace
 
@@ -38,11 +38,11 @@ Integer GetCloseResult(TDialogButtons buttons) {
   return std::has_single_bit(answering) ? GetDialogResult(static_cast<TDialogButton>(answering)) : kCancelled;
 }
 
-DialogService* SetDialogService(DialogService* service) { return std::exchange(pluggedIn, service); }
+DialogService* SetDialogService(DialogService* service) { return std::exchange(pluggedInDialogs, service); }
 
 DialogService& GetDialogService() {
-  if (pluggedIn == nullptr) throw Exception("No dialog service");
-  return *pluggedIn;
+  if (pluggedInDialogs == nullptr) throw Exception("No dialog service");
+  return *pluggedInDialogs;
 }
 
 }  // namespace qxTools

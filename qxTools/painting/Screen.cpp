@@ -7,21 +7,21 @@ namespace qxTools {
 
 namespace {
 
-ScreenSource* pluggedIn = nullptr;
+ScreenSource* pluggedInScreen = nullptr;
 
 }  // namespace
 
 ScreenSource::~ScreenSource() = default;
 
-ScreenSource* SetScreenSource(ScreenSource* source) { return std::exchange(pluggedIn, source); }
+ScreenSource* SetScreenSource(ScreenSource* source) { return std::exchange(pluggedInScreen, source); }
 
 TPoint GetScreenSize() {
   constexpr Integer kNoLimit = std::numeric_limits<Integer>::max();
-  return pluggedIn != nullptr ? pluggedIn->GetScreenSize() : TPoint{kNoLimit, kNoLimit};
+  return pluggedInScreen != nullptr ? pluggedInScreen->GetScreenSize() : TPoint{kNoLimit, kNoLimit};
 }
 
 bool GetWindowRect(WindowHandle window, TRect& rect) {
-  return pluggedIn != nullptr && pluggedIn->GetWindowRect(window, rect);
+  return pluggedInScreen != nullptr && pluggedInScreen->GetWindowRect(window, rect);
 }
 
 }  // namespace qxTools

@@ -6,14 +6,14 @@ namespace qxTools {
 
 namespace {
 
-TextPainter* pluggedIn = nullptr;
+TextPainter* pluggedInPainter = nullptr;
 
 }  // namespace
 
 TextPainter::~TextPainter() = default;
 
-TextPainter* SetTextPainter(TextPainter* painter) { return std::exchange(pluggedIn, painter); }
+TextPainter* SetTextPainter(TextPainter* painter) { return std::exchange(pluggedInPainter, painter); }
 
-TextPainter* GetTextPainter() { return pluggedIn; }
+TextPainter* GetTextPainter() { return pluggedInPainter; }
 
 }  // namespace qxTools

@@ -7,14 +7,14 @@ namespace qxTools {
 
 namespace {
 
-ClockSource* pluggedIn = nullptr;
+ClockSource* pluggedInClock = nullptr;
 
 }  // namespace
 
 ClockSource::~ClockSource() = default;
 
-ClockSource* SetClockSource(ClockSource* source) { return std::exchange(pluggedIn, source); }
+ClockSource* SetClockSource(ClockSource* source) { return std::exchange(pluggedInClock, source); }
 
-TDateTime Now() { return pluggedIn != nullptr ? pluggedIn->Now() : SystemNow(); }
+TDateTime Now() { return pluggedInClock != nullptr ? pluggedInClock->Now() : SystemNow(); }
 
 }  // namespace qxTools

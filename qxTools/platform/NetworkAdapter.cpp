@@ -7,7 +7,7 @@ namespace qxTools {
 
 namespace {
 
-AdapterSource* pluggedIn = nullptr;
+AdapterSource* pluggedInAdapters = nullptr;
 
 AdapterStatus ReadSystem(AdapterAddress& address) {
   std::vector<SystemAdapter> adapters;
@@ -22,10 +22,10 @@ AdapterStatus ReadSystem(AdapterAddress& address) {
 
 AdapterSource::~AdapterSource() = default;
 
-AdapterSource* SetAdapterSource(AdapterSource* source) { return std::exchange(pluggedIn, source); }
+AdapterSource* SetAdapterSource(AdapterSource* source) { return std::exchange(pluggedInAdapters, source); }
 
 AdapterStatus ReadAdapterAddress(AdapterAddress& address) {
-  return pluggedIn != nullptr ? pluggedIn->Read(address) : ReadSystem(address);
+  return pluggedInAdapters != nullptr ? pluggedInAdapters->Read(address) : ReadSystem(address);
 }
 
 }  // namespace qxTools

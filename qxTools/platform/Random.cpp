@@ -8,7 +8,7 @@ namespace qxTools {
 
 namespace {
 
-RandomSource* pluggedIn = nullptr;
+RandomSource* pluggedInRandom = nullptr;
 
 std::uint64_t state = 0;  // the one fixed state that every process starts from
 
@@ -37,13 +37,13 @@ void SystemRandomSource::Draw(std::uint32_t* numbers, std::size_t count) {
 }
 
 RandomSource* SetRandomSource(RandomSource* source) {
-  RandomSource* const before = pluggedIn;
-  pluggedIn = source;
+  RandomSource* const before = pluggedInRandom;
+  pluggedInRandom = source;
   return before;
 }
 
 void DrawRandom(std::uint32_t* numbers, std::size_t count) {
-  if (pluggedIn != nullptr) return pluggedIn->Draw(numbers, count);
+  if (pluggedInRandom != nullptr) return pluggedInRandom->Draw(numbers, count);
   std::uint64_t from = state;  // beside the loop, so that no draw waits for memory
   std::generate_n(numbers, count, [&from] { return DrawBuiltIn(from); });
   state = from;

@@ -7,12 +7,6 @@
 
 namespace qxTools::qxSqlStoreProc {
 
-namespace {
-
-constexpr int kTrimBoth = 0;
-
-}  // namespace
-
 TStoreProcParamType VarToParamType(const Variant& value) {
   switch (value.Type()) {
     case varEmpty:
@@ -59,7 +53,7 @@ Integer VarLength(const Variant& value) {
 TQXSqlStoreProcItem::~TQXSqlStoreProcItem() = default;
 
 void TQXSqlStoreProcItem::SetName(std::string_view name) {
-  std::string trimmed = QXStrTools::Trim(name, kTrimBoth);
+  std::string trimmed = QXStrTools::Trim(name, 0);
   upperName_ = UpperCase(trimmed);
   name_ = std::move(trimmed);
   if (names_ != nullptr) names_->Drop();

@@ -12,8 +12,6 @@ namespace qxTools::qxSqlStoreProc {
 
 namespace {
 
-constexpr std::size_t kNone = std::string_view::npos;
-
 constexpr std::string_view kMacroOpen = "[$";
 constexpr std::string_view kQuoteMark = "[##]";
 constexpr std::string_view kLineBreak = "\r\n";

@@ -10,6 +10,9 @@
 
 namespace qxTools::qxSqlStoreProc {
 
+/// The place of what is not found.
+inline constexpr std::size_t kNone = std::string_view::npos;
+
 /// A macro's name, brackets included, and its text.
 using Macro = std::pair<std::string, std::string>;
 

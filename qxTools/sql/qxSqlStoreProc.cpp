@@ -32,7 +32,6 @@ void ReleaseGlobals() { StoreProcParamTypeStr = {}; }
 namespace {
 
 constexpr int kTrimBoth = 0;
-constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::string_view kItemSeparator = " , ";
 
 std::string Trim(std::string_view s) { return QXStrTools::Trim(s, kTrimBoth); }

@@ -14,14 +14,14 @@ namespace qxTools {
 
 namespace {
 
-constexpr std::size_t kPiece = std::size_t{1} << 20;
+constexpr std::size_t kReadPiece = std::size_t{1} << 20;
 
 /// A named pipe that nobody has opened for writing since it was opened here: its end is no end.
 bool IsUnwrittenPipe(int fd) {
   struct stat info {};
   if (::fstat(fd, &info) != 0 || !S_ISFIFO(info.st_mode)) return false;
-  pollfd state{fd, POLLIN, 0};
-  return ::poll(&state, 1, 0) == 0;
+  pollfd ready{fd, POLLIN, 0};
+  return ::poll(&ready, 1, 0) == 0;
 }
 
 std::string FileErrorText(const char* what, const std::string& fileName) {
@@ -110,7 +110,7 @@ SystemFile OpenFile(const std::string& fileName, int flags, unsigned mode) {
 std::string ReadToEnd(SystemFile& file, const std::string& fileName) {
   struct stat info {};
   // One byte more than the file has, so that its end is met without another piece.
-  const auto size = file.IsRegular(info) ? static_cast<std::uint64_t>(info.st_size) + 1 : kPiece;
+  const auto size = file.IsRegular(info) ? static_cast<std::uint64_t>(info.st_size) + 1 : kReadPiece;
   std::string bytes;
   errno = S_ISDIR(info.st_mode) ? EISDIR : EFBIG;
   if (S_ISDIR(info.st_mode) || size > bytes.max_size()) RaiseCannotOpen(fileName);

@@ -14,7 +14,7 @@ namespace qxTools {
 
 namespace {
 
-constexpr std::size_t kPiece = std::size_t{1} << 16;
+constexpr std::size_t kCopiedPiece = std::size_t{1} << 16;
 
 [[noreturn]] void RaiseCannotWrite() { throw EWriteError("Stream write error"); }
 
@@ -37,7 +37,7 @@ bool Reserve(int fd, std::int64_t oldSize, std::int64_t size) {
 }
 
 void CopyAll(SystemFile& from, SystemFile& to) {
-  std::array<char, kPiece> piece;
+  std::array<char, kCopiedPiece> piece;
   from.SetPosition(0);
   to.SetPosition(0);
   while (const std::size_t got = from.Read(piece.data(), piece.size())) to.Write(piece.data(), got);

@@ -205,7 +205,7 @@ void LengthOfValue(const Event&, Context& context) {
     ReportItem(context, "its length follows the value: each length is a plan of its own");
 }
 
-constexpr Rule kRules[] = {
+constexpr Rule kCallRules[] = {
     {"CALL501", Level::kError, FileKind::kCall, 0, true, "a parameter without a type, or an empty variant",
      "Unknown is no type of the server, and an empty variant writes nothing between two commas.",
      "Set every parameter, on purpose to Null too.", "declare @MM_Code Unknown\nset @MM_Code=A1\n",
@@ -256,6 +256,6 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> CallRules() { return kRules; }
+std::span<const Rule> CallRules() { return kCallRules; }
 
 }  // namespace qxtool::check

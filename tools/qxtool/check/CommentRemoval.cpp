@@ -10,7 +10,7 @@ namespace qxtool::check {
 
 namespace {
 
-constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::size_t kNotFound = std::string_view::npos;
 constexpr std::string_view kOpen = "/*";
 constexpr std::string_view kClose = "*/";
 
@@ -33,24 +33,24 @@ Range FrontOf(std::string_view text, const std::vector<Range>& comments) {
 
 CommentRemoval RemovedByCommand(std::string_view text) {
   CommentRemoval removal;
-  if (text.find(kOpen) == kNone || text.find(kClose) == kNone) return removal;
-  std::size_t open = kNone;
+  if (text.find(kOpen) == kNotFound || text.find(kClose) == kNotFound) return removal;
+  std::size_t open = kNotFound;
   for (std::size_t place = 0;;) {
-    const std::size_t mark = text.find(open == kNone ? '/' : '*', place);
-    if (mark == kNone || mark + 1 == text.size()) break;
+    const std::size_t mark = text.find(open == kNotFound ? '/' : '*', place);
+    if (mark == kNotFound || mark + 1 == text.size()) break;
     place = mark + 1 + CharacterSize(text, mark + 1);
-    if (open == kNone) {
+    if (open == kNotFound) {
       if (text[mark + 1] == '*')
         open = mark;
       else
         removal.slashes.push_back({mark, place});
     } else if (text[mark + 1] == '/') {
       removal.comments.push_back({open, place});
-      open = kNone;
+      open = kNotFound;
     }
   }
   removal.openComment = open;
-  if (open != kNone) removal.comments.push_back({open, text.size()});
+  if (open != kNotFound) removal.comments.push_back({open, text.size()});
   return removal;
 }
 
@@ -93,7 +93,7 @@ class CallComments {
 CommentRemoval RemovedByCall(std::string_view text) {
   CallComments comments;
   std::size_t open = text.find(kOpen);
-  for (std::size_t close = text.find(kClose); close != kNone; close = text.find(kClose, comments.End())) {
+  for (std::size_t close = text.find(kClose); close != kNotFound; close = text.find(kClose, comments.End())) {
     if (open < comments.End()) open = text.find(kOpen, comments.End());
     const bool joins = comments.Joins(text);
     if (!joins && open > close) break;

@@ -79,7 +79,7 @@ void Joined(const Event& event, Context& context) {
   if (before && behind) context.Report(event, "two words become one where this comment is removed");
 }
 
-constexpr Rule kRules[] = {
+constexpr Rule kCommentRules[] = {
     {"SQL101", Level::kError, FileKind::kStatement, kCommandRoute, true,
      "a slash outside comments, in a command with comments",
      "Once a command holds a comment, every slash outside comments is removed, together with the character "
@@ -116,6 +116,6 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> CommentRules() { return kRules; }
+std::span<const Rule> CommentRules() { return kCommentRules; }
 
 }  // namespace qxtool::check

@@ -6,7 +6,7 @@ namespace qxtool::check {
 
 namespace {
 
-std::string HexOf(char c) {
+std::string ByteInHex(char c) {
   constexpr char kDigits[] = "0123456789ABCDEF";
   return {kDigits[Byte(c) >> 4], kDigits[Byte(c) & 15]};
 }
@@ -18,7 +18,7 @@ void StrayByte(const Event&, Context& context) {
   const std::string_view text = context.text;
   for (std::size_t i = 0; i < text.size(); i += CharacterSize(text, i))
     if (Byte(text[i]) >= 0x80 && CharacterSize(text, i) == 1)
-      context.Report(i, i + 1, "the byte " + HexOf(text[i]) + " begins no character of code page 950");
+      context.Report(i, i + 1, "the byte " + ByteInHex(text[i]) + " begins no character of code page 950");
 }
 
 void OtherEncoding(const Event&, Context& context) {
@@ -53,14 +53,14 @@ void OddCharacters(const Event&, Context& context) {
   const std::string_view text = context.text;
   for (std::size_t i = 0; i < text.size();) {
     const std::size_t size = CharacterSize(text, i);
-    if (IsOddControl(text[i])) context.Report(i, i + 1, "the control byte " + HexOf(text[i]));
+    if (IsOddControl(text[i])) context.Report(i, i + 1, "the control byte " + ByteInHex(text[i]));
     if (size == 2 && IsUserDefined(text, i))
       context.Report(i, i + 2, "a user-defined character, which other systems show otherwise");
     i += size;
   }
 }
 
-constexpr Rule kRules[] = {
+constexpr Rule kEncodingRules[] = {
     {"ENC101", Level::kError, FileKind::kText, 0, true, "a byte that is no character of code page 950",
      "Programs take the byte behind it along: a quote or a line end can vanish.", "Put the character right.",
      "Name \xFF\n", "Name\n", On(EventKind::kWholeFile), StrayByte},
@@ -84,6 +84,6 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> EncodingRules() { return kRules; }
+std::span<const Rule> EncodingRules() { return kEncodingRules; }
 
 }  // namespace qxtool::check

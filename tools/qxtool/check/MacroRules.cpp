@@ -37,7 +37,7 @@ void OtherSpelling(const Event& event, Context& context) {
     context.Report(event, "only the first spelling, [$" + Shown(first->second) + "], is replaced");
 }
 
-constexpr Rule kRules[] = {
+constexpr Rule kMacroRules[] = {
     {"SQL301", Level::kWarning, FileKind::kStatement, kEveryRoute, true,
      "a macro that may not be meant as one",
      "A macro is [$ and all up to the next ]: the class of a LIKE pattern becomes one. [##] becomes two "
@@ -59,6 +59,6 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> MacroRules() { return kRules; }
+std::span<const Rule> MacroRules() { return kMacroRules; }
 
 }  // namespace qxtool::check

@@ -148,7 +148,7 @@ void Argument(const Event& event, Context& context) {
   context.Report(event, "the name of this argument is taken for a parameter");
 }
 
-constexpr Rule kRules[] = {
+constexpr Rule kNameRules[] = {
     {"SQL201", Level::kError, FileKind::kStatement, kCommandRoute, true,
      "a name that begins a longer one found later",
      "A command replaces name after name in the order in which they are found, by plain text. The shorter "
@@ -209,6 +209,6 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> NameRules() { return kRules; }
+std::span<const Rule> NameRules() { return kNameRules; }
 
 }  // namespace qxtool::check

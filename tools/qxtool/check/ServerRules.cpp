@@ -71,7 +71,7 @@ bool IsYearFirst(const DateShape& shape) {
   return shape.digits[0] == 4 && IsShort(shape.digits[1]) && IsShort(shape.digits[2]);
 }
 
-void LocalDate(const Event& event, Context& context) {
+void AmbiguousDate(const Event& event, Context& context) {
   const auto shape = ReadDate(Inner(event, context));
   if (!shape) return;
   const bool yearLast = IsShort(shape->digits[0]) && IsShort(shape->digits[1]) &&
@@ -152,7 +152,7 @@ void DynamicText(const Event& event, Context& context) {
     context.Report(event.begin, event.end, Level::kInformation, "the text of a variable is executed");
 }
 
-constexpr Rule kRules[] = {
+constexpr Rule kServerRules[] = {
     {"SQL401", Level::kError, FileKind::kStatement, kEveryRoute, true, "a command of query tools",
      "GO, $(name), :r and :setvar are read by the clients that run scripts. For a server they are syntax "
      "errors.",
@@ -180,7 +180,7 @@ constexpr Rule kRules[] = {
      "a date that depends on the server's language",
      "DATEFORMAT and the language of the login decide which number is the month.", "Write '20240102'.",
      "select Code from Orders where Day = '1/2/2024'\n", "select Code from Orders where Day = '20240102'\n",
-     On(EventKind::kLiteral), LocalDate},
+     On(EventKind::kLiteral), AmbiguousDate},
     {"SQL405", Level::kInformation, FileKind::kStatement, kEveryRoute, false,
      "a date with dashes, which datetime reads by the server's language",
      "As datetime '2024-01-02' is read by DATEFORMAT; as date and datetime2 it is not.",
@@ -217,6 +217,6 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> ServerRules() { return kRules; }
+std::span<const Rule> ServerRules() { return kServerRules; }
 
 }  // namespace qxtool::check

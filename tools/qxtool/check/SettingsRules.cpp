@@ -85,7 +85,7 @@ void OddNames(const Event&, Context& context) {
   });
 }
 
-constexpr Rule kRules[] = {
+constexpr Rule kSettingsRules[] = {
     {"INI101", Level::kWarning, FileKind::kSettings, 0, true, "a line that a save loses or moves",
      "Comments and stray lines are not kept. A record before any section ends the load (an error).",
      "Move it into a record, or to another file.", "Main:[%RootKey%]\n[%\n  // old\n  Mode:fast\n%]\n",
@@ -105,6 +105,6 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> SettingsRules() { return kRules; }
+std::span<const Rule> SettingsRules() { return kSettingsRules; }
 
 }  // namespace qxtool::check

@@ -11,8 +11,6 @@ namespace qxtool::check {
 
 namespace {
 
-constexpr std::size_t kNone = std::string_view::npos;
-
 constexpr bool IsLetter(unsigned c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 constexpr bool IsDigit(unsigned c) { return c >= '0' && c <= '9'; }
 
@@ -120,8 +118,8 @@ std::size_t SqlLexer::ReadNumber() const {
 std::size_t SqlLexer::ReadLiteral(Token& token, std::size_t quote) const {
   token.kind = TokenKind::kLiteral;
   std::size_t close = text_.find('\'', quote + 1);
-  while (close != kNone && At(close + 1, '\'')) close = text_.find('\'', close + 2);
-  token.closed = close != kNone;
+  while (close != std::string_view::npos && At(close + 1, '\'')) close = text_.find('\'', close + 2);
+  token.closed = close != std::string_view::npos;
   const std::size_t end = token.closed ? close + 1 : text_.size();
   token.beyondAscii = !qxTools::IsAllAscii(text_.data() + quote, text_.data() + end);
   return end;

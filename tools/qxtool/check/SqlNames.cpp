@@ -4,12 +4,6 @@
 
 namespace qxtool::check {
 
-namespace {
-
-constexpr std::size_t kNone = std::string_view::npos;
-
-}  // namespace
-
 bool IsParameter(std::string_view name, Route route) {
   return route != Route::kCall || qxTools::SameText(name.substr(0, name.find('_')), "MM");
 }
@@ -37,11 +31,11 @@ SqlMacros::SqlMacros(const KeptText& kept)
 
 bool SqlMacros::Next(MacroUse& use) {
   const std::size_t open = text_.find("[$", place_);
-  if (open == kNone) return false;
+  if (open == std::string_view::npos) return false;
   std::size_t end = open + 2;
   while (end < text_.size() && qxTools::IsNameChar(text_[end])) ++end;
   use.plain = end < text_.size() && text_[end] == ']' && end > open + 2;
-  use.closed = lastClose_ != kNone && lastClose_ > open;
+  use.closed = lastClose_ != std::string_view::npos && lastClose_ > open;
   use.name = text_.substr(open + 2, end - open - 2);
   const bool secondOpen = seconds_.IsSecond(open);
   use.secondByte = secondOpen || (use.plain && seconds_.IsSecond(end));

@@ -49,7 +49,7 @@ Suppressions::Comment ReadComment(std::string_view text, std::size_t mark) {
 
 void Refused(const Event&, Context&) {}
 
-constexpr Rule kRules[] = {
+constexpr Rule kSuppressionsRules[] = {
     {"IGN101", Level::kWarning, FileKind::kStatement, kEveryRoute, true,
      "a qx:ignore that takes nothing away",
      "The finding is gone, or the line has moved; the next one on this line would pass unseen.", "Remove it.",
@@ -63,7 +63,7 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> SuppressionRules() { return kRules; }
+std::span<const Rule> SuppressionRules() { return kSuppressionsRules; }
 
 bool Suppressions::Comment::IsRefused() const {
   const bool known = std::ranges::all_of(ids, [](const std::string& id) { return FindRule(id) != nullptr; });

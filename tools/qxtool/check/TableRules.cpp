@@ -78,7 +78,7 @@ void OddFields(const Event&, Context& context) {
   });
 }
 
-constexpr Rule kRules[] = {
+constexpr Rule kTableRules[] = {
     {"TAB101", Level::kError, FileKind::kTable, 0, true, "a line whose fields do not fit the header",
      "Fields are counted by their marks. One mark too many or too few shifts all behind it; a record with "
      "fewer fields than the header is a warning.",
@@ -92,6 +92,6 @@ constexpr Rule kRules[] = {
 
 }  // namespace
 
-std::span<const Rule> TableRules() { return kRules; }
+std::span<const Rule> TableRules() { return kTableRules; }
 
 }  // namespace qxtool::check
