@@ -48,8 +48,8 @@ void CheckLine(const std::string& line, const std::string& name, std::int32_t in
 }
 
 void CheckCells(const TQXStringTable& table, const std::string& name) {
-  const std::string header(table.GetStrings(0));
-  const std::string line(table.GetStrings(table.GetRecNo()));
+  const std::string header = table.GetStrings(0);
+  const std::string line = table.GetStrings(table.GetRecNo());
   FUZZ_CHECK(table.GetFieldCount() == FieldCount(header));
   const std::int32_t number = NumberOf(header, name);
   const std::int32_t start = plain::At("[#", line, number) + 2;
@@ -82,8 +82,8 @@ void Run(TQXStringTable& table, fuzz::Input& input) {
       return table.Insert(call / 12, text);
     default: {
       if (table.GetEmpty() || table.GetRecNo() >= table.GetCount()) return;
-      const std::string line(table.GetStrings(table.GetRecNo()));
-      const std::int32_t number = NumberOf(std::string(table.GetStrings(0)), text);
+      const std::string line = table.GetStrings(table.GetRecNo());
+      const std::int32_t number = NumberOf(table.GetStrings(0), text);
       const std::string value = input.Text(6);
       table.SetField(text, value);
       FUZZ_CHECK(table.GetStrings(table.GetRecNo()) == Replaced(line, number, value));

@@ -45,7 +45,7 @@ TStrings StatementLines() {
 
 bool IsWhole(const TStrings& lines) {
   std::size_t size = 0;
-  for (Integer i = 0; i < lines.GetCount(); ++i) size += lines.GetStrings(i).size();
+  for (Integer i = 0; i < lines.GetCount(); ++i) size += lines.GetView(i).size();
   return size >= kBytes - kBytes / 20;
 }
 

@@ -18,7 +18,9 @@ constexpr std::size_t kLargestStep = 1 << 20;
 
 }  // namespace
 
-TStrings::TStrings(std::initializer_list<std::string_view> lines) : lines_(lines) { Gather(); }
+TStrings::TStrings(std::initializer_list<std::string> lines) : lines_(lines.begin(), lines.end()) {
+  Gather();
+}
 
 TStrings::TStrings(const TStrings& other)
     : TObject(other),

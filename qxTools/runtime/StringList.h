@@ -25,7 +25,7 @@ class QXTOOLS_API TStrings : public TObject {
   /// Makes an empty list without a change event.
   TStrings() = default;
   /// Makes a list of these lines.
-  TStrings(std::initializer_list<std::string_view> lines);
+  TStrings(std::initializer_list<std::string> lines);
   /// Copies the lines. The change event is not copied.
   TStrings(const TStrings& other);
   /// Replaces the lines with those of `other`, as Assign does. The change event of this list is kept and
@@ -52,9 +52,12 @@ class QXTOOLS_API TStrings : public TObject {
   // --- Lines, counted from 0 -------------------------------------------------------------------------
   /// Returns the number of lines.
   Integer GetCount() const { return static_cast<Integer>(lines_.size()); }
-  /// Returns the line at `index`. The view is valid until the next change of the list.
+  /// Returns a copy of the line at `index`.
   /// @throws EListError "List index out of bounds (N)".
-  std::string_view GetStrings(Integer index) const { return lines_[Checked(index)]; }
+  std::string GetStrings(Integer index) const { return std::string(GetView(index)); }
+  /// Returns the line at `index` without copying it. The view is valid until the next change of the list.
+  /// @throws EListError "List index out of bounds (N)".
+  std::string_view GetView(Integer index) const { return lines_[Checked(index)]; }
   /// Replaces the line at `index`. Line breaks in `line` are kept in it.
   /// @throws EListError "List index out of bounds (N)".
   void SetStrings(Integer index, std::string_view line);

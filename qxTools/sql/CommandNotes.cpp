@@ -78,7 +78,7 @@ void Remove(std::basic_string<Char>& text) {
 
 bool HasNotes(const TStrings& lines) {
   Marks marks;
-  for (Integer i = 0; i < lines.GetCount() && !marks.AreBoth(); ++i) marks.Search(lines.GetStrings(i));
+  for (Integer i = 0; i < lines.GetCount() && !marks.AreBoth(); ++i) marks.Search(lines.GetView(i));
   return marks.AreBoth();
 }
 

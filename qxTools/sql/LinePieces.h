@@ -14,7 +14,7 @@ bool ForEachPiece(const TStrings& lines, Visit visit) {
   constexpr std::size_t kPiece = 16 << 10;
   std::string piece;
   for (Integer i = 0; i < lines.GetCount(); ++i) {
-    piece.append(lines.GetStrings(i)).append("\r\n");
+    piece.append(lines.GetView(i)).append("\r\n");
     if (piece.size() < kPiece && i + 1 < lines.GetCount()) continue;
     if (!visit(piece)) return false;
     piece.clear();

@@ -173,7 +173,7 @@ std::string ExpandMacros(std::string_view text, const std::vector<Macro>& macros
 std::string QuoteStatement(const TStrings& lines, const std::vector<Macro>& macros, std::string_view end) {
   std::size_t size = end.size();
   for (const auto& [name, value] : macros) size += value.size();
-  for (Integer i = 0; i < lines.GetCount(); ++i) size += lines.GetStrings(i).size() + kLineBreak.size();
+  for (Integer i = 0; i < lines.GetCount(); ++i) size += lines.GetView(i).size() + kLineBreak.size();
   std::string out;
   out.reserve(size + size / 16);  // every 16th may be an apostrophe
   if (!AppendLines(out, lines, macros)) {

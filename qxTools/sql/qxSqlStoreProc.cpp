@@ -221,7 +221,7 @@ void TQXSqlStoreProc::Delete(std::string_view name) {
 
 void TQXSqlStoreProc::LoadParams(const TStrings* lines) {
   std::string joined;
-  for (Integer i = 0; i < lines->GetCount(); ++i) joined.append(lines->GetStrings(i)).append(" ");
+  for (Integer i = 0; i < lines->GetCount(); ++i) joined.append(lines->GetView(i)).append(" ");
   LoadParams(BytesToWide(joined));
 }
 

@@ -133,8 +133,8 @@ struct TQXStringTable::State {
 // The table has a line.
 const Header& TQXStringTable::State::HeaderOf(const TQXStringTable& table) {
   if (headerChanges == table.GetChanges()) return *header;
-  if (header == nullptr || header->line != table.GetStrings(0))
-    header = std::make_unique<Header>(table.GetStrings(0));
+  if (header == nullptr || header->line != table.GetView(0))
+    header = std::make_unique<Header>(table.GetView(0));
   headerChanges = table.GetChanges();
   return *header;
 }
@@ -182,13 +182,13 @@ void TQXStringTable::RevertTable() {
 void TQXStringTable::AddField(std::string_view name) {
   if (GetEmpty())
     Add(GenField(name));
-  else if (FieldIndex(GetStrings(0), name) < 1)
-    SetStrings(0, std::string(GetStrings(0)) + GenField(name));
+  else if (FieldIndex(GetView(0), name) < 1)
+    SetStrings(0, GetStrings(0) + GenField(name));
 }
 
 void TQXStringTable::RemoveField(std::string_view name) {
   if (GetEmpty()) return;
-  std::string header(GetStrings(0));
+  std::string header = GetStrings(0);
   Integer position = 0;
   Integer length = 0;
   AtField(header, name, position, length);
@@ -249,7 +249,7 @@ void TQXStringTable::Next() {
 std::string TQXStringTable::GetField(std::string_view name) const {
   const Integer number = GetEmpty() ? 0 : state_->NumberOf(*this, name);
   if (number < 1) return {};
-  const std::string_view line = GetStrings(state_->recNo);
+  const std::string_view line = GetView(state_->recNo);
   const FieldMarks& record = state_->RecordOf(*this, line);
   const std::size_t i = static_cast<std::size_t>(number) - 1;
   if (i < record.Count()) return std::string(record.Text(line, i));
@@ -262,7 +262,7 @@ std::string TQXStringTable::GetField(std::string_view name) const {
 void TQXStringTable::SetField(std::string_view name, std::string_view value) {
   if (GetEmpty()) return;
   const Integer recNo = state_->recNo;
-  SetStrings(recNo, ReplaceField(GetStrings(recNo), state_->NumberOf(*this, name), value));
+  SetStrings(recNo, ReplaceField(GetView(recNo), state_->NumberOf(*this, name), value));
 }
 
 }  // namespace qxTools::QXStringTable

@@ -19,7 +19,7 @@ const std::string kLong(100, 'l');  // longer than what a string holds without m
 TEST(RuntimeFaults, ListsOfLines) {
   const TStrings source{kLong, "short", kLong + kLong};
   const auto make = [] {
-    return std::make_unique<TStrings>(std::initializer_list<std::string_view>{"a", "b", "c"});
+    return std::make_unique<TStrings>(std::initializer_list<std::string>{"a", "b", "c"});
   };
   // clang-format off
   ExpectAllOrNothing(make, {

@@ -93,7 +93,7 @@ TEST(StringList, AgreesWithAVectorWhateverIsDone) {
     const auto at = lines.begin() + place;
     switch (place == list.GetCount() ? 7 : random() % 7) {
       case 0:
-        list.Insert(place, list.GetStrings(static_cast<Integer>(own)));
+        list.Insert(place, list.GetView(static_cast<Integer>(own)));
         lines.insert(at, std::string(lines[own]));
         break;
       case 1:
@@ -101,7 +101,7 @@ TEST(StringList, AgreesWithAVectorWhateverIsDone) {
         *at = line;
         break;
       case 2:
-        list.SetStrings(place, list.GetStrings(static_cast<Integer>(own)));
+        list.SetStrings(place, list.GetView(static_cast<Integer>(own)));
         *at = lines[own];
         break;
       case 3:

@@ -126,14 +126,13 @@ TEST(qxSqlSafeCall, DeclaredTypesAreKeptAndHoldTheirValues) {
     set.GetItems(0)->SetValue(value);
     TStrings call;
     const TSafeCallOptions options{.Params = ReadSafeParams("@X " + std::string(declared))};
-    EXPECT_EQ(
-        MessageOf([&] {
-          GetSafeStoreProc(set, call, options);
-          const Integer last = call.GetCount() - (call.GetText().ends_with("AS [x]\r\n") ? 2 : 1);
-          const std::string types(call.GetStrings(last - 1));
-          throw Exception(types.substr(5, types.size() - 8) + " , " + std::string(call.GetStrings(last)));
-        }),
-        want);
+    EXPECT_EQ(MessageOf([&] {
+                GetSafeStoreProc(set, call, options);
+                const Integer last = call.GetCount() - (call.GetText().ends_with("AS [x]\r\n") ? 2 : 1);
+                const std::string& types = call.GetStrings(last - 1);
+                throw Exception(types.substr(5, types.size() - 8) + " , " + call.GetStrings(last));
+              }),
+              want);
   }
 }
 

@@ -154,7 +154,7 @@ ExitStatus RunSafe(TQXSqlStoreProc& procedure, const Options& options) {
 
 /// The statement that the call gives to the server: its literal, without the apostrophes that it needs there.
 std::string StatementOfCall(TQXSqlStoreProc& procedure) {
-  const std::string_view line = procedure.GetStoreProc()->GetStrings(1);
+  const std::string line = procedure.GetStoreProc()->GetStrings(1);
   const std::size_t end = line.rfind('\'');
   std::string statement;
   for (std::size_t i = 0; i < end; i += line[i] == '\'' ? 2 : 1) statement += line[i];

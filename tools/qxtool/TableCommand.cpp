@@ -57,7 +57,7 @@ void GoTo(TQXStringTable& table, const Options& options) {
 }
 
 void CheckField(const TQXStringTable& table, const Options& options) {
-  if (QXStringTable::FieldIndex(table.GetStrings(0), FromArgument(options.field)) < 1)
+  if (QXStringTable::FieldIndex(table.GetView(0), FromArgument(options.field)) < 1)
     throw NotThere(Visible(options.file) + ": no field " + Visible(options.field));
 }
 
@@ -75,7 +75,7 @@ void Show(const Options& options) {
   TQXStringTable table("#TEMP");
   Load(table, options);
   const auto line = [&](const std::string& number, Integer i) {
-    TextRow row = FieldsOf(table.GetStrings(i));
+    TextRow row = FieldsOf(table.GetView(i));
     row.insert(row.begin(), number);
     return row;
   };
@@ -101,8 +101,8 @@ void Set(const Options& options) {
   LoadText(table, options, held.Read());
   CheckField(table, options);
   GoTo(table, options);
-  const auto number = QXStringTable::FieldIndex(table.GetStrings(0), FromArgument(options.field));
-  if (FieldMarks(table.GetStrings(options.record)).Count() < static_cast<std::size_t>(number))
+  const auto number = QXStringTable::FieldIndex(table.GetView(0), FromArgument(options.field));
+  if (FieldMarks(table.GetView(options.record)).Count() < static_cast<std::size_t>(number))
     throw Failure(Visible(options.file) + ": record " + std::to_string(options.record) +
                   " has no such field");
   const std::string value = FromArgument(options.text);
@@ -132,7 +132,7 @@ void ToCsv(const Options& options) {
   TQXStringTable table("#TEMP");
   Load(table, options);
   std::vector<TextRow> rows;
-  for (Integer i = 0; i < table.GetCount(); ++i) rows.push_back(FieldsOf(table.GetStrings(i)));
+  for (Integer i = 0; i < table.GetCount(); ++i) rows.push_back(FieldsOf(table.GetView(i)));
   ChangeDateColumns(options.file, rows, options.dates);
   std::string text;
   for (const TextRow& row : rows) text += CsvLine(row);
