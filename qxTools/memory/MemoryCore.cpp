@@ -19,6 +19,9 @@ void Move(void* dest, const void* source, std::size_t count) {
   if (count != 0) std::memmove(dest, source, count);
 }
 
+// Not inlined, as the other functions for what growth seldom does: growing in place needs no stack then.
+[[noreturn, gnu::noinline]] void RaiseTooSmall(const char* message) { throw Exception(message); }
+
 // Bytes from `position` on, which may lie beyond the end.
 Integer Room(Integer size, Integer position) { return std::max(size - position, 0); }
 
@@ -63,9 +66,8 @@ Integer TMemoryOperation::GetSize() const { return size_; }
 void TMemoryOperation::SetPosition(Integer value) { position_ = value >= 0 && value <= size_ ? value : 0; }
 
 void TMemoryOperation::SetSize(Integer value) {
-  if (value <= 0) throw Exception("Size cann`t small then 0");
-  if (value < size_ || value > zeroed_) Resize(value);
-  size_ = value;
+  if (value <= 0) RaiseTooSmall("Size cann`t small then 0");
+  if (!SetSizeInPlace(value)) Resize(value);
 }
 
 // Growth takes the heap's room in steps, so that a block which grows little by little seldom asks the heap.
@@ -75,6 +77,7 @@ void TMemoryOperation::Resize(Integer value) {
   const std::size_t reach = std::max(Bytes(value), std::min(room, Bytes(value) + kStep));
   address_ = static_cast<std::byte*>(HeapResize(address_, Bytes(size_), reach));
   zeroed_ = address_ != nullptr ? static_cast<Integer>(reach) : 0;
+  size_ = value;
 }
 
 void TMemoryOperation::GetMemory(void* dest, std::uint32_t offset, std::uint32_t count) const {
@@ -114,7 +117,7 @@ void* TMemoryBank::FindInterface(const GUID& iid) {
 Integer TMemoryBank::GetCount() const { return count_; }
 
 void TMemoryBank::SetCount(Integer value) {
-  if (count_ < 1) throw Exception("Count cann`t small then 1");
+  if (count_ < 1) RaiseTooSmall("Count cann`t small then 1");
   count_ = value;
   const std::uint32_t size = static_cast<std::uint32_t>(value) * static_cast<std::uint32_t>(elementSize_);
   if (static_cast<Integer>(size) <= 0) UpdateValidCount();  // SetSize throws
@@ -122,6 +125,13 @@ void TMemoryBank::SetCount(Integer value) {
 }
 
 void TMemoryBank::SetSize(Integer value) {
+  if (SetSizeInPlace(value))
+    UpdateValidCount();
+  else
+    ResizeAndUpdate(value);
+}
+
+[[gnu::noinline]] void TMemoryBank::ResizeAndUpdate(Integer value) {
   TMemoryOperation::SetSize(value);
   UpdateValidCount();
 }

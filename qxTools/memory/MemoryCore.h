@@ -141,6 +141,14 @@ class QXTOOLS_API TMemoryOperation : public TInterfacedObject, public virtual IM
  protected:
   void* FindInterface(const GUID& iid) override;
 
+  /// Sets a size for which the block has room and zeros. Returns false for any other size; nothing is changed
+  /// then.
+  bool SetSizeInPlace(Integer value) {
+    if (value < size_ || value > zeroed_) return false;
+    size_ = value;
+    return true;
+  }
+
   std::byte* address_ = nullptr;  ///< The block.
   Integer size_ = 0;              ///< Its bytes in use.
   Integer position_ = 0;          ///< The cursor, which may be beyond the end.
@@ -214,6 +222,8 @@ class QXTOOLS_API TMemoryBank : public TMemoryOperation, public virtual IMemoryB
   Integer elementSize_ = 0;  ///< Bytes of one.
 
  private:
+  void ResizeAndUpdate(Integer value);
+
   const Integer declaredElementSize_;
   std::uint32_t validCount_ = 0;         // elements that are counted and wholly inside the block
   std::uint32_t declaredSizeCount_ = 0;  // validCount_, or 0 while elements have another size than declared
