@@ -95,15 +95,16 @@ class NearestOfTwo {
 };
 
 /// Calls `visit` with each line of a text. Lines are separated by CR LF, LF or CR; a line break at the very
-/// end adds no empty line.
+/// end adds no empty line. `visit` may change the line and the break behind it.
 template <class Char, class Visit>
 void ForEachLine(std::basic_string_view<Char> text, Visit visit) {
   NearestOfTwo<Char> breaks(text, Char('\r'), Char('\n'));
   for (std::size_t start = 0; start < text.size();) {
     const std::size_t end = breaks.From(start);
-    visit(text.substr(start, end - start));
     const bool pair = end + 1 < text.size() && text[end] == Char('\r') && text[end + 1] == Char('\n');
-    start = end + (pair ? 2 : 1);
+    const std::size_t next = end + (pair ? 2 : 1);
+    visit(text.substr(start, end - start));
+    start = next;
   }
 }
 

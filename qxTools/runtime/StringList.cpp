@@ -14,7 +14,7 @@ constexpr std::string_view kLineBreak = "\r\n";
 
 // Room for further lines is made in steps that double up to a limit.
 constexpr std::size_t kSmallestStep = 64;
-constexpr std::size_t kLargestStep = 1 << 20;
+constexpr std::size_t kLargestStep = 1 << 16;
 
 }  // namespace
 

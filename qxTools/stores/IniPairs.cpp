@@ -1,7 +1,7 @@
 #include <qxTools/stores/IniPairs.h>
 
 #include <algorithm>
-#include <cstring>
+#include <utility>
 
 namespace qxTools::qxIniTools {
 
@@ -20,52 +20,92 @@ char* Put(std::string_view text, char* place) {
   return place;
 }
 
-// Whether the text is in the pair's own block, and not in one that a longer value got later.
-bool IsInside(const char* text, const TQXIniPair* pair) {
-  const auto distance = reinterpret_cast<std::uintptr_t>(text) - reinterpret_cast<std::uintptr_t>(pair);
-  return distance < QXMemTools::MemSize(pair);
+TQXIniPair MakeTexts(std::string_view name, std::string_view value) {
+  ZeroedBlock block = MakeZeroedBlock(RoomFor(name) + RoomFor(value));
+  char* const texts = static_cast<char*>(block.release());
+  return {Put(name, texts), Put(value, texts + RoomFor(name))};
 }
 
-void FreeValue(pQXIniPair pair) {
-  if (!IsInside(pair->Value, pair)) MemFree(pair->Value);
+bool IsInside(const char* text, const void* start, std::size_t size) {
+  return reinterpret_cast<std::uintptr_t>(text) - reinterpret_cast<std::uintptr_t>(start) < size;
 }
 
 }  // namespace
 
-ZeroedBlock MakePair(std::string_view name, std::string_view value) {
-  ZeroedBlock block = MakeZeroedBlock(sizeof(TQXIniPair) + RoomFor(name) + RoomFor(value));
-  auto* const pair = new (block.get()) TQXIniPair();
-  char* const texts = reinterpret_cast<char*>(pair + 1);
-  pair->Name = Put(name, texts);
-  pair->Value = Put(value, texts + RoomFor(name));
-  return block;
+Pairs::~Pairs() {
+  for (const pQXIniPair pair : kept_) FreeTexts(*pair);
 }
 
-void SetPairValue(pQXIniPair pair, std::string_view value) {
-  ZeroedBlock copy = value.empty() ? nullptr : MakeZeroedBlock(RoomFor(value));
-  char* const text = Put(value, static_cast<char*>(copy.get()));
-  FreeValue(pair);
+std::string_view Pairs::Load(std::string&& text) {
+  std::string(std::move(text)).swap(loaded_);
+  if (kept_.empty()) pool_.FreeFrom(1);
+  return loaded_;
+}
+
+bool Pairs::IsLoaded(const char* text) const {
+  return IsInside(text, loaded_.data(), loaded_.size());  // no text begins at the zero after it
+}
+
+char* Pairs::EndInPlace(std::string_view piece) {
+  if (piece.empty()) return nullptr;
+  const auto start = static_cast<std::size_t>(piece.data() - loaded_.data());
+  loaded_[start + piece.size()] = '\0';
+  return &loaded_[start];
+}
+
+pQXIniPair Pairs::MakeLoaded(std::string_view name, std::string_view value) {
+  const pQXIniPair pair = pool_.Make();
+  *pair = {EndInPlace(name), EndInPlace(value)};
+  return pair;
+}
+
+pQXIniPair Pairs::Make(std::string_view name, std::string_view value) {
+  const pQXIniPair pair = pool_.Make();
+  try {
+    *pair = MakeTexts(name, value);
+  } catch (...) {
+    pool_.Free(pair);
+    throw;
+  }
+  return pair;
+}
+
+void Pairs::SetValue(pQXIniPair pair, std::string_view value) {
+  char* const text = MakeTexts({}, value).Value;
+  FreeValue(*pair);
   pair->Value = text;
-  static_cast<void>(copy.release());
 }
 
-void FreePair(pQXIniPair pair) {
+void Pairs::FreeValue(const TQXIniPair& pair) {
+  const bool isBesideName = !IsLoaded(pair.Name) && pair.Name != nullptr &&
+                            IsInside(pair.Value, pair.Name, QXMemTools::MemSize(pair.Name));
+  if (!IsLoaded(pair.Value) && !isBesideName) MemFree(pair.Value);
+}
+
+void Pairs::FreeTexts(const TQXIniPair& pair) {
   FreeValue(pair);
-  MemFree(pair);
+  if (!IsLoaded(pair.Name)) MemFree(pair.Name);
 }
 
-KeptPairs::~KeptPairs() {
-  for (const pQXIniPair pair : pairs_) FreePair(pair);
+void Pairs::Free(pQXIniPair pair) {
+  FreeTexts(*pair);
+  pool_.Free(pair);
 }
 
-void KeptPairs::Reserve(std::size_t more) {
-  const std::size_t needed = pairs_.size() + more;
-  if (needed > pairs_.capacity()) pairs_.reserve(std::max(needed, pairs_.size() * 2));
+void Pairs::Reserve(std::size_t more) {
+  const std::size_t needed = kept_.size() + more;
+  if (needed > kept_.capacity()) kept_.reserve(std::max(needed, kept_.size() * 2));
 }
 
-void KeptPairs::Keep(pQXTreeNode node) {
+void Pairs::OwnTexts(pQXTreeNode node) {
+  const pQXIniPair pair = PairOf(node);
+  if (pair != nullptr && (IsLoaded(pair->Name) || IsLoaded(pair->Value)))
+    FreeTexts(std::exchange(*pair, MakeTexts(View(pair->Name), View(pair->Value))));
+}
+
+void Pairs::Keep(pQXTreeNode node) {
   if (PairOf(node) == nullptr) return;
-  pairs_.push_back(PairOf(node));
+  kept_.push_back(PairOf(node));
   node->Data = nullptr;
 }
 

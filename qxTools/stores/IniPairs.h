@@ -1,7 +1,8 @@
 /// @file
-/// The pairs of a settings file, each in one block with its texts. For its own use.
+/// The pairs of a settings file and their texts. For its own use.
 #pragma once
 
+#include <qxTools/stores/NodePool.h>
 #include <qxTools/stores/ZeroedBlock.h>
 #include <qxTools/stores/qxIniTools.h>
 
@@ -10,32 +11,48 @@
 namespace qxTools::qxIniTools {
 
 inline pQXIniPair PairOf(pQXTreeNode node) { return static_cast<pQXIniPair>(node->Data); }
-inline pQXIniPair PairOf(pQXTreeNodeLink link) { return PairOf(link->Node); }
+/// The pair of a tree's link.
+inline pQXIniPair PairOf(pQXTreeNodeLink link) { return PairOf(qxTreeList::NodeOf(link)); }
 
 /// A text of a pair.
 inline std::string_view View(const char* text) { return text != nullptr ? text : std::string_view(); }
 
-/// A block that is a TQXIniPair, followed by its texts. @throws std::bad_alloc
-stores::ZeroedBlock MakePair(std::string_view name, std::string_view value);
-/// Replaces a pair's value. @throws std::bad_alloc; nothing has changed then.
-void SetPairValue(pQXIniPair pair, std::string_view value);
-void FreePair(pQXIniPair pair);
-
-/// Pairs that deletes leave in memory, freed with the settings.
-class KeptPairs {
+/// Makes, changes and frees pairs. The texts of a loaded pair are where they were in the file's text, any
+/// other pair has both in one block; a new value has a block of its own.
+class Pairs {
  public:
-  KeptPairs() = default;
-  KeptPairs(const KeptPairs&) = delete;
-  KeptPairs& operator=(const KeptPairs&) = delete;
-  ~KeptPairs();
+  Pairs() = default;
+  Pairs(const Pairs&) = delete;
+  Pairs& operator=(const Pairs&) = delete;
+  ~Pairs();
 
-  /// Makes room for as many more, so that keeping them cannot fail. @throws std::bad_alloc
+  /// Takes a text to load from, instead of the last one. No pairs are in use but those that are kept.
+  std::string_view Load(std::string&& text);
+  /// Makes a pair of two pieces of the loaded text and ends each with a zero there. @throws std::bad_alloc
+  pQXIniPair MakeLoaded(std::string_view name, std::string_view value);
+  /// @throws std::bad_alloc
+  pQXIniPair Make(std::string_view name, std::string_view value);
+  /// Replaces a pair's value. @throws std::bad_alloc; nothing has changed then.
+  void SetValue(pQXIniPair pair, std::string_view value);
+  void Free(pQXIniPair pair);
+
+  // Deletes leave some pairs in memory, as long as this object. Keeping one cannot fail after these two.
+  /// Makes room to keep as many more. @throws std::bad_alloc
   void Reserve(std::size_t more);
-  /// Takes the node's pair, if it has one.
+  /// Moves the texts of the node's pair, if it has one, out of the loaded text. @throws std::bad_alloc
+  void OwnTexts(pQXTreeNode node);
+  /// Keeps the node's pair, if it has one.
   void Keep(pQXTreeNode node);
 
  private:
-  std::vector<pQXIniPair> pairs_;
+  bool IsLoaded(const char* text) const;
+  char* EndInPlace(std::string_view piece);
+  void FreeValue(const TQXIniPair& pair);
+  void FreeTexts(const TQXIniPair& pair);
+
+  stores::Pool<TQXIniPair> pool_;
+  std::string loaded_;
+  std::vector<pQXIniPair> kept_;
 };
 
 }  // namespace qxTools::qxIniTools

@@ -7,7 +7,7 @@ namespace qxTools::qxIniTools {
 
 using qxTreeList::IsInSubtree;
 using qxTreeList::LastChildOf;
-using stores::ZeroedBlock;
+using qxTreeList::NodeOf;
 
 namespace {
 
@@ -23,11 +23,6 @@ bool SetIfFound(pQXTreeNodeLink link, pQXTreeNode& node) {
 // opened as a record, or something was added to a record that was deleted.
 bool IsFreed(pQXTreeNode node) { return node->Level == 1 || node->Level == 3; }
 
-void FreePairOf(pQXTreeNode node) {
-  if (PairOf(node) != nullptr) FreePair(PairOf(node));
-  node->Data = nullptr;
-}
-
 }  // namespace
 
 EIniLoadError::~EIniLoadError() = default;
@@ -40,7 +35,7 @@ struct TQXIniFile::State {
   bool loaded = false;
   pQXTreeNodeLink section = nullptr;  // the open ones, null once they are deleted
   pQXTreeNodeLink record = nullptr;
-  KeptPairs kept{};
+  Pairs pairs{};
   Lookup lookup{};
 
   pQXTreeNodeLink FindSection(std::string_view name) {
@@ -53,8 +48,9 @@ struct TQXIniFile::State {
   void RequireSection() const;
   void RequireRecord() const;
   void OpenRecord(pQXTreeNodeLink link);
-  pQXTreeNodeLink AddNode(pQXTreeNodeLink parent, std::string_view name, std::string_view value);
-  void AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value);
+  pQXTreeNodeLink AddNode(pQXTreeNodeLink parent, pQXIniPair pair);
+  void AddValue(pQXTreeNodeLink parent, pQXIniPair pair) { lookup.Added(AddNode(parent, pair)); }
+  void FreePairOf(pQXTreeNode node);
   void ReserveFor(pQXTreeNodeLink link);
   void FreeOrKeepBelow(pQXTreeNodeLink link);
   void DeleteBranch(pQXTreeNodeLink link);
@@ -63,33 +59,44 @@ struct TQXIniFile::State {
 
 TQXIniFile::TQXIniFile() : state_(std::make_unique<State>()) {}
 
-TQXIniFile::~TQXIniFile() { state_->tree.EnumAllTreeNode(FreePairOf); }
+TQXIniFile::~TQXIniFile() {
+  state_->tree.EnumAllTreeNode([this](pQXTreeNode node) { state_->FreePairOf(node); });
+}
 
 // --- Nodes and pairs ---------------------------------------------------------
 
-// The look-ups do not know of the node yet.
-pQXTreeNodeLink TQXIniFile::State::AddNode(pQXTreeNodeLink parent, std::string_view name,
-                                           std::string_view value) {
-  ZeroedBlock pair = MakePair(name, value);
-  const pQXTreeNodeLink link = tree.AddLink(parent);
-  link->Node->Data = pair.release();
-  return link;
+// The look-ups do not know of the node yet. Without memory for it the pair is freed.
+pQXTreeNodeLink TQXIniFile::State::AddNode(pQXTreeNodeLink parent, pQXIniPair pair) {
+  try {
+    const pQXTreeNodeLink link = tree.AddLink(parent);
+    NodeOf(link)->Data = pair;
+    return link;
+  } catch (...) {
+    pairs.Free(pair);
+    throw;
+  }
 }
 
-void TQXIniFile::State::AddPair(pQXTreeNodeLink parent, std::string_view name, std::string_view value) {
-  lookup.Added(AddNode(parent, name, value));
+void TQXIniFile::State::FreePairOf(pQXTreeNode node) {
+  if (PairOf(node) != nullptr) pairs.Free(PairOf(node));
+  node->Data = nullptr;
 }
 
 // Makes room to keep what a delete of `link` keeps, so that nothing fails halfway.
 void TQXIniFile::State::ReserveFor(pQXTreeNodeLink link) {
   std::size_t count = 1;
-  tree.EnumTreeNodeLink(link, true, [&count](pQXTreeNode node) { count += IsFreed(node) ? 0 : 1; });
-  kept.Reserve(count);
+  tree.EnumTreeNodeLink(link, true, [&](pQXTreeNode node) {
+    if (IsFreed(node)) return;
+    ++count;
+    pairs.OwnTexts(node);
+  });
+  pairs.OwnTexts(link->Node);
+  pairs.Reserve(count);
 }
 
 void TQXIniFile::State::FreeOrKeepBelow(pQXTreeNodeLink link) {
   tree.EnumTreeNodeLink(link, true,
-                        [this](pQXTreeNode node) { IsFreed(node) ? FreePairOf(node) : kept.Keep(node); });
+                        [this](pQXTreeNode node) { IsFreed(node) ? FreePairOf(node) : pairs.Keep(node); });
 }
 
 // On purpose: the pair of the node itself stays in memory, those below it are freed.
@@ -104,7 +111,7 @@ void TQXIniFile::State::RemoveNode(pQXTreeNodeLink link) {
   for (pQXTreeNodeLink* const open : {&section, &record})
     if (*open != nullptr && IsInSubtree(*open, link)) *open = nullptr;
   FreeOrKeepBelow(link);
-  kept.Keep(link->Node);
+  pairs.Keep(link->Node);
   tree.DeleteLink(link);
 }
 
@@ -115,6 +122,7 @@ void TQXIniFile::Clear() {
   state.section = state.record = nullptr;
   state.FreeOrKeepBelow(state.tree.GetRootLink());
   state.tree.Clear();
+  state.pairs.Load({});
 }
 
 void TQXIniFile::EnumTreeNode(const TEnumTreeNodeProc& proc) const { state_->tree.EnumAllTreeNode(proc); }
@@ -130,7 +138,7 @@ void TQXIniFile::SetRootKey(std::string_view name) {
   std::string copy(name);
   pQXTreeNodeLink section = state.FindSection(name);
   if (section == nullptr) {
-    section = state.AddNode(state.tree.GetRootLink(), "RootKey", name);
+    section = state.AddNode(state.tree.GetRootLink(), state.pairs.Make("RootKey", name));
     state.lookup.Added(section);
   }
   state.rootKeyName = std::move(copy);
@@ -151,14 +159,15 @@ void TQXIniFile::ClearKeys() {
   state.RequireSection();
   if (!state.loaded || state.section == nullptr) return;
   state.ReserveFor(state.section);
-  const pQXTreeNodeLink made = state.AddNode(state.tree.GetRootLink(), "RootKey", state.rootKeyName);
+  const pQXTreeNodeLink made =
+      state.AddNode(state.tree.GetRootLink(), state.pairs.Make("RootKey", state.rootKeyName));
   state.RemoveNode(state.section);
   state.section = state.FindSection(state.rootKeyName);
   if (state.section == nullptr || state.section == made) {
     state.section = made;
     state.lookup.Added(made);
   } else {  // another one of that name
-    FreePairOf(made->Node);
+    state.FreePairOf(made->Node);
     state.tree.DeleteLink(made);
   }
   state.itemOpened = false;
@@ -232,9 +241,9 @@ void TQXIniFile::SetValue(std::string_view name, std::string_view value) {
   state_->RequireRecord();
   const pQXTreeNodeLink found = state_->FindValue(name);
   if (found != nullptr)
-    SetPairValue(PairOf(found), value);
+    state_->pairs.SetValue(PairOf(found), value);
   else
-    state_->AddPair(state_->OrRoot(state_->record), name, value);
+    state_->AddValue(state_->OrRoot(state_->record), state_->pairs.Make(name, value));
 }
 
 void TQXIniFile::DeleteValue(std::string_view name) {
@@ -242,7 +251,7 @@ void TQXIniFile::DeleteValue(std::string_view name) {
   if (found == nullptr) return;
   state_->ReserveFor(found);
   state_->lookup.fields.Remove(found);
-  FreePairOf(found->Node);
+  state_->FreePairOf(found->Node);
   state_->RemoveNode(found);
 }
 
@@ -253,18 +262,21 @@ void TQXIniFile::State::RequireRecord() const {
 // --- Whole files -------------------------------------------------------------
 
 void TQXIniFile::LoadFromFile(const std::string& fileName) {
-  if (FileExists(fileName)) SetText(ReadWholeFile(fileName));
+  if (FileExists(fileName)) Load(ReadWholeFile(fileName));
 }
 
 void TQXIniFile::SaveToFile(const std::string& fileName) const { SaveWholeFile(fileName, GetText()); }
 
-void TQXIniFile::SetText(std::string_view text) {
+void TQXIniFile::SetText(std::string_view text) { Load(std::string(text)); }
+
+// Values are read where they are in the text, which is kept.
+void TQXIniFile::Load(std::string&& text) {
   Clear();
   State& state = *state_;
   state.loaded = true;
   bool inRecord = false;
   Integer number = 0;
-  ForEachLine(text, [&](std::string_view line) {
+  ForEachLine(state.pairs.Load(std::move(text)), [&](std::string_view line) {
     ++number;
     const IniLine parts = ReadIniLine(line);
     switch (parts.kind) {
@@ -282,7 +294,7 @@ void TQXIniFile::SetText(std::string_view text) {
         break;
       case IniLineKind::Value:
         // On purpose: after a section line inside an open record, values still go to that record.
-        if (inRecord) state.AddPair(state.record, parts.name, parts.text);
+        if (inRecord) state.AddValue(state.record, state.pairs.MakeLoaded(parts.name, parts.text));
         break;
       case IniLineKind::Blank:
       case IniLineKind::Other:

@@ -158,6 +158,8 @@ class QXTOOLS_API TQXIniFile : public TObject {
  private:
   struct State;
 
+  void Load(std::string&& text);
+
   std::unique_ptr<State> state_;
 };
 
