@@ -1,6 +1,8 @@
 // Searches a text for marks and lines from front to back, each byte once.
 #pragma once
 
+#include <qxTools/base/Marks.h>
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -44,15 +46,9 @@ inline std::size_t CountByte(std::string_view text, char mark) {
 template <class Char, class IsMark>
 std::size_t FindIn16(const Char* p, IsMark isMark) {
   std::array<std::uint8_t, 16> marks;
-  for (std::size_t i = 0; i < marks.size(); ++i) marks[i] = static_cast<std::uint8_t>(isMark(p[i]));
-  std::size_t place = 0;
-  for (const std::uint64_t eight : std::bit_cast<std::array<std::uint64_t, 2>>(marks)) {
-    constexpr bool kLittle = std::endian::native == std::endian::little;
-    if (eight != 0)
-      return place + static_cast<unsigned>(kLittle ? std::countr_zero(eight) : std::countl_zero(eight)) / 8;
-    place += 8;
-  }
-  return place;
+  for (std::size_t i = 0; i < marks.size(); ++i) marks[i] = isMark(p[i]) ? 0xFF : 0;
+  const std::uint64_t bits = Search::Bits(std::bit_cast<Search::Bytes>(marks));
+  return bits != 0 ? Search::LowestMark(bits) : marks.size();
 }
 
 /// Finds the nearest of two characters, again and again, from front to back. Near ones are found by one

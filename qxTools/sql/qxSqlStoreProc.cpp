@@ -38,7 +38,7 @@ std::string Trim(std::string_view s) { return QXStrTools::Trim(s, kTrimBoth); }
 
 /// With spAuto only @MM and @MM_... are parameters.
 bool IsKept(std::string_view name, TSearchParamType mode) {
-  const auto isM = [&](std::size_t at) { return UpperChar(name[at]) == 'M'; };
+  const auto isM = [&](std::size_t at) { return (name[at] & 0xDF) == 'M'; };
   return mode == spAll || (name.size() >= 3 && isM(1) && isM(2) && (name.size() == 3 || name[3] == '_'));
 }
 
