@@ -79,7 +79,7 @@ class NearestOfTwo {
   }
 
  private:
-  static constexpr std::size_t kNear = 64;
+  static constexpr std::size_t kNear = 32;
 
   std::size_t Find(Char mark, std::size_t start) const { return FindUnit(text_, mark, start); }
 

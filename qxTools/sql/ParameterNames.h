@@ -17,9 +17,10 @@ class ParameterNames {
   struct Match {
     Integer item = -1;     ///< Its place in the list; -1 if no name matches.
     std::size_t size = 0;  ///< Of the name.
-
-    bool operator==(const Match&) const = default;
   };
+
+  /// For `count` names.
+  explicit ParameterNames(std::size_t count);
 
   /// Adds the name of the item at a place; places must rise.
   void Add(std::string_view name, Integer item);
@@ -27,9 +28,14 @@ class ParameterNames {
   Match Find(std::string_view run) const;
 
  private:
-  bool IsName(Integer item, std::string_view text) const;
+  struct Place {
+    Integer item = -1;
+    bool operator==(const Place&) const = default;
+  };
 
-  HashIndex<Match> index_;
+  bool IsName(Place place, std::string_view text) const;
+
+  HashIndex<Place> index_;
   std::vector<std::string_view> names_;  // by place
   std::vector<std::size_t> sizes_;       // of the names, each once, rising
 };

@@ -10,13 +10,17 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 
 /// The "@" at `mark` and the name characters after it.
-std::string_view TokenAt(std::string_view text, std::size_t mark) {
+inline std::string_view TokenAt(std::string_view text, std::size_t mark) {
   return text.substr(mark, EndOfName(text, mark + 1) - mark);
 }
 
 bool IsToken(std::string_view name) { return name[0] == '@' && TokenAt(name, 0).size() == name.size(); }
 
 }  // namespace
+
+SinglePassSubstitution::SinglePassSubstitution(std::size_t count) : names_(count) {
+  literals_.reserve(count);
+}
 
 void SinglePassSubstitution::Add(std::string_view name, std::string literal) {
   literals_.push_back(std::move(literal));

@@ -17,6 +17,9 @@ namespace qxTools::QXSqlTools {
 /// the pass gives up.
 class SinglePassSubstitution {
  public:
+  /// For a list of `count` parameters.
+  explicit SinglePassSubstitution(std::size_t count);
+
   /// Adds the next parameter of the list. An empty name replaces nothing. The name must outlive this object.
   void Add(std::string_view name, std::string literal);
 

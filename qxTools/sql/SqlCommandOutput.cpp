@@ -37,7 +37,7 @@ struct Source {
 
 /// Returns false, and has added something, where one pass is not exact.
 bool FillInOnePass(const Source& source, const TQXSQLItems& items, TStrings& filled) {
-  SinglePassSubstitution substitution;
+  SinglePassSubstitution substitution(static_cast<std::size_t>(items.GetCount()));
   for (Integer i = 0; i < items.GetCount(); ++i)
     substitution.Add(items.GetItems(i)->GetName(), LiteralOf(*items.GetItems(i)));
   std::string out;
