@@ -26,15 +26,17 @@ void FirstByName::Build(pQXTreeNodeLink parent) {
   parent_ = parent;
 }
 
-pQXTreeNodeLink FirstByName::Find(pQXTreeNodeLink parent, std::string_view name) {
-  if (parent_ != parent) {
-    try {
-      Build(parent);
-    } catch (const std::bad_alloc&) {
-      return Walk(parent, name);
-    }
+bool FirstByName::TryToBuild(pQXTreeNodeLink parent) {
+  try {
+    Build(parent);
+    return true;
+  } catch (const std::bad_alloc&) {
+    return false;
   }
-  return FindIndexed(name);
+}
+
+pQXTreeNodeLink FirstByName::Find(pQXTreeNodeLink parent, std::string_view name) {
+  return parent_ == parent || TryToBuild(parent) ? FindIndexed(name) : Walk(parent, name);
 }
 
 pQXTreeNodeLink FirstByName::FindIndexed(std::string_view name) const {

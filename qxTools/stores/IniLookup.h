@@ -34,6 +34,7 @@ class FirstByName {
 
  private:
   void Build(pQXTreeNodeLink parent);
+  bool TryToBuild(pQXTreeNodeLink parent);
   pQXTreeNodeLink FindIndexed(std::string_view name) const;
   void Put(pQXTreeNodeLink link);
   std::string_view NameOf(pQXTreeNodeLink link) const { return View(PairOf(link)->*name_); }

@@ -135,13 +135,13 @@ bool TQXIniFile::FindRootKey(std::string_view name, pQXTreeNode& node) const {
 
 void TQXIniFile::SetRootKey(std::string_view name) {
   State& state = *state_;
-  std::string copy(name);
+  state.rootKeyName.reserve(name.size());  // so that nothing fails after a section was made
   pQXTreeNodeLink section = state.FindSection(name);
   if (section == nullptr) {
     section = state.AddNode(state.tree.GetRootLink(), state.pairs.Make("RootKey", name));
     state.lookup.Added(section);
   }
-  state.rootKeyName = std::move(copy);
+  state.rootKeyName = name;
   state.section = section;
   state.rootOpened = true;
   state.itemOpened = false;
