@@ -8,22 +8,16 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace qxTools {
 
 /// The ASCII letters of a name as capitals, as bytes. Short names need no memory.
 class UpperCaseKey {
  public:
-  explicit UpperCaseKey(std::string_view name) : size_(name.size()) {
-    if (size_ > kRoom)
-      Keep(UpperCase(name));
-    else
-      Fold(name);
-  }
-
   /// Letters are raised before the conversion to code page 950, so second bytes stay.
   explicit UpperCaseKey(std::u16string_view name) : size_(name.size()) {
-    if (size_ > kRoom || Fold(name) >= 0x80) Keep(WideToBytes(Capitals(name)));
+    if (size_ > kRoom || !Fold(name)) Keep(name);
   }
 
   UpperCaseKey(const UpperCaseKey&) = delete;
@@ -42,33 +36,51 @@ class UpperCaseKey {
     return capitals;
   }
 
-  void Keep(std::string key) {
-    longer_ = std::move(key);
+  [[gnu::noinline]] void Keep(std::u16string_view name) {
+    longer_ = WideToBytes(Capitals(name));
     start_ = longer_.data();
     size_ = longer_.size();
   }
 
   /// Writes whole words: hashing reads words, and waits for bytes that were written one by one.
-  /// @return all units or-ed together.
-  template <class Char>
-  std::uint32_t Fold(std::basic_string_view<Char> name) {
-    std::uint32_t units = 0;
+  /// @return false if a unit is not ASCII; what was written is of no use then.
+  bool Fold(std::u16string_view name) {
+    std::uint64_t units = 0;
     for (std::size_t start = 0; start < name.size(); start += kWord) {
-      std::uint64_t word = 0;
-      const std::size_t count = std::min(name.size() - start, kWord);
-      for (std::size_t i = 0; i < count; ++i) {
-        const auto unit = static_cast<std::make_unsigned_t<Char>>(name[start + i]);
-        units |= unit;
-        const auto byte = static_cast<unsigned char>(UpperChar(static_cast<char>(unit)));
-        word |= std::uint64_t{byte} << (8 * (kLittle ? i : kWord - 1 - i));
-      }
-      words_[start / kWord] = word;
+      const std::uint64_t low = FourAt(name, start);
+      const std::uint64_t high = FourAt(name, start + 4);
+      units |= low | high;
+      words_[start / kWord] = CapitalsOf(BytesOf(low) | BytesOf(high) << 32);
     }
     start_ = reinterpret_cast<const char*>(words_.data());
+    return (units & 0xFF80FF80FF80FF80) == 0;
+  }
+
+  /// Four units, or those that are left, the first one lowest.
+  static std::uint64_t FourAt(std::u16string_view name, std::size_t start) {
+    std::uint64_t units = 0;
+    if (name.size() >= start + 4)
+      std::memcpy(&units, &name[start], sizeof units);
+    else
+      for (std::size_t i = start; i < name.size(); ++i) units |= std::uint64_t{name[i]} << 16 * (i - start);
     return units;
   }
 
-  static constexpr bool kLittle = std::endian::native == std::endian::little;
+  static_assert(std::endian::native == std::endian::little);
+  static constexpr std::uint64_t kEach8 = 0x0101010101010101;
+
+  /// Four ASCII units as four bytes.
+  static std::uint64_t BytesOf(std::uint64_t units) {
+    const std::uint64_t pairs = (units | units >> 8) & 0x0000FFFF0000FFFF;
+    return (pairs | pairs >> 16) & 0xFFFFFFFF;
+  }
+
+  /// Eight ASCII bytes, the letters as capitals.
+  static std::uint64_t CapitalsOf(std::uint64_t bytes) {
+    const std::uint64_t fromA = bytes + kEach8 * (0x80 - 'a');  // the highest bit tells
+    const std::uint64_t afterZ = bytes + kEach8 * (0x7F - 'z');
+    return bytes ^ (fromA & ~afterZ & kEach8 * 0x80) >> 2;
+  }
 
   std::array<std::uint64_t, kRoom / kWord> words_;
   std::string longer_;
