@@ -116,6 +116,7 @@ struct TQXStringTable::State {
   std::string fileName;
   bool inMemory;
   Integer recNo = 0;
+  std::string newRecord{};  // kept for its memory
 
   // What was worked out from the lines, and after how many of their changes.
   std::unique_ptr<const Header> header{};
@@ -210,7 +211,8 @@ void TQXStringTable::AddRecord(const std::vector<std::string>& values) {
   const auto count = static_cast<std::size_t>(GetFieldCount());
   std::size_t size = count * (kFieldBegin.size() + kFieldEnd.size());
   for (const std::string& value : values) size += value.size();
-  std::string line(size, '\0');
+  std::string& line = state_->newRecord;
+  if (line.size() < size) line.resize(size);
   char* end = line.data();
   const auto put = [&end](std::string_view piece) { end += piece.copy(end, piece.size()); };
   for (std::size_t i = 0; i < count; ++i) {
@@ -218,9 +220,8 @@ void TQXStringTable::AddRecord(const std::vector<std::string>& values) {
     if (i < values.size()) put(TrimSpaces(values[i]));
     put(kFieldEnd);
   }
-  line.resize(static_cast<std::size_t>(end - line.data()));
   const std::uint64_t changes = GetChanges() + 1;
-  Add(std::move(line));
+  Add(std::string_view(line).substr(0, static_cast<std::size_t>(end - line.data())));
   state_->headerChanges = changes;  // after this one the header is as it was
 }
 
