@@ -89,24 +89,24 @@ class QXTOOLS_API Variant {
   ~Variant() = default;
   /// Makes a boolean. Accepts only bool, so that a pointer is not converted to bool by accident.
   template <std::same_as<bool> T>
-  Variant(T value) : type_(varBoolean), value_(std::int64_t{value}) {}
+  Variant(T value) : value_(std::int64_t{value}), type_(varBoolean) {}
   /// Makes an integer with the type code of the argument's size and sign.
   template <VariantInteger T>
-  Variant(T value) : type_(IntegerType(sizeof(T), std::is_signed_v<T>)), value_(std::int64_t{value}) {}
+  Variant(T value) : value_(std::int64_t{value}), type_(IntegerType(sizeof(T), std::is_signed_v<T>)) {}
   /// Makes a single (varSingle).
-  Variant(float value) : type_(varSingle), value_(static_cast<double>(value)) {}
+  Variant(float value) : value_(static_cast<double>(value)), type_(varSingle) {}
   /// Makes a double (varDouble).
-  Variant(double value) : type_(varDouble), value_(value) {}
+  Variant(double value) : value_(value), type_(varDouble) {}
   /// Makes a text (varString) from zero-terminated bytes.
   Variant(const char* text) : Variant(std::string(text)) {}
   /// Makes a text (varString).
-  Variant(std::string text) : type_(varString), value_(std::move(text)) {}
+  Variant(std::string text) : value_(std::move(text)), type_(varString) {}
   /// Makes a text (varString).
   Variant(std::string_view text) : Variant(std::string(text)) {}
   /// Makes a wide text (varOleStr) from zero-terminated characters.
   Variant(const char16_t* text) : Variant(std::u16string(text)) {}
   /// Makes a wide text (varOleStr).
-  Variant(std::u16string text) : type_(varOleStr), value_(std::move(text)) {}
+  Variant(std::u16string text) : value_(std::move(text)), type_(varOleStr) {}
 
   /// Makes a null, as a database has it.
   static Variant Null() { return OfType(varNull); }
@@ -225,7 +225,7 @@ class QXTOOLS_API Variant {
   using Storage = std::variant<std::monostate, std::int64_t, double, std::string, std::u16string, Reference,
                                std::shared_ptr<VariantArray>>;
 
-  Variant(VarType type, Storage value) : type_(type), value_(std::move(value)) {}
+  Variant(VarType type, Storage value) : value_(std::move(value)), type_(type) {}
 
   static constexpr VarType IntegerType(std::size_t size, bool isSigned) {
     switch (size) {
@@ -249,8 +249,8 @@ class QXTOOLS_API Variant {
   bool IsLike(const Variant& other, VariantArrayPairs& pending) const;
   bool HasNumber() const { return std::holds_alternative<std::int64_t>(value_); }
 
+  [[no_unique_address]] Storage value_;  // type_ is in the padding at its end
   VarType type_ = varEmpty;
-  Storage value_;
 };
 
 }  // namespace qxTools
