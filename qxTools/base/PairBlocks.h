@@ -12,11 +12,11 @@ namespace qxTools {
 
 /// Returns which of the 64 bytes from `p` on are not ASCII, the first one as the lowest bit.
 inline std::uint64_t NonAsciiBits(const char* p) {
-  static_assert(std::endian::native == std::endian::little);
   std::uint64_t bits = 0;
   for (int i = 56; i >= 0; i -= 8) {
     std::uint64_t word;
     std::memcpy(&word, p + i, sizeof word);
+    if constexpr (std::endian::native == std::endian::big) word = __builtin_bswap64(word);
     // The product gathers the highest bits of the bytes in the top byte.
     bits = bits << 8 | (word & 0x8080808080808080U) * 0x0002040810204081U >> 56;
   }
