@@ -47,7 +47,7 @@ void ConvertBlocks(const char*& p, const char* end, char*& out, ConvertPair conv
     std::uint64_t starts = PairStarts(NonAsciiBits(from));
     if (starts == 0x5555555555555555U) {
       const char* const runStart = from;
-      for (; end - from > 1 && convert(from, to); from += 2) to += 2;
+      for (; from < end - 1 && convert(from, to); from += 2) to += 2;
       if (from == runStart) break;
       continue;
     }
