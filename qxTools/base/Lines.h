@@ -7,6 +7,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -47,7 +48,9 @@ template <class Char, class IsMark>
 std::size_t FindIn16(const Char* p, IsMark isMark) {
   std::array<std::uint8_t, 16> marks;
   for (std::size_t i = 0; i < marks.size(); ++i) marks[i] = isMark(p[i]) ? 0xFF : 0;
-  const std::uint64_t bits = Search::Bits(std::bit_cast<Search::Bytes>(marks));
+  Search::Bytes bytes;
+  std::memcpy(&bytes, marks.data(), sizeof bytes);
+  const std::uint64_t bits = Search::Bits(bytes);
   return bits != 0 ? Search::LowestMark(bits) : marks.size();
 }
 
