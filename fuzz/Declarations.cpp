@@ -65,6 +65,9 @@ void Read(std::string text, std::vector<Declaration>& list) {
   }
 }
 
+/// Whether the name comes back from wide text: two bytes that met where a line break was cut out need not.
+bool IsWide(const Declaration& item) { return WideToBytes(BytesToWide(item.name)) == item.name; }
+
 }  // namespace
 
 FUZZ_TARGET(Declarations) {
@@ -79,10 +82,11 @@ FUZZ_TARGET(Declarations) {
   FUZZ_CHECK(fuzz::Completes([&] { set.LoadParams(wide); }, &error) == good);
   FUZZ_CHECK(error == expectedError && Of(set) == expected);
 
-  // What was saved reads the same, unless cutting made a comment or a line break of its pieces.
+  // What was saved reads the same, unless cutting made a comment, a line break or a character of its pieces.
   WideString saved;
   set.SaveParams(saved);
   if (saved.find(u"/*") != plain::kNone || saved.find(u"\r\n") != plain::kNone || saved.empty()) return;
+  if (!std::ranges::all_of(expected, IsWide)) return;
   TQXSqlStoreProc again;
   again.LoadParams(saved);
   FUZZ_CHECK(Of(again) == expected);
