@@ -29,11 +29,17 @@ std::string_view TrimSpaces(std::string_view s) {
 }
 
 // What At returns for the n-th "[#" or "#]" of the line, where `offsets` holds the places of all of them.
-Integer Position(const std::vector<std::size_t>& offsets, Integer n, std::string_view mark,
-                 std::string_view line) {
+Integer Position(const Offsets& offsets, Integer n, std::string_view mark, std::string_view line) {
   const auto i = static_cast<std::size_t>(n) - 1;
   if (i < offsets.size()) return static_cast<Integer>(offsets[i] + 1);
   return line.ends_with(mark.front()) ? -1 : 0;
+}
+
+// On purpose: a record with fewer fields is cut by the same sum, with 0 or -1 for the mark that is missing.
+[[gnu::noinline]] std::string CutField(const FieldMarks& record, Integer number, std::string_view line) {
+  const Integer start = Position(record.Begins(), number, kFieldBegin, line) + 2;
+  const Integer end = Position(record.Ends(), number, kFieldEnd, line);
+  return QXStrTools::substr(line, start, end - start);
 }
 
 }  // namespace
@@ -93,11 +99,13 @@ struct Header {
       return SameHashedName(fields[static_cast<std::size_t>(number) - 1].name, name);
     };
   }
-  Integer NumberOf(std::string_view name) const {
-    const Integer* const found = numbers.Find({CaselessHash(name)}, HasName(name));
-    return found != nullptr ? *found : 0;
-  }
+  Integer NumberOf(std::string_view name) const;
 };
+
+[[gnu::noinline]] Integer Header::NumberOf(std::string_view name) const {
+  const Integer* const found = numbers.Find({CaselessHash(name)}, HasName(name));
+  return found != nullptr ? *found : 0;
+}
 
 Header::Header(std::string_view text) : line(text) {
   const FieldMarks marks(line);
@@ -123,41 +131,51 @@ struct TQXStringTable::State {
   std::uint64_t headerChanges = kNever;
   std::size_t nextField = 0;  // in the header, after the one that was asked for last
   FieldMarks record{};
+  std::string_view line{};  // the record's
   Integer recordNumber = 0;
   std::uint64_t recordChanges = kNever;
 
   const Header& HeaderOf(const TQXStringTable& table);
+  void ReadHeader(const TQXStringTable& table);
   Integer NumberOf(const TQXStringTable& table, std::string_view name);
-  const FieldMarks& RecordOf(const TQXStringTable& table, std::string_view line);
+  const FieldMarks& RecordOf(const TQXStringTable& table);
+  void ReadRecord(const TQXStringTable& table);
 };
 
 // The table has a line.
 const Header& TQXStringTable::State::HeaderOf(const TQXStringTable& table) {
-  if (headerChanges == table.GetChanges()) return *header;
-  if (header == nullptr || header->line != table.GetView(0))
-    header = std::make_unique<Header>(table.GetView(0));
-  headerChanges = table.GetChanges();
+  if (headerChanges != table.GetChanges()) ReadHeader(table);
   return *header;
 }
 
+[[gnu::noinline]] void TQXStringTable::State::ReadHeader(const TQXStringTable& table) {
+  if (header == nullptr || header->line != table.GetView(0))
+    header = std::make_unique<Header>(table.GetView(0));
+  headerChanges = table.GetChanges();
+}
+
 // Fields are mostly asked for one after the other.
-Integer TQXStringTable::State::NumberOf(const TQXStringTable& table, std::string_view name) {
-  const Header& known = HeaderOf(table);
-  if (nextField >= known.fields.size()) nextField = 0;
-  const bool isNext = !known.fields.empty() && known.fields[nextField].name == name;
-  const Integer number = isNext ? known.fields[nextField].number : known.NumberOf(name);
+inline Integer TQXStringTable::State::NumberOf(const TQXStringTable& table, std::string_view name) {
+  const std::vector<Header::Field>& fields = HeaderOf(table).fields;
+  if (nextField >= fields.size()) nextField = 0;
+  const std::size_t guess = nextField++;  // which the next call need not wait for
+  if (guess < fields.size() && SameBytes(fields[guess].name, name)) return fields[guess].number;
+  const Integer number = header->NumberOf(name);
   nextField = static_cast<std::size_t>(number);
   return number;
 }
 
-const FieldMarks& TQXStringTable::State::RecordOf(const TQXStringTable& table, std::string_view line) {
-  if (recordChanges != table.GetChanges() || recordNumber != recNo) {
-    recordChanges = kNever;  // until they are read
-    record.Read(line);
-    recordChanges = table.GetChanges();
-    recordNumber = recNo;
-  }
+inline const FieldMarks& TQXStringTable::State::RecordOf(const TQXStringTable& table) {
+  if (recordChanges != table.GetChanges() || recordNumber != recNo) ReadRecord(table);
   return record;
+}
+
+[[gnu::noinline]] void TQXStringTable::State::ReadRecord(const TQXStringTable& table) {
+  recordChanges = kNever;  // until they are read
+  line = table.GetView(recNo);
+  record.Read(line);
+  recordChanges = table.GetChanges();
+  recordNumber = recNo;
 }
 
 TQXStringTable::TQXStringTable(const std::string& fileName)
@@ -250,14 +268,10 @@ void TQXStringTable::Next() {
 std::string TQXStringTable::GetField(std::string_view name) const {
   const Integer number = GetEmpty() ? 0 : state_->NumberOf(*this, name);
   if (number < 1) return {};
-  const std::string_view line = GetView(state_->recNo);
-  const FieldMarks& record = state_->RecordOf(*this, line);
+  const FieldMarks& record = state_->RecordOf(*this);
   const std::size_t i = static_cast<std::size_t>(number) - 1;
-  if (i < record.Count()) return std::string(record.Text(line, i));
-  // On purpose: a record with fewer fields is cut by the same sum, with 0 or -1 for the mark that is missing.
-  const Integer start = Position(record.Begins(), number, kFieldBegin, line) + 2;
-  const Integer end = Position(record.Ends(), number, kFieldEnd, line);
-  return QXStrTools::substr(line, start, end - start);
+  if (i < record.Count()) return std::string(record.Text(state_->line, i));
+  return CutField(record, number, state_->line);
 }
 
 void TQXStringTable::SetField(std::string_view name, std::string_view value) {

@@ -34,6 +34,17 @@ TEST(QXStringTable, FieldsAreAddedAndRemovedInTheHeaderAlone) {
   EXPECT_EQ(table.GetField("name"), "cut");
 }
 
+TEST(QXStringTable, MarksAreFoundWhereverTheyStand) {
+  TQXStringTable table("");
+  for (std::size_t size = 0; size < 140; ++size) {
+    const std::string text(size, size % 2 == 0 ? '#' : 'x');
+    table.SetText("[#A#][#B#]\r\n[#" + text + "x#][#b#]\r\n");
+    table.Top();
+    EXPECT_EQ(table.GetField("A"), text + "x");
+    EXPECT_EQ(table.GetField("b"), "b") << size;
+  }
+}
+
 TEST(QXStringTable, RecordsHaveAsManyFieldsAsTheHeader) {
   TQXStringTable table("");
   Fill(table);
