@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace qxTools {
@@ -33,17 +34,13 @@ inline std::uint64_t EightAt(const char* p) {
   return word;
 }
 
-/// Hashes of what a text begins with, shortest first; its bytes are read by words and no further than needed.
-/// They are equal for beginnings that are SameText: what tells capitals from small letters is the bit 0x20.
-class CaselessPrefixes {
+/// A hash of words of 8 bytes. What tells capitals from small letters is the bit 0x20, which is ignored.
+class CaselessWords {
  public:
-  explicit CaselessPrefixes(std::string_view text) : text_(text) {}
-
-  /// Returns the hash of the first `size` bytes. `size` must not be less than in the call before.
-  std::uint32_t HashOf(std::size_t size) {
-    if (size < 8) return Finished(Mixed(WordOf(text_.substr(0, size))), size);
-    for (; read_ + 8 < size; read_ += 8) hash_ = Mixed(EightAt(&text_[read_]));
-    return Finished(Mixed(EightAt(&text_[size - 8])), size);  // which may overlap the eight before it
+  void Add(std::uint64_t word) { hash_ = Mixed(word); }
+  /// Returns the hash of the words so far and of the last one, of a text of `size` bytes.
+  std::uint32_t HashWith(std::uint64_t last, std::size_t size) const {
+    return static_cast<std::uint32_t>((Mixed(last) ^ size) * kSpread >> 32);
   }
 
  private:
@@ -53,19 +50,43 @@ class CaselessPrefixes {
     const std::uint64_t mixed = (hash_ ^ (word | 0x2020202020202020)) * kSpread;
     return mixed ^ mixed >> 32;
   }
-  static std::uint32_t Finished(std::uint64_t hash, std::size_t size) {
-    return static_cast<std::uint32_t>((hash ^ size) * kSpread >> 32);
+
+  std::uint64_t hash_ = 0;
+};
+
+/// Hashes of what a text begins with, shortest first; its bytes are read by words and no further than needed.
+/// They are equal for beginnings that are SameText.
+class CaselessPrefixes {
+ public:
+  explicit CaselessPrefixes(std::string_view text) : text_(text) {}
+
+  /// Returns the hash of the first `size` bytes. `size` must not be less than in the call before.
+  std::uint32_t HashOf(std::size_t size) {
+    if (size < 8) return words_.HashWith(WordOf(text_.substr(0, size)), size);
+    for (; read_ + 8 < size; read_ += 8) words_.Add(EightAt(&text_[read_]));
+    return words_.HashWith(EightAt(&text_[size - 8]), size);  // which may overlap the eight before it
   }
 
+ private:
   std::string_view text_;
   std::size_t read_ = 0;
-  std::uint64_t hash_ = 0;  // of the words that are read
+  CaselessWords words_;  // those that are read
 };
 
 /// Equal for names that are SameText.
 inline std::uint32_t CaselessHash(std::string_view name) {
   return CaselessPrefixes(name).HashOf(name.size());
 }
+
+/// A name that is looked up, with its CaselessHash.
+struct HashedName {
+  HashedName(std::string_view name) : HashedName(name, CaselessHash(name)) {}
+  HashedName(const std::string& name) : HashedName(std::string_view(name)) {}
+  HashedName(std::string_view name, std::uint32_t itsHash) : text(name), hash(itsHash) {}
+
+  std::string_view text;
+  std::uint32_t hash;
+};
 
 /// Returns whether two names are equal, without a call of the C library: they are short.
 inline bool SameBytes(std::string_view a, std::string_view b) {

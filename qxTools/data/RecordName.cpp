@@ -1,18 +1,10 @@
 #include <qxTools/data/NameChanges.h>
 #include <qxTools/data/RecordName.h>
 
-#include <atomic>
-
 namespace qxTools {
 
-namespace {
+std::atomic<std::uint64_t> nameChanges{0};
 
-std::atomic<std::uint64_t> changes{0};
-
-}  // namespace
-
-void NoteNameChange() { changes.fetch_add(1, std::memory_order_relaxed); }
-
-std::uint64_t NameChanges() { return changes.load(std::memory_order_relaxed); }
+void NoteNameChange() { nameChanges.fetch_add(1, std::memory_order_relaxed); }
 
 }  // namespace qxTools

@@ -13,8 +13,12 @@ namespace {
 /// Names are looked up in capitals.
 struct ExactName {
   static std::string_view Of(const TOleVariantField& field) { return field.Name; }
-  static bool Same(std::string_view name, std::string_view asked) { return name == asked; }
+  static bool Same(std::string_view name, std::string_view asked) { return SameBytes(name, asked); }
 };
+
+[[noreturn, gnu::noinline]] void RaiseNotFound(std::u16string_view name) {
+  throw Exception("Param " + WideToBytes(name) + " is not found.");
+}
 
 }  // namespace
 
@@ -23,6 +27,12 @@ struct TQXOleVariant::State {
 
   void Append(std::u16string_view name, Variant value) {
     fields.Add(std::make_unique<TOleVariantField>(UpperCaseKey(name), std::move(value)));
+  }
+
+  TOleVariantField* Find(std::u16string_view name) {
+    fields.Names().Follow(NameChanges());
+    const Integer index = fields.Find(UpperCaseKey(name)).last;
+    return index >= 0 ? fields.GetItems(index) : nullptr;
   }
 
   NamedList<TOleVariantField, ExactName> fields;
@@ -51,15 +61,11 @@ void TQXOleVariant::Clear() { state_->fields.Clear(); }
 
 // --- By name -----------------------------------------------------------------------------------------
 
-TOleVariantField* TQXOleVariant::FindField(std::u16string_view name) {
-  state_->fields.Names().Follow(NameChanges());
-  const Integer index = state_->fields.Find(UpperCaseKey(name)).last;
-  return index >= 0 ? GetFields(index) : nullptr;
-}
+TOleVariantField* TQXOleVariant::FindField(std::u16string_view name) { return state_->Find(name); }
 
 Variant TQXOleVariant::GetValue(std::u16string_view name) {
-  const TOleVariantField* const field = FindField(name);
-  if (field == nullptr) throw Exception("Param " + WideToBytes(name) + " is not found.");
+  const TOleVariantField* const field = state_->Find(name);
+  if (field == nullptr) RaiseNotFound(name);
   return field->Value;
 }
 

@@ -51,27 +51,30 @@ class NamePlaces {
 
   /// Returns the places of `name` among the places from 0 to count - 1; -1 twice if it is at none.
   template <class Names>
-  Places Find(std::string_view name, Integer count, Names names) {
-    if (state_ != State::kIndexed && !(state_ == State::kWalked && Build(count, names))) {
-      state_ = State::kWalked;
-      return Walk(name, count, names);
-    }
-    const Places* const found = index_.Find(TagOf(name), Matching(name, names));
+  Places Find(const HashedName& name, Integer count, Names names) {
+    if (state_ != State::kIndexed && !IsIndexed(count, names)) return Walk(name.text, count, names);
+    const Places* const found = index_.Find({name.hash}, Matching(name.text, names));
     return found != nullptr ? *found : Places();
   }
 
  private:
   enum class State { kChanged, kWalked, kIndexed };
 
-  static HashTag TagOf(std::string_view name) { return {CaselessHash(name)}; }
-
   template <class Names>
   static auto Matching(std::string_view name, Names names) {
     return [=](const Places& places) { return names.Same(names.At(places.first), name); };
   }
 
+  // Builds the index for the second look-up in a row.
   template <class Names>
-  static Places Walk(std::string_view name, Integer count, Names names) {
+  [[gnu::noinline]] bool IsIndexed(Integer count, Names names) {
+    if (state_ == State::kWalked && Build(count, names)) return true;
+    state_ = State::kWalked;
+    return false;
+  }
+
+  template <class Names>
+  [[gnu::noinline]] static Places Walk(std::string_view name, Integer count, Names names) {
     Places places;
     for (Integer i = 0; i < count; ++i)
       if (names.Same(names.At(i), name)) places = {places.first < 0 ? i : places.first, i};
@@ -81,7 +84,7 @@ class NamePlaces {
   template <class Names>
   void Put(Integer place, Names names) {
     const std::string_view name = names.At(place);
-    index_.Insert({place, place}, TagOf(name), Matching(name, names)).last = place;
+    index_.Insert({place, place}, {CaselessHash(name)}, Matching(name, names)).last = place;
   }
 
   template <class Names>

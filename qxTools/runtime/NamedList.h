@@ -50,7 +50,7 @@ class NamedList {
     names_.Drop();
   }
 
-  NamePlaces::Places Find(std::string_view name) { return names_.Find(name, GetCount(), NamesOfItems()); }
+  NamePlaces::Places Find(const HashedName& name) { return names_.Find(name, GetCount(), NamesOfItems()); }
   NamePlaces& Names() { return names_; }
 
  private:
