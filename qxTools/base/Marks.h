@@ -15,6 +15,14 @@
 #include <emmintrin.h>
 #endif
 
+/// Before a function: it is compiled for AVX2, too, with all that it calls, and the program takes that one
+/// where the processor has it.
+#if defined(__x86_64__) && defined(__GLIBC__) && !defined(__clang__)
+#define QXTOOLS_ALSO_FOR_AVX2 __attribute__((target_clones("avx2", "default"), flatten))
+#else
+#define QXTOOLS_ALSO_FOR_AVX2
+#endif
+
 namespace qxTools::Search {
 
 inline constexpr std::size_t kBlock = 64;  ///< The offsets that are marked at one time.
@@ -38,18 +46,20 @@ inline std::uint64_t Bits(const Bytes& bytes) {
 class Marker {
  public:
   explicit Marker(std::string_view sub) : size_(sub.size()), middle_(std::min(sub.size(), kMarked) - 1) {
-    for (std::size_t i = 0; i < middle_; ++i) wanted_[i] = Bytes{} + static_cast<unsigned char>(sub[i]);
+    first_ = Bytes{} + static_cast<unsigned char>(sub.front());
+    for (std::size_t i = 1; i < middle_; ++i) wanted_[i] = Bytes{} + static_cast<unsigned char>(sub[i]);
     last_ = Bytes{} + static_cast<unsigned char>(sub.back());
   }
+
+  /// Whether the first byte of `sub` is among the kBlock offsets from `p` on.
+  bool HasFirst(const char* p) const { return !AreNone(FirstLanes(p)); }
 
   /// Bit i says that `sub` begins at `p + i`, or, of one longer than kMarked, that its first bytes and its
   /// last are there. kBlock - 1 bytes more than `sub` has can be read.
   std::uint64_t Mark(const char* p) const {
-    Lanes lanes;
-    lanes.fill(~Bytes{});
-    Keep(lanes, p + size_ - 1, last_);
-    if (middle_ > 0) Keep(lanes, p, wanted_[0]);
-    if (Bits(lanes[0] | lanes[1] | lanes[2] | lanes[3]) == 0) return 0;
+    Lanes lanes = FirstLanes(p);
+    if (size_ > 1) Keep(lanes, p + size_ - 1, last_);
+    if (size_ > 2 && AreNone(lanes)) return 0;
     // With an end that compilers know, so that they unroll it.
     for (std::size_t i = 1; i < kMarked - 1 && i < middle_; ++i) Keep(lanes, p + i, wanted_[i]);
     std::uint64_t marks = 0;
@@ -60,6 +70,15 @@ class Marker {
  private:
   /// A byte for each offset: 0xFF, or 0 where something else is there than was asked for.
   using Lanes = std::array<Bytes, kBlock / sizeof(Bytes)>;
+
+  Lanes FirstLanes(const char* p) const {
+    Lanes lanes;
+    lanes.fill(~Bytes{});
+    Keep(lanes, p, first_);
+    return lanes;
+  }
+
+  static bool AreNone(const Lanes& lanes) { return Bits(lanes[0] | lanes[1] | lanes[2] | lanes[3]) == 0; }
 
   /// Leaves the lanes of those offsets i where `p[i]` is the byte of `wanted`.
   static void Keep(Lanes& lanes, const char* p, const Bytes& wanted) {
@@ -72,7 +91,8 @@ class Marker {
 
   std::size_t size_;
   std::size_t middle_;  // how many bytes in front of the last are compared
-  std::array<Bytes, kMarked - 1> wanted_;
+  Bytes first_;
+  std::array<Bytes, kMarked - 1> wanted_;  // those between, from 1 on
   Bytes last_;
 };
 

@@ -7,6 +7,7 @@ Automaton::Automaton(std::string_view sub) : sub_(sub), borders_(sub.size()) {
   for (std::size_t i = 1; i < sub.size(); ++i) borders_[i] = matched = Feed(matched, sub[i]);
 }
 
+QXTOOLS_ALSO_FOR_AVX2
 Way WayTo(std::string_view sub, std::string_view s, std::size_t n) {
   Way way;
   if (sub.empty()) return way;

@@ -6,6 +6,7 @@
 
 #include <qxTools/base/Marks.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -89,8 +90,7 @@ void CrawlMarks(std::string_view sub, std::string_view s, std::size_t from, Visi
 /// find the same offsets.
 template <class Visit>
 void VisitMarks(std::string_view sub, std::string_view s, Visit visit) {
-  constexpr std::size_t kLongHop = 128;  // the distance from which memchr beats marking
-  constexpr std::size_t kManyEmpty = 8;  // blocks without an occurrence, after which a hop is tried
+  constexpr std::size_t kFar = 1024;  // the distance from which memchr is quicker than a look at each block
   const std::size_t reach = kBlock - 1 + sub.size();
   const std::size_t blocksEnd = s.size() < reach ? 0 : s.size() - reach + 1;
   std::size_t from = 0;
@@ -99,18 +99,21 @@ void VisitMarks(std::string_view sub, std::string_view s, Visit visit) {
   while (isCheap()) {
     const std::size_t offset = FindFirstByte(sub, s, from);
     if (offset == std::string_view::npos) return;
-    std::size_t empty = offset - from < kLongHop ? 0 : kManyEmpty;
+    const bool isFar = offset - from >= kFar;
     compared += sub.size();
     if (IsRestAt(sub, s, offset) && !visit(offset, std::uint64_t{1})) return;
     from = offset + 1;
-    if (empty == kManyEmpty || from >= blocksEnd) continue;
+    if (isFar || from >= blocksEnd) continue;
     const Marker marker(sub);
-    for (; from < blocksEnd && empty < kManyEmpty && isCheap(); from += kBlock) {
+    do {
+      const std::size_t end = std::min(blocksEnd, from + kFar);
+      while (from < end && !marker.HasFirst(&s[from])) from += kBlock;
+      if (from >= end) break;
       std::uint64_t marks = marker.Mark(&s[from]);
       if (sub.size() > kMarked) marks = Confirmed(marks, sub, s, from, compared);
-      empty = marks == 0 ? empty + 1 : 0;
       if (marks != 0 && !visit(from, marks)) return;
-    }
+      from += kBlock;
+    } while (sub.size() <= kMarked || isCheap());
   }
   CrawlMarks(sub, s, from, visit);
 }
