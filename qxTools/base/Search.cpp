@@ -7,8 +7,10 @@ Automaton::Automaton(std::string_view sub) : sub_(sub), borders_(sub.size()) {
   for (std::size_t i = 1; i < sub.size(); ++i) borders_[i] = matched = Feed(matched, sub[i]);
 }
 
+namespace {
+
 QXTOOLS_ALSO_FOR_AVX2
-Way WayTo(std::string_view sub, std::string_view s, std::size_t n) {
+Way WalkTo(std::string_view sub, std::string_view s, std::size_t n) {
   Way way;
   if (sub.empty()) return way;
   VisitMarks(sub, s, [&](std::size_t base, std::uint64_t marks) {
@@ -22,5 +24,10 @@ Way WayTo(std::string_view sub, std::string_view s, std::size_t n) {
   });
   return way;
 }
+
+}  // namespace
+
+// A function of its own, since the one for two processors would add its choice to the library's interface.
+Way WayTo(std::string_view sub, std::string_view s, std::size_t n) { return WalkTo(sub, s, n); }
 
 }  // namespace qxTools::Search
