@@ -20,19 +20,9 @@ void* Reallocate(void* block, std::size_t room, std::size_t size) {
   return moved;
 }
 
-void* ZeroedByHand(std::size_t size) {
-  void* const block = SystemResize(nullptr, size);
-  return block != nullptr ? std::memset(block, 0, size) : nullptr;
-}
-
 }  // namespace
 
-// Systems keep small free blocks at hand, but do not look there for zeroed ones.
-void* HeapCreate(std::size_t size) {
-  constexpr std::size_t kSmall = 1024;
-  if (size == 0) return emptyBlock;
-  return size <= kSmall ? ZeroedByHand(size) : SystemZeroed(size);
-}
+void* HeapCreate(std::size_t size) { return size == 0 ? emptyBlock : SystemZeroed(size); }
 
 void* HeapResize(void* block, std::size_t oldSize, std::size_t newSize) {
   const std::size_t room = HeapSize(block);

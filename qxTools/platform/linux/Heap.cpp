@@ -5,9 +5,7 @@
 
 namespace qxTools {
 
-void* SystemResize(void* block, std::size_t size) {
-  return block == nullptr ? std::malloc(size) : std::realloc(block, size);
-}
+void* SystemResize(void* block, std::size_t size) { return std::realloc(block, size); }
 
 void* SystemZeroed(std::size_t size) { return std::calloc(1, size); }
 
