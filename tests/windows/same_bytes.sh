@@ -189,14 +189,22 @@ run_all() {
   )
 }
 
+# All systems at one time: they wait for files and starting programs more than they compute.
 linux=$(realpath "$1")
-run_all linux "$linux"
-bad=0
+run_all linux "$linux" &
+runs=($!)
 for program in "${@:2}"; do
   name=$(basename "$(dirname "$(dirname "$(realpath "$program")")")")
   wine=$root/scripts/wine
   [[ $name != *i686 ]] || wine=${wine}32
-  run_all "$name" "$wine" "$(realpath "$program")"
+  run_all "$name" "$wine" "$(realpath "$program")" &
+  runs+=($!)
+done
+for run in "${runs[@]}"; do wait "$run"; done
+
+bad=0
+for program in "${@:2}"; do
+  name=$(basename "$(dirname "$(dirname "$(realpath "$program")")")")
   diff -rq "$work/linux" "$work/$name" >"$work/differences" || true
   diff -ra "$work/linux/results" "$work/$name/results" | head -60 || true
   grep -v "/results" "$work/differences" || true
